@@ -1,0 +1,72 @@
+# How every target of the project is compiled, and the two ways in which targets are made.
+
+add_library(kest_flags INTERFACE)
+target_compile_definitions(kest_flags INTERFACE
+    QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_DEPRECATED_WARNINGS
+    QT_DISABLE_DEPRECATED_BEFORE=0x050f00)
+target_compile_options(kest_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    -Wold-style-cast -Woverloaded-virtual -Wundef -Wcast-align -Wimplicit-fallthrough
+    $<$<BOOL:${KEST_WERROR}>:-Werror>)
+target_link_libraries(kest_flags INTERFACE Threads::Threads)
+
+if(KEST_SANITIZE)
+    add_compile_options(-fsanitize=${KEST_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${KEST_SANITIZE})
+endif()
+
+# kest_add_library(<name> SOURCES ... LINK ...): one floor of the house. Includes are written from src/.
+function(kest_add_library name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE kest_flags)
+endfunction()
+
+# kest_add_test(<name> SOURCES ... LINK ... [ENVIRONMENT ...] [TIMEOUT s] [STATION]): a Qt Test program that lives in
+# a directory of its own, because the station keeps option.ini and log.txt beside the executable.
+# STATION marks a test that binds the station's or the camera's fixed ports; such tests never share a network.
+# Qt's libraries are not instrumented: the thread sanitizer sees neither their locks nor their atomics, and would take
+# every queued signal for a race. It leaves out what happens inside such libraries and watches all of our own code.
+set(kest_test_environment
+    QT_QPA_PLATFORM=offscreen
+    TMPDIR=${CMAKE_BINARY_DIR}/tests/tmp
+    XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/tests/runtime
+    TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1:suppressions=${PROJECT_SOURCE_DIR}/cmake/tsan.supp
+    ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
+    LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp
+    UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/tmp)
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/runtime)
+file(CHMOD ${CMAKE_BINARY_DIR}/tests/runtime PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+
+# Where private networks are allowed, each test that uses the fixed ports gets one: then all tests can run side by side.
+set(kest_private_networks FALSE)
+foreach(way "unshare;-n" "unshare;-r;-n")
+    execute_process(COMMAND ${way} true RESULT_VARIABLE refused OUTPUT_QUIET ERROR_QUIET)
+    if(refused EQUAL 0)
+        set(kest_private_networks TRUE)
+    endif()
+endforeach()
+
+# Temporary files and the desktop's run-time files stay inside the build folder.
+function(kest_add_test name)
+    cmake_parse_arguments(arg "STATION" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_LINK} Qt5::Test kest_flags)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+    set(network)
+    if(arg_STATION AND kest_private_networks)
+        set(network ${PROJECT_SOURCE_DIR}/scripts/own-network.sh)
+    endif()
+    add_test(NAME ${name} COMMAND ${network} $<TARGET_FILE:${name}> WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${arg_TIMEOUT}
+        ENVIRONMENT "${kest_test_environment};${arg_ENVIRONMENT}")
+    if(arg_STATION AND NOT kest_private_networks)
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK station_ports)
+    endif()
+endfunction()
