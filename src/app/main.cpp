@@ -1,0 +1,89 @@
+#include "app/CommandLine.h"
+#include "app/TerminationSignals.h"
+#include "app/UnattendedRun.h"
+#include "camera/Camera.h"
+#include "detector/run/KestDetectorRt.h"
+#include "detector/store/KestDetectorFace.h"
+#include "ftp/FtpDownLoad.h"
+#include "ftp/FtpDownLoadFace.h"
+#include "telnet/TelnetInteractive.h"
+#include "telnet/TelnetInteractiveFace.h"
+#include "ui/KestDetectorUI.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <langinfo.h>
+#include <memory>
+#include <QApplication>
+#include <QPixmapCache>
+#include <QTextCodec>
+
+namespace {
+/// In the plain C locale neither the camera's texts nor a folder's name could hold Chinese.
+void useUtf8InPlainLocale()
+{
+    const char *codeset = nl_langinfo(CODESET); // NOLINT(concurrency-mt-unsafe): no other thread is there yet
+    if (std::strcmp(codeset, "ANSI_X3.4-1968") == 0) {
+        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    }
+}
+
+/// Nobody looks at the window of an unattended run, and a text on standard output needs none.
+void doWithoutDisplay(int argc, char *argv[])
+{
+    const bool hasOption = std::any_of(argv + 1, argv + argc, [](const char *argument) {
+        return std::strncmp(argument, "--", 2) == 0 || std::strcmp(argument, "-h") == 0;
+    });
+    const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (hasOption && !hasDisplay && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    doWithoutDisplay(argc, argv);
+    QApplication application(argc, argv);
+    useUtf8InPlainLocale();
+    const CommandLine line = CommandLine::parse(QApplication::arguments());
+    if (line.mode == CommandLine::Mode::Help) {
+        std::puts(qUtf8Printable(line.message));
+        return UnattendedRun::Passed;
+    }
+    if (line.mode == CommandLine::Mode::Wrong) {
+        std::fprintf(stderr, "%s\nTry --help.\n", qUtf8Printable(line.message));
+        return UnattendedRun::WrongUsage;
+    }
+
+    qRegisterMetaType<QList<checkLog>>("QList<checkLog>");
+    qRegisterMetaType<checkLog>("checkLog");
+    // Every run sets the icons' style sheets anew, and Qt keeps each picture until the cache is full: 10 MiB by
+    // default.
+    constexpr int pixmapCacheKiB = 1024;
+    QPixmapCache::setCacheLimit(pixmapCacheKiB);
+    KestDetectorUI window(nullptr);
+    window.show();
+    // The operator sees the window before its services, some of which load plug-ins, are in place.
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    std::unique_ptr<UnattendedRun> unattended;
+    if (line.mode == CommandLine::Mode::Unattended) {
+        unattended = std::make_unique<UnattendedRun>(&window, line);
+    }
+    const TerminationSignals terminationSignals;
+    QObject::connect(&terminationSignals, &TerminationSignals::received, &window, &QWidget::close);
+
+    KestDetectorFace::Get()->quitFlag = 0;
+    KestDetectorRt::Get();
+    TelnetInteractive::Get();
+    TelnetInteractiveFace::Get();
+    Camera::Get();
+    FtpDownLoad::Get();
+    FtpDownLoadFace::Get();
+
+    const int exitCode = QApplication::exec();
+    // However the event loop came to its end: the window's close handler is what stops the threads.
+    window.close();
+    return unattended ? unattended->exitCode() : exitCode;
+}

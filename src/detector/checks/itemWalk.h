@@ -1,0 +1,35 @@
+#pragma once
+
+#include "detector/store/KestDetectorFace.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <QList>
+#include <QObject>
+
+/// Walks the requested items of one component: names each item that `table` knows, has `run` deal with its row, and
+/// reports the progress, 0 first and then a step for each item, known or not. Rows have an `index` and a `name` (a text
+/// for translation in the context "QObject").
+///
+/// False when the program began to close before all items were through.
+template <class Row, std::size_t size, class Run>
+bool walkItems(const std::array<Row, size> &table, const QList<int> &items, Run run)
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    emit face->signal_showCurrentPersent(0);
+    for (int i = 0; i < items.size(); ++i) {
+        if (face->stopRequested()) {
+            return false;
+        }
+        const int index = items.at(i);
+        const auto row =
+            std::find_if(table.begin(), table.end(), [index](const Row &entry) { return entry.index == index; });
+        if (row != table.end()) {
+            emit face->signal_showCurrentCheckItem(QObject::tr(row->name));
+            run(*row);
+        }
+        emit face->signal_showCurrentPersent((i + 1) * 100 / items.size());
+    }
+    return true;
+}

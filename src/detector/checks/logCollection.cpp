@@ -1,0 +1,187 @@
+#include "detector/checks/logCollection.h"
+
+#include "detector/checks/checkComponent.h"
+#include "detector/store/checkHelpers.h"
+#include "detector/store/componentId.h"
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/verdict.h"
+#include "ftp/FtpDownLoadFace.h"
+#include "telnet/TelnetInteractiveFace.h"
+
+#include <array>
+#include <QDate>
+#include <QDebug>
+#include <QFile>
+#include <QObject>
+#include <QTextStream>
+
+namespace {
+struct LogItem
+{
+    int index;
+    const char *name;
+    QString (*download)(int *verdict, const QString &date);
+};
+
+constexpr std::array itemTable = {
+    LogItem{0, QT_TRANSLATE_NOOP("QObject", "log"), downloadCameraLog},
+    LogItem{1, QT_TRANSLATE_NOOP("QObject", "private"), downloadPrivateLog},
+    LogItem{2, QT_TRANSLATE_NOOP("QObject", "dmesg"), downloadDmesgLog},
+    LogItem{3, QT_TRANSLATE_NOOP("QObject", "pstree&&ps"), downloadPstreePsLog},
+    LogItem{4, QT_TRANSLATE_NOOP("QObject", "ifconfig"), downloadIfconfLog},
+    LogItem{5, QT_TRANSLATE_NOOP("QObject", "kest_version"), downloadVersionLog},
+    LogItem{6, QT_TRANSLATE_NOOP("QObject", "netconf"), downloadNetConfLog},
+    LogItem{7, QT_TRANSLATE_NOOP("QObject", "iwDevAp0Scan"), downloadIwDevAp0ScanLog},
+    LogItem{8, QT_TRANSLATE_NOOP("QObject", "mci_info"), downloadMciInfoLog},
+    LogItem{9, QT_TRANSLATE_NOOP("QObject", "sharefs"), downloadSharefsLog},
+};
+
+using Setting = QString KestDetectorFace::*;
+
+/// A directory of the camera that is fetched as one packed file.
+struct Archive
+{
+    const char *name; ///< of the packed file, on the camera and on the PC
+    Setting source;   ///< the directory
+    int packStep;     ///< numbers of the two shell calls
+    int removeStep;
+};
+
+constexpr Archive cameraLog = {"log.tar.gz", &KestDetectorFace::logPath, 7, 8};
+constexpr Archive privateLog = {"private.tar.gz", &KestDetectorFace::privatePath, 9, 10};
+constexpr Archive netConf = {"netconf.tar.gz", &KestDetectorFace::netconfPath, 15, 16};
+constexpr Archive sharefs = {"sharefs.tar.gz", &KestDetectorFace::sharefsPath, 19, 20};
+
+/// A shell command whose output is kept.
+struct TextLog
+{
+    const char *command;
+    Setting argument; ///< stands for the command's %1; none if null
+    int step;         ///< number of the shell call
+    const char *fileName;
+};
+
+constexpr TextLog dmesg = {"dmesg\n", nullptr, 11, "dmesg.txt"};
+constexpr TextLog pstreePs = {"pstree && ps\n", nullptr, 12, "pstree_ps.txt"};
+constexpr TextLog ifconfig = {"ifconfig -a\n", nullptr, 13, "ifconfig.txt"};
+constexpr TextLog version = {"cat %1\n", &KestDetectorFace::versionPath, 14, "kest_verison.txt"};
+constexpr TextLog iwDevAp0Scan = {"iw dev ap0 scan\n", nullptr, 17, "iw_dev_ap0_scan.txt"};
+constexpr TextLog mciInfo = {"cat %1\n", &KestDetectorFace::mciInfoPath, 18, "mci_info.txt"};
+
+/// The file's path in the folder of the day, which exists afterwards if it can be created.
+QString localPath(const QString &date, const QString &fileName)
+{
+    const QString folder = logFolder(date);
+    if (!path_create(folder)) {
+        qWarning() << "cannot create the folder" << folder;
+    }
+    return folder + QLatin1Char('/') + fileName;
+}
+
+QString downloadArchive(const Archive &archive, int *verdict, const QString &date)
+{
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    TelnetInteractiveFace *shell = TelnetInteractiveFace::Get();
+    const QString name = QLatin1String(archive.name);
+    QString reply;
+    // Several values go into one arg(): a "%1" inside a path is not a place to fill.
+    *verdict =
+        shell->telnet(QStringLiteral("tar -zcvf %1/%2 %3\n").arg(face->zipLogTargetPath, name, face->*archive.source),
+                      archive.packStep, &reply);
+    const QString url = QStringLiteral("ftp://%1/%2").arg(face->cameraAddress.get(), name);
+    FtpDownLoadFace::Get()->ftpDownLoad(url, localPath(date, name));
+    *verdict =
+        shell->telnet(QStringLiteral("rm -rf %1/%2\n").arg(face->zipLogTargetPath, name), archive.removeStep, &reply);
+    return {};
+}
+
+void writeText(const QString &path, const QString &text)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        qWarning() << "cannot create" << path << file.errorString();
+        return;
+    }
+    QTextStream stream(&file);
+    stream.setCodec("UTF-8");
+    stream << text;
+    stream.flush();
+    file.close();
+    if (file.error() != QFileDevice::NoError) {
+        qWarning() << "cannot write" << path << file.errorString();
+    }
+}
+
+QString downloadText(const TextLog &log, int *verdict, const QString &date)
+{
+    QString command = QLatin1String(log.command);
+    if (log.argument != nullptr) {
+        command = command.arg(KestDetectorFace::Get()->*log.argument);
+    }
+    QString reply;
+    *verdict = TelnetInteractiveFace::Get()->telnet(command, log.step, &reply);
+    writeText(localPath(date, QLatin1String(log.fileName)), reply);
+    return {};
+}
+} // namespace
+
+QString downLoadLogs(int *verdict, const QList<int> &items)
+{
+    const QString date = QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
+    const ComponentResult result = recordItems(
+        componentId::log, verdict::failed, itemTable, items, [](const LogItem &) { return true; },
+        [&date](const LogItem &item, int *itemVerdict, QString &) { return item.download(itemVerdict, date); });
+    emit KestDetectorFace::Get()->signal_showCheckLog(result.record);
+    *verdict = result.verdict;
+    return result.text;
+}
+
+QString downloadCameraLog(int *verdict, const QString &date)
+{
+    return downloadArchive(cameraLog, verdict, date);
+}
+
+QString downloadPrivateLog(int *verdict, const QString &date)
+{
+    return downloadArchive(privateLog, verdict, date);
+}
+
+QString downloadDmesgLog(int *verdict, const QString &date)
+{
+    return downloadText(dmesg, verdict, date);
+}
+
+QString downloadPstreePsLog(int *verdict, const QString &date)
+{
+    return downloadText(pstreePs, verdict, date);
+}
+
+QString downloadIfconfLog(int *verdict, const QString &date)
+{
+    return downloadText(ifconfig, verdict, date);
+}
+
+QString downloadVersionLog(int *verdict, const QString &date)
+{
+    return downloadText(version, verdict, date);
+}
+
+QString downloadNetConfLog(int *verdict, const QString &date)
+{
+    return downloadArchive(netConf, verdict, date);
+}
+
+QString downloadIwDevAp0ScanLog(int *verdict, const QString &date)
+{
+    return downloadText(iwDevAp0Scan, verdict, date);
+}
+
+QString downloadMciInfoLog(int *verdict, const QString &date)
+{
+    return downloadText(mciInfo, verdict, date);
+}
+
+QString downloadSharefsLog(int *verdict, const QString &date)
+{
+    return downloadArchive(sharefs, verdict, date);
+}

@@ -1,0 +1,87 @@
+#include "detector/readers/systemInfo.h"
+
+#include "detector/store/KestDetectorFace.h"
+#include "telnet/TelnetInteractiveFace.h"
+
+#include <optional>
+#include <QObject>
+#include <QRegularExpression>
+#include <QStringList>
+
+namespace {
+constexpr int readerStep = 3; ///< the readers' number among the callers of the shell
+
+/// Prints the camera's file at `path`; returns what the shell call returns.
+int printFile(const QString &path, QString *reply)
+{
+    return TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat %1\n").arg(path), readerStep, reply);
+}
+
+QStringList linesOf(const QString &reply)
+{
+    return reply.split(QStringLiteral("\r\n"));
+}
+} // namespace
+
+QString getSysWifiInfo(int *verdict, QString &ssid, QString &password)
+{
+    ssid.clear();
+    password.clear();
+    QString reply;
+    *verdict = printFile(KestDetectorFace::Get()->hostApdUrl, &reply);
+    if (*verdict != 0) {
+        return QObject::tr("获取Wifi信息失败.");
+    }
+    const WifiInfo info = parseWifiInfo(reply);
+    ssid = info.ssid;
+    password = info.password;
+    return {};
+}
+
+QString getSysMacAddress(int *verdict, QString &mac)
+{
+    mac.clear();
+    KestDetectorFace *face = KestDetectorFace::Get();
+    QString reply;
+    *verdict = printFile(face->macAddressUrl, &reply);
+    if (*verdict != 0) {
+        return QObject::tr("获取Mac地址失败.");
+    }
+    mac = parseMacAddress(reply);
+    face->macAddress = mac;
+    return {};
+}
+
+WifiInfo parseWifiInfo(const QString &reply)
+{
+    std::optional<QString> ssid;
+    std::optional<QString> password;
+    const QStringList lines = linesOf(reply);
+    for (const QString &line : lines) {
+        const QStringList fields = line.split(QLatin1Char('='));
+        if (fields.size() == 2 && line.contains(QStringLiteral("ssid"))) {
+            ssid = fields.last();
+        }
+        if (fields.size() == 2 && line.contains(QStringLiteral("wpa_passphrase"))) {
+            password = fields.last();
+        }
+        if (ssid && password) {
+            break;
+        }
+    }
+    return {ssid.value_or(QString()), password.value_or(QString())};
+}
+
+QString parseMacAddress(const QString &reply)
+{
+    // The address names a folder later on: only digits and colons may get through.
+    static const QRegularExpression macAddress(
+        QRegularExpression::anchoredPattern(QStringLiteral("[0-9A-Fa-f]{2}(:[0-9A-Fa-f]{2}){5}")));
+    const QStringList lines = linesOf(reply);
+    for (const QString &line : lines) {
+        if (macAddress.match(line).hasMatch()) {
+            return line.toUpper();
+        }
+    }
+    return {};
+}

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "detector/store/checkLog.h"
+#include "detector/store/ComponentTask.h"
+#include "detector/store/Guarded.h"
+
+#include <atomic>
+#include <mutex>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+/// The process-wide meeting point of the worker side and the window: the settings, the state of the run and of the
+/// link, and the signals that tell the window what to show.
+///
+/// Signals may be emitted from any thread; the window receives them queued. The fields that more than one thread
+/// touches while threads run are atomics or guarded; the settings are written once, before any worker exists.
+class KestDetectorFace : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(KestDetectorFace)
+
+public:
+    /// Creates the instance on first use; it lives until the process ends.
+    static KestDetectorFace *Get();
+
+    // The run request. The window writes taskList and clears checkLogList before it sets runRequest to 1; the runner
+    // sets it back to 0. `handOver` makes both steps one: the window holds it while it posts a plan, the runner while
+    // it takes one.
+    std::mutex handOver;
+    std::atomic<int> runRequest{0};     ///< 1 = run requested, 0 = idle
+    std::atomic<bool> runActive{false}; ///< true from the moment the runner has taken a plan until the run's end
+    Guarded<QList<ComponentTask>> taskList;
+    Guarded<QList<checkLog>> checkLogList;
+    Guarded<QString> savePath; ///< the operator's folder; at first the application's directory
+
+    std::atomic<int> quitFlag{0}; ///< not 0: waiting telnet and FTP calls give up
+
+    // The link, written by the camera supervisor and by the WiFi and MAC readers.
+    std::atomic<bool> connectState{false};
+    Guarded<QString> pcAddress;     ///< the PC's own IPv4 address on the camera's network
+    Guarded<QString> cameraAddress; ///< the camera's IPv4 address: host of telnet and FTP
+    Guarded<QString> wifiName;
+    Guarded<QString> wifiPassword;
+    Guarded<QString> macAddress; ///< "AA:BB:CC:DD:EE:FF", empty while unknown; names the log folder
+
+    // Settings, one for each key of option.ini.
+    QString username;
+    QString password;
+    QString ftpName;
+    QString ftpPsw;
+    QString ftpPort; ///< kept as text
+    QString logPath;
+    QString privatePath;
+    QString versionPath;
+    QString netconfPath;
+    QString mciInfoPath;
+    QString sharefsPath;
+    QString zipLogTargetPath; ///< the camera's archive directory, which is its FTP server's root
+    QString hostApdUrl;
+    QString macAddressUrl;
+    QString tfCardInfoUrl;
+    quint64 cameraStatusMask = 0; ///< complement of the expected status word
+    QList<bool> statusBitList;    ///< entry i: whether status bit i is examined; 64 entries once loaded
+
+    /// Whether the program is closing: the routines of a run end early. Set once, by `requestStop`, from any thread.
+    bool stopRequested() const { return m_stopRequested; }
+    void requestStop() { m_stopRequested = true; }
+
+signals:
+    void signal_showBatteryCheckResult(int verdict);
+    void signal_showCameraCheckResult(int verdict);
+    void signal_showFanCheckResult(int verdict);
+    void signal_showGimbalCheckResult(int verdict);
+    void signal_showKeyBoardCheckResult(int verdict);
+    void signal_showLensCheckResult(int verdict);
+    void signal_showPcbaCheckResult(int verdict);
+    void signal_showTFCardCheckResult(int verdict);
+    void signal_showVoiceCheckResult(int verdict);
+    void signal_showCurrentComponent(QString name);
+    void signal_showCurrentCheckItem(QString name);
+    void signal_showCheckLogList(QList<checkLog> logs);
+    void signal_showCheckLog(checkLog log);
+    void signal_showCheckResult(bool passed);
+    void signal_showTotalPersent(int percent);   ///< 0 to 100, after each task
+    void signal_showCurrentPersent(int percent); ///< 0 to 100, within one component
+    void signal_setButtonEnable(bool enabled);
+    void signal_setWifiName(QString name);
+    void signal_setMacAddress(QString mac);
+    void signal_setWifiPassWord(QString password);
+    void signal_setConnectStatus(bool connected);
+
+private:
+    KestDetectorFace();
+
+    std::atomic<bool> m_stopRequested{false};
+};

@@ -1,0 +1,132 @@
+#include "detector/store/checkHelpers.h"
+
+#include "detector/store/componentId.h"
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/serveEvents.h"
+
+#include <array>
+#include <QDebug>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QObject>
+
+namespace {
+
+/// How often a wait looks whether the program has begun to close.
+constexpr int stopPollMs = 25;
+
+/// The entry at `index` of a table of texts for translation, translated; empty outside of the table.
+template <std::size_t Size>
+QString translatedEntry(const std::array<const char *, Size> &table, int index)
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= Size) {
+        return {};
+    }
+    const char *text = table[static_cast<std::size_t>(index)];
+    return *text == '\0' ? QString() : QObject::tr(text);
+}
+
+constexpr std::array componentNames = {
+    QT_TRANSLATE_NOOP("QObject", "Camera"),  QT_TRANSLATE_NOOP("QObject", "Gimbal"),
+    QT_TRANSLATE_NOOP("QObject", "Battery"), QT_TRANSLATE_NOOP("QObject", "Fan"),
+    QT_TRANSLATE_NOOP("QObject", "Button"),  QT_TRANSLATE_NOOP("QObject", "Lens"),
+    QT_TRANSLATE_NOOP("QObject", "TF Card"), QT_TRANSLATE_NOOP("QObject", "Audio"),
+    QT_TRANSLATE_NOOP("QObject", "PCBA"),    QT_TRANSLATE_NOOP("QObject", "Log"),
+};
+static_assert(componentNames.size() == componentId::log + 1);
+
+constexpr std::array batteryWarnings = {
+    QT_TRANSLATE_NOOP("QObject", "电池组电压过低"),
+    QT_TRANSLATE_NOOP("QObject", "电池组电压过高"),
+    QT_TRANSLATE_NOOP("QObject", "充电过程中电流超过阈值 1"),
+    QT_TRANSLATE_NOOP("QObject", "充电过程中电流超过阈值 2"),
+    QT_TRANSLATE_NOOP("QObject", "放电过程中电流超过阈值 1"),
+    QT_TRANSLATE_NOOP("QObject", "放电过程中电流超过阈值 2"),
+    "",
+    QT_TRANSLATE_NOOP("QObject", "放电过载"),
+    "",
+    QT_TRANSLATE_NOOP("QObject", "充电过程中出现短路现象"),
+    "",
+    QT_TRANSLATE_NOOP("QObject", "放电过程中出现短路现象"),
+    QT_TRANSLATE_NOOP("QObject", "充电过程中温度过高"),
+    QT_TRANSLATE_NOOP("QObject", "放电过程中温度过高"),
+    QT_TRANSLATE_NOOP("QObject", "电池出现补偿型电压过低现象"),
+    "",
+    QT_TRANSLATE_NOOP("QObject", "FET 温度过高"),
+    "",
+    QT_TRANSLATE_NOOP("QObject", "预充电过程超时"),
+    QT_TRANSLATE_NOOP("QObject", "延时预充电超时"),
+    QT_TRANSLATE_NOOP("QObject", "充电过程超时"),
+    QT_TRANSLATE_NOOP("QObject", "延时充电超时"),
+    QT_TRANSLATE_NOOP("QObject", "电池过充"),
+    QT_TRANSLATE_NOOP("QObject", "电池过充电流型警告"),
+    QT_TRANSLATE_NOOP("QObject", "电池过充电压型警告"),
+    QT_TRANSLATE_NOOP("QObject", "电池过预充电电流型警告"),
+    QT_TRANSLATE_NOOP("QObject", "充电过程中温度过低"),
+    QT_TRANSLATE_NOOP("QObject", "放电过程中温度过低"),
+};
+static_assert(batteryWarnings.size() == 28);
+
+bool closing()
+{
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    return face->stopRequested() || face->quitFlag != 0;
+}
+
+} // namespace
+
+QString getComponent(int index)
+{
+    return translatedEntry(componentNames, index);
+}
+
+QList<int> getCameraStatusList(quint64 status)
+{
+    if (status == 0) {
+        return {};
+    }
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    // The mask is the complement of the expected word, so a bit that differs from what is expected comes out as 0.
+    quint64 asExpected = status ^ face->cameraStatusMask;
+    QList<int> positions;
+    for (int position = 0; position < face->statusBitList.size(); ++position) {
+        if ((asExpected & 1U) == 0 && face->statusBitList.at(position)) {
+            positions.append(position);
+        }
+        asExpected >>= 1;
+    }
+    qDebug() << "listStatusExist" << positions.isEmpty() << positions.size();
+    return positions;
+}
+
+QString getBatteryWar(unsigned int warningBits)
+{
+    QString text = QStringLiteral("状态良好");
+    int setBits = 0;
+    for (quint32 rest = warningBits; rest != 0; rest >>= 1) {
+        if ((rest & 1U) != 0) {
+            text += translatedEntry(batteryWarnings, setBits++);
+        }
+    }
+    return text;
+}
+
+int mSleep(int milliseconds)
+{
+    QElapsedTimer clock;
+    clock.start();
+    serveEventsUntil(milliseconds, closing, stopPollMs);
+    return static_cast<int>(clock.elapsed());
+}
+
+bool path_create(const QString &path)
+{
+    return QDir(path).exists() || QDir().mkpath(path);
+}
+
+QString logFolder(const QString &date)
+{
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    const QString mac = face->macAddress.get().remove(QLatin1Char(':'));
+    return face->savePath.get() + QStringLiteral("/log/%1_%2").arg(date, mac);
+}

@@ -1,0 +1,137 @@
+#include "ftp/FtpDownLoad.h"
+
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/serveEvents.h"
+#include "ftp/FtpAccessManager.h"
+#include "telnet/SyncCondMutexData.h"
+
+#include <QDebug>
+#include <QNetworkRequest>
+#include <QUrl>
+#include <utility>
+
+namespace {
+constexpr int downloadLimitMs = 10000;
+constexpr int success = 0;
+constexpr int failure = -1;
+
+/// The camera's URL with the login of the settings.
+QUrl withLogin(const QString &text)
+{
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    QUrl url(text);
+    url.setPort(face->ftpPort.toInt());
+    url.setUserName(face->ftpName, QUrl::DecodedMode);
+    url.setPassword(face->ftpPsw, QUrl::DecodedMode);
+    return url;
+}
+} // namespace
+
+FtpDownLoad *FtpDownLoad::Get()
+{
+    static auto *ptr = new FtpDownLoad;
+    return ptr;
+}
+
+FtpDownLoad::FtpDownLoad() : file(std::make_unique<QFile>()), manager(std::make_unique<FtpAccessManager>(this))
+{
+    // A PC whose only network is the camera's access point often counts as offline. The download is to be tried all
+    // the same; the setter itself is out of reach, Qt is about to drop the whole notion.
+    manager->setProperty("networkAccessible", 1);
+    connect(manager.get(), &QNetworkAccessManager::finished, this, &FtpDownLoad::slot_replyFinished);
+}
+
+FtpDownLoad::~FtpDownLoad()
+{
+    dropReply();
+}
+
+void FtpDownLoad::slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, const QString &localFile)
+{
+    dropReply();
+    closeFile();
+    loadResult = success;
+    loadDone = false;
+    openFile(localFile);
+
+    reply = manager->get(QNetworkRequest(withLogin(url)));
+    connect(reply, &QNetworkReply::readyRead, this, &FtpDownLoad::slot_readContent);
+    connect(reply, &QNetworkReply::errorOccurred, this, &FtpDownLoad::slot_loadError);
+
+    serveEventsUntil(downloadLimitMs, [this] { return loadDone || KestDetectorFace::Get()->quitFlag != 0; });
+    const int outcome = loadDone ? loadResult : failure;
+    loadResult = success;
+    loadDone = false;
+    sync->complete(outcome);
+}
+
+void FtpDownLoad::slot_readContent()
+{
+    if (reply == nullptr || sender() != reply) {
+        return;
+    }
+    const QByteArray content = reply->readAll();
+    if (file->isOpen() && file->write(content) != content.size()) {
+        reportFileError("cannot write");
+    }
+}
+
+void FtpDownLoad::slot_loadError(QNetworkReply::NetworkError error)
+{
+    if (reply == nullptr || sender() != reply) {
+        return;
+    }
+    // Not Qt's own error text, which quotes the whole URL with the password.
+    qWarning() << "download failed:" << reply->url().path() << error;
+    loadResult = failure;
+    loadDone = true;
+}
+
+void FtpDownLoad::slot_replyFinished(QNetworkReply *finished)
+{
+    finished->deleteLater();
+    if (finished != reply) {
+        return;
+    }
+    loadResult = finished->error() == QNetworkReply::NoError ? success : failure;
+    loadDone = true;
+    reply = nullptr;
+    closeFile();
+}
+
+/// Whatever an earlier download still does, it no longer reaches its file nor the slots.
+void FtpDownLoad::dropReply()
+{
+    QNetworkReply *earlier = reply;
+    reply = nullptr;
+    if (earlier != nullptr) {
+        earlier->disconnect(this);
+        earlier->abort();
+        earlier->deleteLater();
+    }
+}
+
+void FtpDownLoad::openFile(const QString &localFile)
+{
+    m_fileFailed = false;
+    file->setFileName(localFile);
+    // Unbuffered: what arrived of a transfer that never ends is in the file when the program does.
+    if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+        reportFileError("cannot create");
+    }
+}
+
+void FtpDownLoad::closeFile()
+{
+    if (file->isOpen() && !file->flush()) {
+        reportFileError("cannot write");
+    }
+    file->close();
+}
+
+void FtpDownLoad::reportFileError(const char *what)
+{
+    if (!std::exchange(m_fileFailed, true)) {
+        qWarning() << what << file->fileName() << file->errorString();
+    }
+}

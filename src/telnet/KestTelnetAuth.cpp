@@ -1,0 +1,3 @@
+#include "telnet/KestTelnetAuth.h"
+
+KestTelnetAuth::~KestTelnetAuth() = default;

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <QAbstractSocket>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+class KestTelnet;
+struct SyncCondMutexData;
+
+/// Logs in to the camera's shell and runs one command at a time on it: turns the telnet engine's text pieces into
+/// command replies. Lives on the GUI thread; its slots serve the requests of `TelnetInteractiveFace` and keep serving
+/// the thread's events while they wait.
+///
+/// All traffic goes to the diagnostic log.
+class TelnetInteractive : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(TelnetInteractive)
+
+public:
+    /// Created on first use, on the GUI thread; lives until the process ends.
+    static TelnetInteractive *Get();
+    ~TelnetInteractive() override;
+
+    /// Connects to port 23 of the facade's camera address and logs in; at most 5000 ms. False when it did not come to
+    /// a shell prompt in that time or the program is closing.
+    bool telnetConnectToHost();
+    /// Does nothing: the connection is only closed by the next connect.
+    bool telnetDisconnectToHost();
+
+public slots:
+    void slot_telnetConnectToHost(SyncCondMutexData *sync);
+    void slot_telnetDisConnectToHost(SyncCondMutexData *sync);
+    /// Sends `cmd` as it is and waits at most 5000 ms for the prompt. `callerStep` is the caller's number, 3 to 20.
+    void slot_telnet(const QString &cmd, SyncCondMutexData *sync, int callerStep, QString *out);
+    void slot_telnetReplyFinished(const QString &text);
+    void slot_telnetConnectionError(QAbstractSocket::SocketError error);
+
+private:
+    TelnetInteractive();
+
+    void sendPassword();
+
+    QString lastText;
+    std::int32_t cmdResult = 0;
+    bool cmdDone = false;
+    std::int32_t loginResult = 0;
+    bool loginDone = false;
+    std::int32_t unusedResult = 0;
+    bool unusedDone = false;
+    QString reply;
+    KestTelnet *telnet;
+    std::int32_t step = 0; ///< 0 login prompt, 1 password prompt, 2 first shell prompt, 3 to 20 a command runs
+
+    QTimer m_passwordDelay; ///< active while the password is still to be sent
+};
