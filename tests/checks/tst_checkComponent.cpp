@@ -1,0 +1,167 @@
+#include "detector/checks/checkComponent.h"
+#include "detector/store/KestDetectorFace.h"
+#include "support/CheckTest.h"
+
+#include <array>
+#include <QMetaObject>
+#include <QTest>
+
+namespace {
+QString passes(int *verdict, QString &detail)
+{
+    *verdict = 0;
+    detail = QStringLiteral("report\n");
+    return QStringLiteral("OK\n");
+}
+
+QString fails(int *verdict, QString &)
+{
+    *verdict = 1;
+    return QStringLiteral("NG\n");
+}
+
+QString warns(int *verdict, QString &)
+{
+    *verdict = 2;
+    return QStringLiteral("warning\n");
+}
+
+/// Tells what it was given.
+QString leavesVerdictAlone(int *verdict, QString &detail)
+{
+    return QStringLiteral("%1 %2\n").arg(QString::number(*verdict), detail.isEmpty() ? "empty" : "not empty");
+}
+
+QString closesTheProgram(int *verdict, QString &)
+{
+    *verdict = 0;
+    KestDetectorFace::Get()->requestStop();
+    return QStringLiteral("OK\n");
+}
+
+constexpr std::array table = {
+    CheckItem{0, "good", passes},
+    CheckItem{1, "bad", fails},
+    CheckItem{2, "dubious", warns},
+    CheckItem{3, "only named", nullptr},
+    CheckItem{4, "untouched", leavesVerdictAlone},
+    CheckItem{7, "closing", closesTheProgram},
+};
+
+QString fakeComponent(int *verdict, const QList<int> &items)
+{
+    return checkComponent(2, 1, table, verdict, items);
+}
+} // namespace
+
+/// The pattern that all component routines share, on a table of its own.
+class tst_checkComponent : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+
+    void runsItems_data();
+    void runsItems();
+    void recordIsAppended();
+    void recordReachesAnotherThread();
+    void laterItemsAreLeftOutWhenTheProgramCloses();
+};
+
+void tst_checkComponent::initTestCase()
+{
+    qRegisterMetaType<checkLog>("checkLog");
+    qRegisterMetaType<QList<checkLog>>("QList<checkLog>");
+}
+
+void tst_checkComponent::init()
+{
+    KestDetectorFace::Get()->checkLogList = QList<checkLog>();
+}
+
+void tst_checkComponent::runsItems_data()
+{
+    QTest::addColumn<QList<int>>("items");
+    QTest::addColumn<QStringList>("events");
+    QTest::addColumn<QStringList>("records");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("verdict");
+    QTest::newRow("no items") << QList<int>() << QStringList{"progress 0", "log 2"} << QStringList() << "" << 0;
+    QTest::newRow("one good item") << QList<int>{0} << QStringList{"progress 0", "item good", "progress 100", "log 2"}
+                                   << QStringList{"0|OK\n|report\n"} << "OK\n"
+                                   << 0;
+    QTest::newRow("three items, in their order")
+        << QList<int>{1, 0, 0} << QStringList{"progress 0",  "item bad",  "progress 33",  "item good",
+                                              "progress 66", "item good", "progress 100", "log 2"}
+        << QStringList{"1|NG\n|", "0|OK\n|report\n", "0|OK\n|report\n"} << "OK\n"
+        << 1;
+    QTest::newRow("a warning counts against the component")
+        << QList<int>{2} << QStringList{"progress 0", "item dubious", "progress 100", "log 2"}
+        << QStringList{"2|warning\n|"} << "warning\n"
+        << 1;
+    QTest::newRow("unknown items only advance the progress")
+        << QList<int>{99, 0, -1}
+        << QStringList{"progress 0", "progress 33", "item good", "progress 66", "progress 100", "log 2"}
+        << QStringList{"0|OK\n|report\n"} << "OK\n"
+        << 0;
+    QTest::newRow("an item that is only named empties the text")
+        << QList<int>{1, 3}
+        << QStringList{"progress 0", "item bad", "progress 50", "item only named", "progress 100", "log 2"}
+        << QStringList{"1|NG\n|"} << "" << 1;
+    QTest::newRow("an item starts as not tested, with an empty report")
+        << QList<int>{0, 4}
+        << QStringList{"progress 0", "item good", "progress 50", "item untouched", "progress 100", "log 2"}
+        << QStringList{"0|OK\n|report\n", "3|3 empty\n|"} << "3 empty\n"
+        << 1;
+}
+
+void tst_checkComponent::runsItems()
+{
+    QFETCH(QList<int>, items);
+    const FacadeSpy spy;
+    const Outcome outcome = runComponent(fakeComponent, items);
+    QTEST(spy.events(), "events");
+    QCOMPARE(spy.logs().size(), 1);
+    QTEST(texts(spy.logs().constFirst()), "records");
+    QTEST(outcome.text, "text");
+    QTEST(outcome.verdict, "verdict");
+}
+
+void tst_checkComponent::recordIsAppended()
+{
+    runComponent(fakeComponent, {0});
+    runComponent(fakeComponent, {1, 2});
+    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList;
+    QCOMPARE(logs.size(), 2);
+    QCOMPARE(logs.at(0).component, 2);
+    QCOMPARE(texts(logs.at(0)), QStringList{"0|OK\n|report\n"});
+    QCOMPARE(texts(logs.at(1)), (QStringList{"1|NG\n|", "2|warning\n|"}));
+}
+
+/// As the window gets it: queued, so that the record has to be copied.
+void tst_checkComponent::recordReachesAnotherThread()
+{
+    QList<checkLog> received;
+    QObject window;
+    connect(KestDetectorFace::Get(), &KestDetectorFace::signal_showCheckLog, &window,
+            [&received](const checkLog &log) { received.append(log); });
+    runComponent(fakeComponent, {0});
+    QTRY_COMPARE(received.size(), 1);
+    QCOMPARE(texts(received.first()), QStringList{"0|OK\n|report\n"});
+}
+
+/// The last one: a stop request cannot be taken back.
+void tst_checkComponent::laterItemsAreLeftOutWhenTheProgramCloses()
+{
+    const FacadeSpy spy;
+    const Outcome outcome = runComponent(fakeComponent, {0, 7, 0});
+    QCOMPARE(spy.events(),
+             (QStringList{"progress 0", "item good", "progress 33", "item closing", "progress 66", "log 2"}));
+    QCOMPARE(texts(spy.logs().constFirst()), (QStringList{"0|OK\n|report\n", "0|OK\n|"}));
+    QCOMPARE(outcome.verdict, 3);
+}
+
+QTEST_GUILESS_MAIN(tst_checkComponent)
+#include "tst_checkComponent.moc"

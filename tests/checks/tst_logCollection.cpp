@@ -1,0 +1,300 @@
+#include "detector/checks/logCollection.h"
+#include "detector/store/KestDetectorFace.h"
+#include "support/CheckTest.h"
+#include "support/MessageSpy.h"
+#include "support/ScriptedShell.h"
+
+#include <memory>
+#include <QDate>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using LogRoutine = QString (*)(int *, const QString &);
+Q_DECLARE_METATYPE(LogRoutine)
+
+namespace {
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
+}
+} // namespace
+
+class tst_logCollection : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void archive_data();
+    void archive();
+    void archiveStepsRunEvenIfEarlierOnesFail();
+    void text_data();
+    void text();
+    void textFileIsWrittenWhenTheCommandFailed();
+    void valuesAreNotFilledInAgain();
+    void laterLogReplacesTheEarlierOne();
+    void folderWithoutMacAddress();
+    void fileThatCannotBeWritten_data();
+    void fileThatCannotBeWritten();
+    void component_data();
+    void component();
+    void allItems();
+
+private:
+    QString runLog(LogRoutine routine, int *verdict);
+    QString folder() const { return m_folder->path() + QStringLiteral("/log/2024-05-01_AABBCCDDEEFF"); }
+
+    ScriptedShell m_shell;
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_logCollection::init()
+{
+    m_shell.reset();
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->checkLogList = QList<checkLog>();
+    face->savePath = m_folder->path();
+    face->macAddress = QStringLiteral("AA:BB:CC:DD:EE:FF");
+    face->cameraAddress = QStringLiteral("127.0.0.10");
+    face->zipLogTargetPath = QStringLiteral("/tmp/ftp");
+    face->logPath = QStringLiteral("/var/log");
+    face->privatePath = QStringLiteral("/mnt/private");
+    face->netconfPath = QStringLiteral("/etc/netconf");
+    face->sharefsPath = QStringLiteral("/mnt/sharefs");
+    face->versionPath = QStringLiteral("/etc/kest_version");
+    face->mciInfoPath = QStringLiteral("/proc/mci/mci_info");
+}
+
+QString tst_logCollection::runLog(LogRoutine routine, int *verdict)
+{
+    return onWorkerThread([&] { return routine(verdict, QStringLiteral("2024-05-01")); });
+}
+
+void tst_logCollection::archive_data()
+{
+    QTest::addColumn<LogRoutine>("routine");
+    QTest::addColumn<QString>("pack");
+    QTest::addColumn<QString>("remove");
+    QTest::addColumn<QStringList>("calls");
+    QTest::newRow("log") << LogRoutine(downloadCameraLog) << "tar -zcvf /tmp/ftp/log.tar.gz /var/log\n"
+                         << "rm -rf /tmp/ftp/log.tar.gz\n"
+                         << QStringList{"shell 7 tar -zcvf /tmp/ftp/log.tar.gz /var/log",
+                                        "ftp ftp://127.0.0.10/log.tar.gz %1/log.tar.gz",
+                                        "shell 8 rm -rf /tmp/ftp/log.tar.gz"};
+    QTest::newRow("private") << LogRoutine(downloadPrivateLog) << "tar -zcvf /tmp/ftp/private.tar.gz /mnt/private\n"
+                             << "rm -rf /tmp/ftp/private.tar.gz\n"
+                             << QStringList{"shell 9 tar -zcvf /tmp/ftp/private.tar.gz /mnt/private",
+                                            "ftp ftp://127.0.0.10/private.tar.gz %1/private.tar.gz",
+                                            "shell 10 rm -rf /tmp/ftp/private.tar.gz"};
+    QTest::newRow("netconf") << LogRoutine(downloadNetConfLog) << "tar -zcvf /tmp/ftp/netconf.tar.gz /etc/netconf\n"
+                             << "rm -rf /tmp/ftp/netconf.tar.gz\n"
+                             << QStringList{"shell 15 tar -zcvf /tmp/ftp/netconf.tar.gz /etc/netconf",
+                                            "ftp ftp://127.0.0.10/netconf.tar.gz %1/netconf.tar.gz",
+                                            "shell 16 rm -rf /tmp/ftp/netconf.tar.gz"};
+    QTest::newRow("sharefs") << LogRoutine(downloadSharefsLog) << "tar -zcvf /tmp/ftp/sharefs.tar.gz /mnt/sharefs\n"
+                             << "rm -rf /tmp/ftp/sharefs.tar.gz\n"
+                             << QStringList{"shell 19 tar -zcvf /tmp/ftp/sharefs.tar.gz /mnt/sharefs",
+                                            "ftp ftp://127.0.0.10/sharefs.tar.gz %1/sharefs.tar.gz",
+                                            "shell 20 rm -rf /tmp/ftp/sharefs.tar.gz"};
+}
+
+void tst_logCollection::archive()
+{
+    QFETCH(LogRoutine, routine);
+    QFETCH(QString, pack);
+    QFETCH(QString, remove);
+    QFETCH(QStringList, calls);
+    m_shell.answer(pack, QStringLiteral("~ # "));
+    m_shell.answer(remove, QStringLiteral("~ # "));
+    int verdict = 99;
+    QCOMPARE(runLog(routine, &verdict), QString());
+    QCOMPARE(verdict, 0);
+    QCOMPARE(m_shell.calls(), calls.replaceInStrings(QStringLiteral("%1"), folder()));
+    QVERIFY(QDir(folder()).exists());
+}
+
+void tst_logCollection::archiveStepsRunEvenIfEarlierOnesFail()
+{
+    m_shell.setDownloadResult(-1);
+    int verdict = 99;
+    runLog(downloadCameraLog, &verdict);
+    QCOMPARE(verdict, -1);
+    QCOMPARE(m_shell.calls().size(), 3);
+
+    // The verdict is that of the last shell call alone.
+    m_shell.answer(QStringLiteral("rm -rf /tmp/ftp/log.tar.gz\n"), QStringLiteral("~ # "));
+    runLog(downloadCameraLog, &verdict);
+    QCOMPARE(verdict, 0);
+}
+
+void tst_logCollection::text_data()
+{
+    QTest::addColumn<LogRoutine>("routine");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("dmesg") << LogRoutine(downloadDmesgLog) << "dmesg\n"
+                           << "shell 11 dmesg"
+                           << "/dmesg.txt";
+    QTest::newRow("pstree and ps") << LogRoutine(downloadPstreePsLog) << "pstree && ps\n"
+                                   << "shell 12 pstree && ps"
+                                   << "/pstree_ps.txt";
+    QTest::newRow("ifconfig") << LogRoutine(downloadIfconfLog) << "ifconfig -a\n"
+                              << "shell 13 ifconfig -a"
+                              << "/ifconfig.txt";
+    QTest::newRow("version") << LogRoutine(downloadVersionLog) << "cat /etc/kest_version\n"
+                             << "shell 14 cat /etc/kest_version"
+                             << "/kest_verison.txt";
+    QTest::newRow("scan") << LogRoutine(downloadIwDevAp0ScanLog) << "iw dev ap0 scan\n"
+                          << "shell 17 iw dev ap0 scan"
+                          << "/iw_dev_ap0_scan.txt";
+    QTest::newRow("card controller") << LogRoutine(downloadMciInfoLog) << "cat /proc/mci/mci_info\n"
+                                     << "shell 18 cat /proc/mci/mci_info"
+                                     << "/mci_info.txt";
+}
+
+void tst_logCollection::text()
+{
+    QFETCH(LogRoutine, routine);
+    QFETCH(QString, command);
+    QFETCH(QString, call);
+    QFETCH(QString, file);
+    m_shell.answer(command, QStringLiteral("echo\r\n输出 line\r\n~ # "));
+    int verdict = 99;
+    QCOMPARE(runLog(routine, &verdict), QString());
+    QCOMPARE(verdict, 0);
+    QCOMPARE(m_shell.calls(), QStringList{call});
+    QCOMPARE(contentOf(folder() + file), QByteArray("echo\r\n\xE8\xBE\x93\xE5\x87\xBA line\r\n~ # "));
+}
+
+void tst_logCollection::textFileIsWrittenWhenTheCommandFailed()
+{
+    int verdict = 99;
+    runLog(downloadDmesgLog, &verdict);
+    QCOMPARE(verdict, -1);
+    QCOMPARE(contentOf(folder() + QStringLiteral("/dmesg.txt")), QByteArray());
+}
+
+void tst_logCollection::valuesAreNotFilledInAgain()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->zipLogTargetPath = QStringLiteral("/ftp/%2");
+    face->logPath = QStringLiteral("/var/%1");
+    face->versionPath = QStringLiteral("/etc/%1");
+    int verdict = 99;
+    runLog(downloadCameraLog, &verdict);
+    runLog(downloadVersionLog, &verdict);
+    QCOMPARE(m_shell.calls().at(0), QStringLiteral("shell 7 tar -zcvf /ftp/%2/log.tar.gz /var/%1"));
+    QCOMPARE(m_shell.calls().at(2), QStringLiteral("shell 8 rm -rf /ftp/%2/log.tar.gz"));
+    QCOMPARE(m_shell.calls().at(3), QStringLiteral("shell 14 cat /etc/%1"));
+}
+
+void tst_logCollection::laterLogReplacesTheEarlierOne()
+{
+    int verdict = 99;
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("a long first reply\r\n~ # "));
+    runLog(downloadDmesgLog, &verdict);
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("second\r\n~ # "));
+    runLog(downloadDmesgLog, &verdict);
+    QCOMPARE(contentOf(folder() + QStringLiteral("/dmesg.txt")), QByteArray("second\r\n~ # "));
+}
+
+void tst_logCollection::folderWithoutMacAddress()
+{
+    KestDetectorFace::Get()->macAddress = QString();
+    int verdict = 99;
+    runLog(downloadDmesgLog, &verdict);
+    QVERIFY(QFile::exists(m_folder->path() + QStringLiteral("/log/2024-05-01_/dmesg.txt")));
+}
+
+void tst_logCollection::fileThatCannotBeWritten_data()
+{
+    QTest::addColumn<QString>("obstacle");
+    QTest::addColumn<QString>("target");
+    QTest::newRow("folder cannot be created") << "/log"
+                                              << "/nonexistent";
+    QTest::newRow("file cannot be created") << "/log/2024-05-01_AABBCCDDEEFF/dmesg.txt"
+                                            << "/nonexistent/file";
+    QTest::newRow("disk is full") << "/log/2024-05-01_AABBCCDDEEFF/dmesg.txt"
+                                  << "/dev/full";
+}
+
+void tst_logCollection::fileThatCannotBeWritten()
+{
+    QFETCH(QString, obstacle);
+    QFETCH(QString, target);
+    const QString link = m_folder->path() + obstacle;
+    QVERIFY(QDir().mkpath(QFileInfo(link).path()));
+    QVERIFY(QFile::link(target, link));
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("reply\r\n~ # "));
+    const MessageSpy spy;
+    int verdict = 99;
+    QCOMPARE(runLog(downloadDmesgLog, &verdict), QString());
+    QCOMPARE(verdict, 0);
+    QVERIFY(!spy.containing(folder() + QStringLiteral("/dmesg.txt")).isEmpty());
+}
+
+void tst_logCollection::component_data()
+{
+    QTest::addColumn<QList<int>>("items");
+    QTest::addColumn<int>("verdict");
+    QTest::addColumn<QStringList>("events");
+    QTest::addColumn<QStringList>("records");
+    QTest::newRow("no items") << QList<int>() << 0 << QStringList{"progress 0", "log 9"} << QStringList();
+    QTest::newRow("dmesg twice") << QList<int>{2, 2} << 0 << QStringList{"progress 0", "item dmesg",   "progress 50",
+                                                                         "item dmesg", "progress 100", "log 9"}
+                                 << QStringList{"0||", "0||"};
+    QTest::newRow("a command that fails")
+        << QList<int>{4, 2} << 1
+        << QStringList{"progress 0", "item ifconfig", "progress 50", "item dmesg", "progress 100", "log 9"}
+        << QStringList{"-1||", "0||"};
+    QTest::newRow("an unknown item only advances the progress")
+        << QList<int>{10, 2, -1} << 0
+        << QStringList{"progress 0", "progress 33", "item dmesg", "progress 66", "progress 100", "log 9"}
+        << QStringList{"0||"};
+}
+
+void tst_logCollection::component()
+{
+    QFETCH(QList<int>, items);
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("reply\r\n~ # "));
+    const FacadeSpy spy;
+    const Outcome outcome = runComponent(downLoadLogs, items);
+    QTEST(outcome.verdict, "verdict");
+    QCOMPARE(outcome.text, QString());
+    QTEST(spy.events(), "events");
+    QTEST(texts(spy.logs().constFirst()), "records");
+    // The detection log has no block for it.
+    QVERIFY(KestDetectorFace::Get()->checkLogList.get().isEmpty());
+}
+
+void tst_logCollection::allItems()
+{
+    const QString before = QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
+    const FacadeSpy spy;
+    runComponent(downLoadLogs, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9});
+    const QString after = QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
+    QCOMPARE(spy.events(), (QStringList{"progress 0",   "item log",      "progress 10", "item private",
+                                        "progress 20",  "item dmesg",    "progress 30", "item pstree&&ps",
+                                        "progress 40",  "item ifconfig", "progress 50", "item kest_version",
+                                        "progress 60",  "item netconf",  "progress 70", "item iwDevAp0Scan",
+                                        "progress 80",  "item mci_info", "progress 90", "item sharefs",
+                                        "progress 100", "log 9"}));
+    const QStringList folders =
+        QDir(m_folder->path() + QStringLiteral("/log")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QCOMPARE(folders.size(), 1);
+    QVERIFY(folders.first() == before + QStringLiteral("_AABBCCDDEEFF") ||
+            folders.first() == after + QStringLiteral("_AABBCCDDEEFF"));
+    QCOMPARE(QDir(m_folder->path() + QStringLiteral("/log/") + folders.first()).entryList(QDir::Files, QDir::Name),
+             (QStringList{"dmesg.txt", "ifconfig.txt", "iw_dev_ap0_scan.txt", "kest_verison.txt", "mci_info.txt",
+                          "pstree_ps.txt"}));
+}
+
+QTEST_GUILESS_MAIN(tst_logCollection)
+#include "tst_logCollection.moc"

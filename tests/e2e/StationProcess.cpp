@@ -1,0 +1,154 @@
+#include "StationProcess.h"
+
+#include <csignal>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QtDebug>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace {
+QString iniPath(const QString &folder)
+{
+    return folder + QStringLiteral("/option.ini");
+}
+} // namespace
+
+StationProcess::StationProcess()
+{
+    const QString program = m_folder.filePath(QStringLiteral("KestDetector"));
+    // A hard link is enough where the file system allows it: the program looks for its files where it was started.
+    const QByteArray original = QByteArrayLiteral(KEST_BIN_DIR "/KestDetector");
+    if (link(original.constData(), QFile::encodeName(program).constData()) != 0 &&
+        !QFile::copy(QString::fromLocal8Bit(original), program)) {
+        qWarning("The station cannot be put into %s", qPrintable(m_folder.path()));
+    }
+    QFile ini(QStringLiteral(KEST_SOURCE_DIR "/emulator/option.ini"));
+    if (ini.open(QIODevice::ReadOnly)) {
+        writeOptionIni(ini.readAll());
+    }
+    setVariable(QStringLiteral("TMPDIR"), m_temporary.path());
+}
+
+void StationProcess::Process::setupChildProcess()
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+}
+
+StationProcess::~StationProcess()
+{
+    if (m_process.state() != QProcess::NotRunning) {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+}
+
+void StationProcess::writeOptionIni(const QByteArray &content) const
+{
+    QFile file(iniPath(folder()));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        qWarning("option.ini cannot be written: %s", qPrintable(file.errorString()));
+    }
+}
+
+void StationProcess::removeOptionIni() const
+{
+    QFile::remove(iniPath(folder()));
+}
+
+QByteArray StationProcess::optionIni() const
+{
+    QFile file(iniPath(folder()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void StationProcess::start(const QString &components, const QStringList &options)
+{
+    m_process.setProcessEnvironment(m_environment);
+    m_process.setStandardOutputFile(m_output.path());
+    m_process.setStandardErrorFile(m_debugOutput.path());
+    m_process.start(m_folder.filePath(QStringLiteral("KestDetector")),
+                    QStringList{QStringLiteral("-platform"), QStringLiteral("offscreen"), QStringLiteral("--run"),
+                                components, QStringLiteral("--save-path"), savePath()} +
+                        options);
+    m_process.waitForStarted();
+}
+
+void StationProcess::signal(int number) const
+{
+    ::kill(static_cast<pid_t>(m_process.processId()), number);
+}
+
+bool StationProcess::isRunning()
+{
+    m_process.waitForFinished(0);
+    return m_process.state() != QProcess::NotRunning;
+}
+
+int StationProcess::finish(int limitMs)
+{
+    if (!m_process.waitForFinished(limitMs) && m_process.state() != QProcess::NotRunning) {
+        qWarning("The station does not end");
+        m_process.kill();
+        m_process.waitForFinished();
+        return -1;
+    }
+    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}
+
+int StationProcess::run(const QString &components, const QStringList &options)
+{
+    start(components, options);
+    return finish();
+}
+
+QStringList StationProcess::verdicts() const
+{
+    static const QRegularExpression verdict(QStringLiteral("^[A-Za-z ]+: (OK|NG|warning|not tested)$"));
+    const QStringList lines = QString::fromUtf8(m_output.content()).split(QLatin1Char('\n'));
+    const int end = lines.lastIndexOf(QRegularExpression(QStringLiteral("^Result: .*$")));
+    int begin = end;
+    while (begin > 0 && verdict.match(lines.at(begin - 1)).hasMatch()) {
+        --begin;
+    }
+    return end < 0 ? QStringList() : lines.mid(begin, end - begin + 1);
+}
+
+QString StationProcess::runFolder() const
+{
+    const QDir logs(savePath() + QStringLiteral("/log"));
+    const QStringList folders = logs.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return folders.size() == 1 ? logs.filePath(folders.constFirst()) : QString();
+}
+
+QByteArray StationProcess::saved(const QString &fileName) const
+{
+    QFile file(runFolder() + QLatin1Char('/') + fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
+QMap<QString, QByteArray> StationProcess::allSaved() const
+{
+    static const QRegularExpression date(QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}_"));
+    const QDir logs(savePath() + QStringLiteral("/log"));
+    QMap<QString, QByteArray> files;
+    QDirIterator entries(logs.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        QFile file(entries.next());
+        files.insert(logs.relativeFilePath(file.fileName()).remove(date),
+                     file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)"));
+    }
+    return files;
+}
+
+QStringList StationProcess::leftovers() const
+{
+    constexpr auto everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    QStringList names = QDir(folder()).entryList(everything) + QDir(m_temporary.path()).entryList(everything);
+    for (const char *expected : {"KestDetector", "option.ini", "log.txt", "saved"}) {
+        names.removeAll(QLatin1String(expected));
+    }
+    return names;
+}

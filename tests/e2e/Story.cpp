@@ -1,0 +1,81 @@
+#include "Story.h"
+
+#include <cstdio>
+#include <QSet>
+#include <QtTest>
+
+namespace {
+QString act(const Story::Act &action, Scene &scene)
+{
+    return action ? action(scene) : QString();
+}
+
+/// From the camera's start to the station's end; what went wrong, or an empty text.
+QString playInto(const Story &story, Scene &scene, Outcome *outcome)
+{
+    if (story.hasCamera && !(story.shippedScenario.isEmpty() ? scene.camera.start(story.scenario)
+                                                             : scene.camera.startShipped(story.shippedScenario))) {
+        return QStringLiteral("the camera does not start");
+    }
+    QString problem = act(story.before, scene);
+    if (!problem.isEmpty()) {
+        return problem;
+    }
+    scene.station.start(story.components, story.options);
+    problem = act(story.meanwhile, scene);
+    outcome->exitCode = scene.station.finish();
+    if (problem.isEmpty()) {
+        problem = act(story.after, scene);
+    }
+    return problem;
+}
+} // namespace
+
+Outcome play(const Story &story)
+{
+    Outcome outcome;
+    Scene scene;
+    outcome.problem = playInto(story, scene, &outcome);
+    if (outcome.problem.startsWith(cannotBePlayed)) {
+        outcome.skipped = outcome.problem;
+    }
+    outcome.verdicts = scene.station.verdicts().join(QStringLiteral(", "));
+    outcome.files = scene.station.allSaved();
+    outcome.debugOutput = QString::fromUtf8(scene.station.debugOutput().content());
+    outcome.leftovers = scene.station.leftovers();
+    if (story.hasCamera && outcome.problem.isEmpty() && !scene.camera.stop()) {
+        outcome.problem = QStringLiteral("the camera does not stop");
+    }
+    return outcome;
+}
+
+void compare(const Story &story, const Outcome &outcome)
+{
+    if (!outcome.skipped.isEmpty()) {
+        QTest::qSkip(qPrintable(outcome.skipped), __FILE__, __LINE__);
+        return;
+    }
+    if (!outcome.problem.isEmpty() || outcome.exitCode != story.exitCode) {
+        // Whole, which a message of the test would not be.
+        std::fprintf(stderr, "%s\n", qUtf8Printable(outcome.debugOutput));
+    }
+    QVERIFY2(outcome.problem.isEmpty(), qPrintable(outcome.problem));
+    QCOMPARE(outcome.exitCode, story.exitCode);
+    QCOMPARE(outcome.verdicts, story.verdicts);
+    for (auto file = story.files.begin(); file != story.files.end(); ++file) {
+        QVERIFY2(outcome.files.contains(file.key()), qPrintable(file.key() + QStringLiteral(" is missing")));
+        QCOMPARE(QString::fromUtf8(outcome.files.value(file.key())), QString::fromUtf8(file.value()));
+    }
+    if (!story.folders.isEmpty()) {
+        QSet<QString> folders;
+        for (auto file = outcome.files.begin(); file != outcome.files.end(); ++file) {
+            folders.insert(file.key().section(QLatin1Char('/'), 0, 0));
+        }
+        QCOMPARE(folders, QSet<QString>(story.folders.begin(), story.folders.end()));
+    }
+    for (const QString &text : story.says) {
+        QVERIFY2(outcome.debugOutput.contains(text),
+                 qPrintable(text + QStringLiteral(" is missing in:\n") + outcome.debugOutput));
+    }
+    QCOMPARE(outcome.leftovers, QStringList());
+}

@@ -1,0 +1,151 @@
+#include "Stage.h"
+#include "waiting.h"
+
+#include <csignal>
+#include <cstdio>
+#include <QElapsedTimer>
+#include <QtTest>
+
+/// The window closed at hundreds of moments, from the program's first milliseconds to the middle of a run, and the
+/// program told to end: it is gone within 3 s, every thread with it, and leaves nothing behind.
+class tst_E2eClose : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void close_data();
+    void close();
+
+private:
+    std::vector<QStringList> m_problems; ///< by number of the series
+};
+
+namespace {
+constexpr int momentsOfSeries = 20;
+constexpr int limitMs = 3000;
+
+enum class Way {
+    window, ///< the window is closed
+    signal, ///< SIGTERM
+};
+
+/// So many moments with one camera.
+struct Series
+{
+    const char *name;
+    Way way;
+    bool hasCamera;
+    const char *scenario;
+};
+
+#define ALWAYS(kind) "[{\"kind\": " kind ", \"times\": \"always\"}]"
+#define ALL_QUERIES(faults)                                                                                            \
+    "{\"faults\": {\"getCameraState\": " faults ", \"getTFCardStatus\": " faults ", \"getTFCardUsedStatus\": " faults  \
+    ", \"getBatteryInfo\": " faults ", \"getBatteryStatus\": " faults ", \"getBatteryEscFactoryCheck\": " faults       \
+    ", \"getGimbalDeviceInfo\": " faults ", \"getGimbalESCDevicesCheck\": " faults ", \"ReadEEPROM\": " faults "}}"
+
+constexpr char healthy[] = "{}";
+constexpr char noAnswer[] = ALL_QUERIES(ALWAYS("\"drop\""));
+constexpr char slowAnswer[] = ALL_QUERIES(ALWAYS("\"delay\", \"ms\": 700"));
+constexpr char hangingShell[] = R"({"shell": {"files": {"/bin/mount": "#!/bin/sh\nexec sleep 60\n"}}})";
+
+constexpr Series allSeries[] = {
+    {"healthy camera", Way::window, true, healthy},
+    {"healthy camera, other moments", Way::window, true, healthy},
+    {"no camera", Way::window, false, ""},
+    {"camera that answers no query", Way::window, true, noAnswer},
+    {"camera that answers late", Way::window, true, slowAnswer},
+    {"camera that answers no registration", Way::window, true,
+     R"({"faults": {"registerPC": [{"kind": "drop", "times": "always"}]}})"},
+    {"shell that says nothing", Way::window, true, R"({"shell": {"fault": "silent"}})"},
+    {"shell that floods", Way::window, true, R"({"shell": {"fault": "flood"}})"},
+    {"shell command that hangs", Way::window, true, hangingShell},
+    {"FTP transfer that hangs", Way::window, true, R"({"ftp": {"fault": "stall"}})"},
+    {"SIGTERM, healthy camera", Way::signal, true, healthy},
+    {"SIGTERM, camera that answers no query", Way::signal, true, noAnswer},
+};
+constexpr int seriesCount = sizeof allSeries / sizeof allSeries[0];
+
+/// Half of the moments lie within the first 0.4 s, in which the station connects; no two series share one.
+int moment(int series, int number)
+{
+    constexpr int dense = momentsOfSeries / 2;
+    return number < dense ? number * 40 + series * 3 : 400 + (number - dense) * 260 + series * 20;
+}
+
+/// Starts the station and ends it at a moment; what went wrong, or an empty text.
+QString endAt(const Series &series, int milliseconds)
+{
+    StationProcess station;
+    QStringList options{QStringLiteral("--repeat"), QStringLiteral("1000000")};
+    if (series.way == Way::window) {
+        options += QStringList{QStringLiteral("--close-after"), QString::number(milliseconds)};
+    }
+    station.start(QStringLiteral("all"), options);
+    // Its first words come from the supervisor, just after the window is there.
+    waitUntil([&] { return !station.isRunning() || !station.debugOutput().content().isEmpty(); }, 60000);
+    QElapsedTimer clock;
+    clock.start();
+    if (series.way == Way::signal) {
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
+        station.signal(SIGTERM);
+    }
+    const int exitCode = station.finish(milliseconds + 60000);
+    const qint64 taken = clock.elapsed() - milliseconds;
+    const QStringList leftovers = station.leftovers();
+    if (exitCode == (series.way == Way::window ? 0 : 1) && taken < limitMs && leftovers.isEmpty()) {
+        return {};
+    }
+    // Whole, which a message of the test would not be.
+    std::fprintf(stderr, "%s\n", station.debugOutput().content().constData());
+    return QStringLiteral("%1 ms: exit code %2 after %3 ms, %4")
+        .arg(QString::number(milliseconds), QString::number(exitCode), QString::number(taken), leftovers.join(' '));
+}
+
+QStringList endAtAllMoments(int number)
+{
+    const Series &series = allSeries[number];
+    CameraProcess camera;
+    if (series.hasCamera && !camera.start(series.scenario)) {
+        return {QStringLiteral("the camera does not start")};
+    }
+    QStringList problems;
+    for (int i = 0; i < momentsOfSeries; ++i) {
+        const QString problem = endAt(series, moment(number, i));
+        if (!problem.isEmpty()) {
+            problems.append(problem);
+        }
+    }
+    if (series.hasCamera && !camera.stop()) {
+        problems.append(QStringLiteral("the camera does not stop"));
+    }
+    return problems;
+}
+} // namespace
+
+void tst_E2eClose::initTestCase()
+{
+    m_problems.resize(seriesCount);
+    constexpr int width = 6;
+    inPrivateNetworks(seriesCount, width,
+                      [this](int i) { m_problems.at(static_cast<std::size_t>(i)) = endAtAllMoments(i); });
+}
+
+void tst_E2eClose::close_data()
+{
+    QTest::addColumn<int>("series");
+    for (int i = 0; i < seriesCount; ++i) {
+        QTest::newRow(allSeries[i].name) << i;
+    }
+}
+
+void tst_E2eClose::close()
+{
+    QFETCH(int, series);
+    const QStringList &problems = m_problems.at(static_cast<std::size_t>(series));
+    QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
+}
+
+QTEST_GUILESS_MAIN(tst_E2eClose)
+#include "tst_e2e_close.moc"

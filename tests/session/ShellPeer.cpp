@@ -1,0 +1,55 @@
+#include "ShellPeer.h"
+
+#include <QHostAddress>
+
+ShellPeer::ShellPeer()
+{
+    connect(&m_server, &QTcpServer::newConnection, this, &ShellPeer::accept);
+    m_server.listen(QHostAddress(QStringLiteral("127.0.0.10")), 23);
+}
+
+void ShellPeer::accept()
+{
+    m_socket = m_server.nextPendingConnection();
+    m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    ++m_connections;
+    m_line.clear();
+    connect(m_socket, &QTcpSocket::readyRead, this, &ShellPeer::read);
+    if (m_autoLogin) {
+        say("(none) login: ");
+    }
+}
+
+void ShellPeer::say(const QByteArray &text)
+{
+    m_socket->write(text);
+    m_socket->flush();
+}
+
+void ShellPeer::autoLogin()
+{
+    m_autoLogin = true;
+    onLine = [this](const QByteArray &line) { say(line == "root" ? "root\r\nPassword: " : "\r\n~ # "); };
+}
+
+void ShellPeer::read()
+{
+    constexpr char interpretAsCommand = '\xff';
+    const QByteArray bytes = m_socket->readAll();
+    for (int at = 0; at < bytes.size(); ++at) {
+        if (bytes.at(at) == interpretAsCommand) {
+            at += 2;
+            continue;
+        }
+        m_received += bytes.at(at);
+        if (bytes.at(at) != '\n') {
+            m_line += bytes.at(at);
+            continue;
+        }
+        const QByteArray line = m_line;
+        m_line.clear();
+        if (onLine) {
+            onLine(line);
+        }
+    }
+}

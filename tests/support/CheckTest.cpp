@@ -1,0 +1,23 @@
+#include "support/CheckTest.h"
+
+#include "detector/store/KestDetectorFace.h"
+
+void reportStatus(ScriptedCamera &camera, quint64 status, const QList<int> &examined)
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->cameraStatusMask = ~Q_UINT64_C(0);
+    face->statusBitList.clear();
+    for (int position = 0; position < 64; ++position) {
+        face->statusBitList.append(examined.contains(position));
+    }
+    camera.answer(1, 0x1C1, QByteArray(4, 0) + littleEndian(status, 8) + QByteArray(76, 0));
+}
+
+QByteArray littleEndian(quint64 value, int bytes)
+{
+    QByteArray text;
+    for (int i = 0; i < bytes; ++i) {
+        text.append(static_cast<char>(value >> (8 * i) & 0xFF));
+    }
+    return text;
+}

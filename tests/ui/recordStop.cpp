@@ -1,0 +1,12 @@
+#include "recordStop.h"
+
+#include "detector/store/KestDetectorFace.h"
+#include "ui/stopServices.h"
+
+StopRecord stopRecord;
+
+void stopServices()
+{
+    ++stopRecord.calls;
+    stopRecord.quitFlag = KestDetectorFace::Get()->quitFlag;
+}
