@@ -1,0 +1,408 @@
+#!/usr/bin/python3
+"""Runs every benchmark side by side with its floor or peer and prints one table; called by bench/run.
+
+    measure.py BUILD_FOLDER [ROW ...]
+
+Needs a network in which the emulated camera's ports are free. The table also goes to BUILD_FOLDER/bench.json.
+"""
+
+import contextlib
+import json
+import os
+import pathlib
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+REPETITIONS = 5
+KIB = 1024
+MIB = 1024 * KIB
+SHELL_SIZES = [KIB, 64 * KIB, 256 * KIB, MIB, 4 * MIB]
+TASKS_OF_A_FULL_RUN = 10
+TASK_PAUSE_MS = 100
+RUNS_FOR_MEMORY = 100
+IDLE_SLICES = 5
+IDLE_SLICE_SECONDS = 12
+SHELL_WAITS = 5
+FRAME_MS = 16
+
+build = pathlib.Path()
+work = pathlib.Path()
+environment = {}
+rows = []
+
+
+def program(name):
+    return build / "bench" / name / name
+
+
+def add_row(row, what, measured, peer_name, peer, ratio, goal, met, unit="", note=""):
+    """`measured`, `peer` and `ratio` are lists with one number for each repetition; peer and ratio may be empty."""
+    rows.append({
+        "row": row, "what": what, "unit": unit, "measured": summary(measured), "peer": peer_name,
+        "peerMeasured": summary(peer), "ratio": summary(ratio), "goal": goal, "met": met, "note": note})
+    print(format_row(rows[-1]), flush=True)
+
+
+def summary(samples):
+    if not samples:
+        return None
+    return {"median": statistics.median(samples), "min": min(samples), "max": max(samples), "samples": list(samples)}
+
+
+def ratios(measured, peer):
+    """Each repetition against the one of its peer that ran beside it."""
+    return [ours / theirs for ours, theirs in zip(measured, peer)]
+
+
+def add_comparison(row, what, measured, peer_name, peer, unit, limit, goal):
+    ratio = ratios(measured, peer)
+    met = None if limit is None else statistics.median(ratio) <= limit
+    add_row(row, what, measured, peer_name, peer, ratio, goal, met, unit)
+
+
+def number(value):
+    return f"{value:.3g}" if abs(value) < 1000 else f"{value:.0f}"
+
+
+def format_summary(value, unit=""):
+    if value is None:
+        return "-"
+    text = number(value["median"]) + (f" {unit}" if unit else "")
+    if len(value["samples"]) > 1:
+        text += f" ({number(value['min'])}..{number(value['max'])})"
+    return text
+
+
+def format_row(row):
+    met = {True: "met", False: "MISSED", None: "-"}[row["met"]]
+    peer = "-" if row["peerMeasured"] is None else f"{row['peer']}: {format_summary(row['peerMeasured'], row['unit'])}"
+    cells = [row["row"], row["what"], format_summary(row["measured"], row["unit"]), peer,
+             format_summary(row["ratio"]), row["goal"], met]
+    return "| " + " | ".join(cells) + " |"
+
+
+HEADER = "| row | case | measured | floor or peer | ratio | goal | |\n|---|---|---|---|---|---|---|"
+
+
+@contextlib.contextmanager
+def camera():
+    """The emulated camera with the benchmarks' files in it; yields its file system's folder."""
+    folder = pathlib.Path(tempfile.mkdtemp(prefix="camera-", dir=work))
+    with subprocess.Popen([build / "bin" / "camera-emulator", "--run-dir", folder], stdout=subprocess.PIPE,
+                          stderr=subprocess.DEVNULL, text=True) as process:
+        try:
+            if "ready" not in process.stdout.readline():
+                raise RuntimeError("the emulated camera did not start")
+            root = folder / "rootfs"
+            texts = root / "data" / "bench"
+            texts.mkdir()
+            line = b"kernel: [   12.345678] mmc0: new ultra high speed SDR104 SDXC card at address 0001\n"
+            for size in SHELL_SIZES:
+                (texts / str(size)).write_bytes((line * (size // len(line) + 1))[:size - 1] + b"\n")
+            yield root
+        finally:
+            process.terminate()
+            process.wait(30)
+            shutil.rmtree(folder, ignore_errors=True)
+
+
+def google_benchmark(name, arguments=(), options=()):
+    """Runs a Google Benchmark program; returns its repetitions by benchmark name."""
+    command = [program(name), *arguments, "--benchmark_format=json", f"--benchmark_repetitions={REPETITIONS}",
+               "--benchmark_enable_random_interleaving=true", *options]
+    result = subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True,
+                            timeout=300)
+    found = {}
+    for entry in json.loads(result.stdout)["benchmarks"]:
+        if entry.get("error_occurred"):
+            raise RuntimeError(f"{entry['name']}: {entry['error_message']}")
+        if entry["run_type"] == "iteration":
+            key = entry["run_name"].split("/iterations")[0].split("/manual_time")[0].split("/real_time")[0]
+            found.setdefault(key, []).append(entry)
+    return found
+
+
+def values(entries, key="real_time", factor=1.0):
+    return [entry[key] * factor for entry in entries]
+
+
+class Probed:
+    """A running program whose probe reports its events."""
+
+    def __init__(self, name, arguments=(), **variables):
+        self.report = pathlib.Path(tempfile.mkstemp(prefix="report-", dir=work)[1])
+        self.begin = time.monotonic_ns()
+        self.process = subprocess.Popen(
+            [program(name), *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            env={**environment, "KEST_BENCH_REPORT": str(self.report), **variables})
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *unused):
+        self.process.terminate()
+        self.process.wait(30)
+
+    def events(self, name):
+        return [int(line.split()[1]) for line in self.report.read_text().splitlines() if line.split()[0] == name]
+
+    def wait_for(self, name, seconds):
+        limit = time.monotonic() + seconds
+        while not self.events(name):
+            if time.monotonic() > limit or self.process.poll() is not None:
+                raise RuntimeError(f"no {name} from {self.process.args[0]}")
+            time.sleep(0.02)
+        return self.events(name)[0]
+
+    def finish(self, seconds):
+        self.process.wait(seconds)
+
+    def processor_ns(self):
+        # clock_getcpuclockid(3): the processor time of another process.
+        return time.clock_gettime_ns((~self.process.pid << 3) | 2)
+
+    def resident_mib(self):
+        status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text()
+        return int(status.split("VmRSS:")[1].split()[0]) / KIB
+
+
+def full_run(_):
+    with camera():
+        floors = []
+        for _ in range(REPETITIONS):
+            output = subprocess.run([program("rawRun"), work], stdout=subprocess.PIPE, text=True, check=True,
+                                    timeout=60).stdout
+            floors.append(sum(int(line.split()[1]) for line in output.splitlines()) / 1e6)
+        with Probed("probedStation", ["--run", "all", "--repeat", str(REPETITIONS), "--save-path", work]) as station:
+            station.finish(120)
+            starts = station.events("run-start")
+            measured = [(end - start) / 1e6 for start, end in zip(starts, station.events("run-end"))]
+            taken = [(begin - start) / 1e6 for start, begin in zip(starts, station.events("run-taken"))]
+            passed = station.events("run-passed")
+            cpu = [ns / 1e6 for ns in station.events("run-processor-ns")]
+    if passed != [1] * REPETITIONS:
+        raise RuntimeError("a run did not pass")
+    # The runner looks for a request every 50 ms; how long it took to see this one is the pause's share of this run.
+    floor = [camera_time + TASKS_OF_A_FULL_RUN * TASK_PAUSE_MS + pause for camera_time, pause in zip(floors, taken)]
+    add_comparison("full run", "ten components, Start to verdict", measured, "pauses + camera, raw", floor, "ms", 1.05,
+                   "<= 1.05")
+    add_row("idle", "processor time of a run", [100 * part / whole for part, whole in zip(cpu, measured)], "", [], [],
+            "report", None, "% of a core")
+
+
+def requests(_):
+    with camera():
+        found = google_benchmark("requestBench")
+    for ours, raw, name in (("ping", "rawPing", "Ping"), ("eeprom", "rawEeprom", "EEPROM, 720 bytes")):
+        add_comparison("request", f"{name}, p50", values(found[ours], "p50_us"), "raw UDP socket",
+                       values(found[raw], "p50_us"), "us", 2.0, "<= 2.0")
+        p99 = values(found[ours], "p99_us")
+        add_row("request", f"{name}, p99", p99, "raw UDP socket", values(found[raw], "p99_us"), [], "< 1000 us",
+                statistics.median(p99) < 1000, "us")
+
+
+def shell(_):
+    with camera():
+        found = google_benchmark("shellBench")
+    for size in (KIB, 64 * KIB, MIB):
+        add_comparison("shell", f"{size // KIB} KiB", values(found[f"telnet/{size}"], factor=1e-6), "raw socket",
+                       values(found[f"rawTelnet/{size}"], factor=1e-6), "ms", 1.3, "<= 1.3")
+    per_byte = {size: values(found[f"telnet/{size}"], factor=1 / size) for size in SHELL_SIZES}
+    raw_per_byte = {size: values(found[f"rawTelnet/{size}"], factor=1 / size) for size in SHELL_SIZES}
+    smallest, largest = 64 * KIB, 4 * MIB
+    for size in (smallest, 256 * KIB, MIB, largest):
+        last = size == largest
+        growth = ratios(per_byte[size], per_byte[smallest])
+        add_row("growth", f"{size // KIB} KiB, cost of a byte", per_byte[size], "raw socket", raw_per_byte[size],
+                growth, "<= 1.5 x 64 KiB" if last else "report", statistics.median(growth) <= 1.5 if last else None,
+                "ns")
+
+
+def ftp(_):
+    with camera() as root:
+        for name, size in (("1 MiB", MIB), ("200 MiB", 200 * MIB)):
+            (root / "tmp" / "archive" / "file.bin").write_bytes(os.urandom(size))
+            ours, curl = [], []
+            target = work / "file.bin"
+            for _ in range(REPETITIONS + 1):
+                result = subprocess.run(
+                    [program("ftpBench"), "file.bin", work, "--benchmark_format=json"], env=environment,
+                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True, timeout=60)
+                entry = json.loads(result.stdout)["benchmarks"][0]
+                if entry.get("error_occurred") or target.stat().st_size != size:
+                    raise RuntimeError("the download failed")
+                ours.append(entry["real_time"] / 1e6)
+                # Its own clock: without the start of the process.
+                output = subprocess.run(
+                    ["curl", "-s", "-S", "-o", target, "-w", "%{time_total}", "--user", "camera:camera",
+                     "ftp://127.0.0.10:2121/file.bin"], stdout=subprocess.PIPE, text=True, check=True).stdout
+                curl.append(float(output) * 1000)
+                target.unlink()
+            # The first pair has warmed up the server.
+            add_comparison("FTP", name, ours[1:], "curl", curl[1:], "ms", 1.0, "<= 1.0")
+
+
+def idle(_):
+    with camera(), Probed("probedStation") as station, Probed("emptyWindow") as empty:
+        station.wait_for("linked", 30)
+        empty.wait_for("first-paint", 30)
+        time.sleep(2)
+        parts = {station: [], empty: []}
+        for _ in range(IDLE_SLICES):
+            before = {one: one.processor_ns() for one in parts}
+            begin = time.monotonic_ns()
+            time.sleep(IDLE_SLICE_SECONDS)
+            elapsed = time.monotonic_ns() - begin
+            for one, samples in parts.items():
+                samples.append(100 * (one.processor_ns() - before[one]) / elapsed)
+    above = [ours - theirs for ours, theirs in zip(parts[station], parts[empty])]
+    add_row("idle", f"connected, {IDLE_SLICES} x {IDLE_SLICE_SECONDS} s", parts[station], "empty window",
+            parts[empty], [], "<= 0.5 % above it", statistics.median(above) <= 0.5, "% of a core")
+
+
+def wait(_):
+    with camera(), Probed("probedStation", KEST_BENCH_WAITS=str(SHELL_WAITS)) as station:
+        station.wait_for("waits-done", 60)
+        if station.events("wait-result") != [-1] * SHELL_WAITS:
+            raise RuntimeError("a shell call found a prompt")
+        parts = [100 * processor / whole
+                 for processor, whole in zip(station.events("wait-processor-ns"), station.events("wait-ns"))]
+    add_row("idle", "in a shell wait of 5 s", parts, "", [], [], "<= 1 %", statistics.median(parts) <= 1,
+            "% of a core")
+
+
+def window(_):
+    with camera() as root:
+        # 1 MiB of kernel log, and an archive of 200 MiB that costs the camera nothing to pack.
+        shutil.copy(root / "data" / "bench" / str(MIB), root / "usr" / "share" / "camera" / "dmesg.txt")
+        (root / "data" / "large.bin").write_bytes(os.urandom(200 * MIB))
+        tar = root / "bin" / "tar"
+        tar.unlink()
+        tar.write_text("#!/bin/sh\n[ \"$3\" = /data/log ] && exec ln /data/large.bin \"$2\"\n"
+                       "exec busybox tar \"$@\"\n")
+        tar.chmod(0o755)
+        # The shell would run its own applet before anything in the PATH.
+        with (root / "etc" / "profile").open("a") as profile:
+            profile.write('tar() { /bin/tar "$@"; }\n')
+        os.chown(root / "data" / "large.bin", (root / "data").stat().st_uid, (root / "data").stat().st_gid)
+        with Probed("probedStation", ["--run", "all", "--repeat", str(REPETITIONS), "--save-path", work],
+                    KEST_BENCH_HEARTBEAT="1") as station:
+            station.finish(120)
+            absences = [ns / 1e6 for ns in station.events("run-longest-absence-ns")]
+            work_in_them = [ns / 1e6 for ns in station.events("run-longest-absence-processor-ns")]
+            moments = [ns / 1e6 for ns in station.events("run-longest-absence-at-ns")]
+    archives = list(work.glob("log/*/log.tar.gz"))
+    texts = list(work.glob("log/*/dmesg.txt"))
+    if not archives or archives[0].stat().st_size != 200 * MIB or texts[0].stat().st_size < MIB:
+        raise RuntimeError("the run did not fetch what it was to fetch")
+    add_row("window", "longest absence, 1 MiB text, 200 MiB file", absences, "processor time in it", work_in_them, [],
+            f"<= {FRAME_MS} ms", statistics.median(absences) <= FRAME_MS, "ms",
+            "each run's longest; at " + ", ".join(f"{moment:.0f}" for moment in moments) + " ms of the runs")
+
+
+def table(_):
+    found = google_benchmark("tableBench")
+    for count in (0, 1000, 5000, 10000):
+        times = values(found[f"add/{count}"], factor=1e-6)
+        add_row("table", f"ten rows more at {count}", times, "until shown",
+                values(found[f"addAndShow/{count}"], factor=1e-6), [], "< 1 ms", statistics.median(times) < 1, "ms")
+
+
+def start(_):
+    ours, empty = [], []
+    for _ in range(REPETITIONS + 1):
+        for name, samples in (("probedStation", ours), ("emptyWindow", empty)):
+            with Probed(name) as one:
+                samples.append((one.wait_for("first-paint", 30) - one.begin) / 1e6)
+    # The first pair has read the files from the disk.
+    add_comparison("start", "process start to painted window", ours[1:], "empty window", empty[1:], "ms", 1.5,
+                   "<= 1.5")
+
+
+def memory(_):
+    station_sizes, empty_sizes = [], []
+    with camera():
+        for _ in range(REPETITIONS):
+            with Probed("probedStation") as station, Probed("emptyWindow") as empty:
+                station.wait_for("linked", 30)
+                empty.wait_for("first-paint", 30)
+                time.sleep(0.5)
+                station_sizes.append(station.resident_mib())
+                empty_sizes.append(empty.resident_mib())
+        above = [ours - theirs for ours, theirs in zip(station_sizes, empty_sizes)]
+        add_row("memory", "after start", station_sizes, "empty window", empty_sizes, [], "<= 12 MiB above it",
+                statistics.median(above) <= 12, "MiB")
+        with Probed("probedStation", ["--run", "all", "--repeat", str(RUNS_FOR_MEMORY), "--save-path",
+                                      work]) as station:
+            station.finish(600)
+            resident = [kib / KIB for kib in station.events("run-resident-kib")]
+    if len(resident) != RUNS_FOR_MEMORY:
+        raise RuntimeError("not all runs came to their end")
+    growth = resident[-1] - resident[0]
+    add_row("memory", f"growth, run 1 to run {RUNS_FOR_MEMORY}", [growth], "", [], [], "< 1 MiB", growth < 1, "MiB",
+            f"{resident[0]:.1f} MiB after run 1, {resident[-1]:.1f} after run {RUNS_FOR_MEMORY}")
+
+
+def codec(_):
+    found = google_benchmark("codecBench", options=["--benchmark_min_time=0.1"])
+    for size in (12, 64, 1023):
+        ours = values(found[f"frame/{size}"])
+        add_comparison("codec", f"{size} bytes: encode, check, parse", ours, "Boost.CRC twice",
+                       values(found[f"boostFrame/{size}"]), "ns", 1.0, "< 1")
+        add_comparison("codec", f"{size} bytes: encode, check, parse", ours, "memcpy twice",
+                       values(found[f"memcpyFrame/{size}"]), "ns", None, "report")
+    for ours, boost, name in (("crc16", "boostCrc16", "CRC-16"), ("crc32", "boostCrc32", "CRC-32")):
+        add_comparison("codec", f"{name} of 1 KiB", values(found[ours]), "Boost.CRC", values(found[boost]), "ns", 1.0,
+                       "< 1")
+
+
+def log(_):
+    found = google_benchmark("logBench", options=["--benchmark_min_time=0.2"])
+    for case, name in (("below", "below the trim size"), ("above", "above it")):
+        for size in (100, 4 * KIB, MIB):
+            slowest = values(found[f"{case}/{size}"], "slowest_ms")
+            add_row("log", f"records of {size} bytes {name}", values(found[f"{case}/{size}"], "items_per_second"),
+                    "plain append", values(found[f"plainAppend/{size}"], "items_per_second"), [],
+                    "no step over 50 ms", max(slowest) <= 50, "/s", f"slowest step {max(slowest):.1f} ms")
+
+
+MEASUREMENTS = {one.__name__: one for one in (
+    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log)}
+
+
+def main():
+    global build, work
+    build = pathlib.Path(sys.argv[1]).resolve()
+    wanted = sys.argv[2:] or list(MEASUREMENTS)
+    unknown = set(wanted) - set(MEASUREMENTS)
+    if unknown:
+        sys.exit(f"unknown row {', '.join(sorted(unknown))}; known are {', '.join(MEASUREMENTS)}")
+    begin = time.monotonic()
+    work = pathlib.Path(tempfile.mkdtemp(prefix="bench-", dir=build))
+    environment.update(os.environ, QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=str(work))
+    failures = []
+    try:
+        print(HEADER)
+        for name in wanted:
+            try:
+                MEASUREMENTS[name](work)
+            except (RuntimeError, subprocess.SubprocessError, OSError, KeyError) as error:
+                failures.append(f"{name}: {error}")
+                print(f"{name}: not measured: {error}", file=sys.stderr, flush=True)
+    finally:
+        shutil.rmtree(work, ignore_errors=True)
+    missed = [row for row in rows if row["met"] is False]
+    result = {"seconds": time.monotonic() - begin, "processors": os.cpu_count(), "loadAverage": os.getloadavg(),
+              "rows": rows, "failures": failures}
+    (build / "bench.json").write_text(json.dumps(result, indent=1, ensure_ascii=False) + "\n")
+    print(f"\n{len(rows)} rows in {result['seconds']:.0f} s, {len(missed)} of their goals missed, "
+          f"load average {result['loadAverage'][0]:.1f} on {result['processors']} processors")
+    sys.exit(1 if failures else 0)
+
+
+if __name__ == "__main__":
+    main()

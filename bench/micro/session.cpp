@@ -1,0 +1,33 @@
+#include "micro/session.h"
+
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/loadSettings.h"
+#include "peers/camera.h"
+#include "telnet/TelnetInteractive.h"
+#include "telnet/TelnetInteractiveFace.h"
+
+#include <benchmark/benchmark.h>
+#include <QCoreApplication>
+#include <thread>
+
+int runBenchmarksBesideSession(int &argc, char **argv, const std::function<void()> &prepare)
+{
+    benchmark::Initialize(&argc, argv);
+    const QCoreApplication application(argc, argv);
+    KestDetectorFace *face = KestDetectorFace::Get();
+    loadSettings(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini"), face);
+    face->cameraAddress = QLatin1String(camera::address);
+    TelnetInteractive::Get();
+    TelnetInteractiveFace::Get();
+    if (prepare) {
+        prepare();
+    }
+
+    std::thread benchmarks([] {
+        benchmark::RunSpecifiedBenchmarks();
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    });
+    const int exitCode = QCoreApplication::exec();
+    benchmarks.join();
+    return exitCode;
+}
