@@ -97,7 +97,10 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line) : 
     m_savedTimer.setInterval(savedPollMs);
 
     if (m_line.closeAfterMs >= 0) {
-        QTimer::singleShot(m_line.closeAfterMs, Qt::PreciseTimer, this, [this] { leave(Passed); });
+        QTimer::singleShot(m_line.closeAfterMs, Qt::PreciseTimer, this, [this] {
+            qInfo("Closing the window");
+            leave(Passed);
+        });
     }
 }
 

@@ -3,6 +3,7 @@
 #include "camera/UDPTransciever.h"
 #include "DatagramPeer.h"
 #include "detector/store/KestDetectorFace.h"
+#include "support/MessageSpy.h"
 #include "support/onWorkerThread.h"
 
 #include <functional>
@@ -361,12 +362,13 @@ void tst_CameraClient::failedReadsLeaveTheOutputsAlone()
 void tst_CameraClient::cameraStateIsInTheDebugOutput()
 {
     m_reply = QByteArray(5, '\0') + hex("00000000000080ab") + QByteArray(76, '\0');
-    QTest::ignoreMessage(QtDebugMsg, "iCurStatus ab80000000000000");
+    const MessageSpy spy;
     QCOMPARE(make([](Camera &camera) {
                  CameraStatus status;
                  return outcome(camera.getCameraState(&status));
              }),
              QStringLiteral("0"));
+    QCOMPARE(spy.messages(), QStringList{QStringLiteral("iCurStatus ab80000000000000")});
 }
 
 void tst_CameraClient::appIpReport()

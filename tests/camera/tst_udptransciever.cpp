@@ -3,6 +3,7 @@
 #include "camera/UDPTransciever.h"
 #include "DatagramPeer.h"
 #include "detector/store/KestDetectorFace.h"
+#include "support/MessageSpy.h"
 #include "support/onWorkerThread.h"
 
 #include <csignal>
@@ -224,8 +225,9 @@ void tst_UDPTransciever::takenPortIsReported()
 {
     QUdpSocket owner;
     QVERIFY(owner.bind(QHostAddress::Any, 7779, QAbstractSocket::DontShareAddress));
-    QTest::ignoreMessage(QtWarningMsg, "UDP port 7779: The bound address is already in use");
+    const MessageSpy spy;
     UDPTransciever transciever(nullptr, {7779, 9999, "192.168.88.10"});
+    QCOMPARE(spy.messages(), QStringList{QStringLiteral("UDP port 7779: The bound address is already in use")});
     KestDataPacket packet = ping();
     QCOMPARE(transciever.sendPacket(packet), 12);
 }

@@ -1,5 +1,6 @@
 #include "detector/store/KestDetectorFace.h"
 #include "ShellPeer.h"
+#include "support/MessageSpy.h"
 #include "telnet/TelnetInteractive.h"
 #include "telnet/TelnetInteractiveFace.h"
 
@@ -247,7 +248,7 @@ void tst_TelnetSession::endlessReplyIsGivenUp()
 {
     m_peer->autoLogin();
     QCOMPARE(connectNow(), 0);
-    QTest::ignoreMessage(QtWarningMsg, "The camera's shell does not stop talking: the command is given up");
+    const MessageSpy spy;
     m_peer->onLine = [](const QByteArray &) {
         const QString piece(40 * 1024 * 1024, QLatin1Char('y'));
         TelnetInteractive::Get()->slot_telnetReplyFinished(piece);
@@ -257,6 +258,7 @@ void tst_TelnetSession::endlessReplyIsGivenUp()
     const Reply reply = command(QStringLiteral("yes\n"));
     QCOMPARE(reply.result, -1);
     QCOMPARE(reply.text, QString());
+    QCOMPARE(spy.containing(QStringLiteral("does not stop talking: the command is given up")).size(), 1);
 }
 
 void tst_TelnetSession::callersAreServedOneAtATime()
@@ -313,8 +315,9 @@ void tst_TelnetSession::connectionErrorCompletesTheCommand()
 
 void tst_TelnetSession::callFromTheServingThreadIsRefused()
 {
-    QTest::ignoreMessage(QtWarningMsg, "A shell call from the thread that has to serve it");
+    const MessageSpy spy;
     QCOMPARE(TelnetInteractiveFace::Get()->telnetConnectToHost(), -1);
+    QCOMPARE(spy.messages(), QStringList{QStringLiteral("A shell call from the thread that has to serve it")});
 }
 
 void tst_TelnetSession::trafficIsInTheDiagnosticLog()
