@@ -13,6 +13,7 @@ target_link_libraries(kest_flags INTERFACE Threads::Threads)
 if(KEST_SANITIZE)
     add_compile_options(-fsanitize=${KEST_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${KEST_SANITIZE})
+    add_compile_definitions(KEST_SANITIZED)
 endif()
 
 # kest_add_library(<name> SOURCES ... LINK ...): one floor of the house. Includes are written from src/.

@@ -6,6 +6,7 @@
 #include "telnet/SyncCondMutexData.h"
 
 #include <QDebug>
+#include <QFileInfo>
 #include <QNetworkRequest>
 #include <QUrl>
 #include <utility>
@@ -115,6 +116,11 @@ void FtpDownLoad::openFile(const QString &localFile)
 {
     m_fileFailed = false;
     file->setFileName(localFile);
+    // A new file rather than a truncated one: ext4 and others write a truncated file to the disk as it is closed, which
+    // takes this thread tens of milliseconds for a large one.
+    if (const QFileInfo earlier(localFile); earlier.isFile() && !earlier.isSymLink()) {
+        file->remove();
+    }
     // Unbuffered: what arrived of a transfer that never ends is in the file when the program does.
     if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         reportFileError("cannot create");

@@ -23,7 +23,7 @@ private:
 
 namespace {
 constexpr int momentsOfSeries = 20;
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#ifdef KEST_SANITIZED
 // A sanitizer's own work at the end, such as the search for leaks, is in the measured time.
 constexpr int limitMs = 20000;
 #else

@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <unistd.h>
 
 namespace {
 const QString smallUrl = QStringLiteral("ftp://127.0.0.1/small.tar.gz");
@@ -50,6 +51,8 @@ private slots:
 
     void downloads_data();
     void downloads();
+    void earlierFileIsReplacedNotRewritten();
+    void linkIsFollowed();
     void failureLeavesNothingOpen_data();
     void failureLeavesNothingOpen();
     void passwordStaysOutOfTheDebugOutput();
@@ -134,6 +137,26 @@ void tst_FtpDownLoad::downloads()
     QCOMPARE(download(url, path(QStringLiteral("file"))), 0);
     QCOMPARE(contentOf(path(QStringLiteral("file"))), content);
     QVERIFY(!isOpen(path(QStringLiteral("file"))));
+}
+
+void tst_FtpDownLoad::earlierFileIsReplacedNotRewritten()
+{
+    const QString earlier = path(QStringLiteral("file"));
+    QCOMPARE(download(otherUrl, earlier), 0);
+    const QString kept = path(QStringLiteral("kept"));
+    QCOMPARE(link(QFile::encodeName(earlier).constData(), QFile::encodeName(kept).constData()), 0);
+    QCOMPARE(download(smallUrl, earlier), 0);
+    QCOMPARE(contentOf(earlier), smallContent);
+    QCOMPARE(contentOf(kept), otherContent);
+}
+
+void tst_FtpDownLoad::linkIsFollowed()
+{
+    const QString target = path(QStringLiteral("target"));
+    QCOMPARE(download(otherUrl, target), 0);
+    QVERIFY(QFile::link(target, path(QStringLiteral("link"))));
+    QCOMPARE(download(smallUrl, path(QStringLiteral("link"))), 0);
+    QCOMPARE(contentOf(target), smallContent);
 }
 
 void tst_FtpDownLoad::failureLeavesNothingOpen_data()
