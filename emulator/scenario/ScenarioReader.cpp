@@ -1,6 +1,7 @@
 #include "emulator/scenario/ScenarioReader.h"
 
 #include "emulator/scenario/JsonObjectReader.h"
+#include "emulator/scenario/repeatedKey.h"
 
 #include <QHash>
 #include <QJsonDocument>
@@ -452,26 +453,27 @@ void readScenario(const JsonValueReader &reader, Scenario &scenario)
     object.finish();
 }
 
-QString syntaxError(const QByteArray &json, const QJsonParseError &error)
+QString syntaxError(const QByteArray &json, int offset, const QString &reason)
 {
-    const QByteArray before = json.left(error.offset);
+    const QByteArray before = json.left(offset);
     const int line = before.count('\n') + 1;
-    const int column = error.offset - before.lastIndexOf('\n');
-    return QStringLiteral("line %1, column %2 (offset %3): %4")
-        .arg(line)
-        .arg(column)
-        .arg(error.offset)
-        .arg(error.errorString());
+    const int column = offset - before.lastIndexOf('\n');
+    return QStringLiteral("line %1, column %2 (offset %3): %4").arg(line).arg(column).arg(offset).arg(reason);
 }
 } // namespace
 
 ScenarioResult parseScenario(const QByteArray &json)
 {
     ScenarioResult result;
+    // Before the parser sees it, which would also lose the memory of the value that it drops.
+    if (const auto repeated = findRepeatedKey(json)) {
+        result.error = syntaxError(json, repeated->offset, QStringLiteral("%1: is there twice").arg(repeated->name));
+        return result;
+    }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError) {
-        result.error = syntaxError(json, error);
+        result.error = syntaxError(json, error.offset, error.errorString());
         return result;
     }
     if (!document.isObject()) {

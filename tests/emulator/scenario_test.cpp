@@ -180,6 +180,13 @@ void ScenarioTest::refused_data()
     };
     row("no JSON", "{\n  \"status\": 1,\n  oops\n}", "line 3, column 4 (offset 20): unterminated object");
     row("an array", "[]", "must be an object");
+    row("key twice", "{\"wifi\": {\"ssid\": \"a\"},\n \"wifi\": 7}",
+        "line 2, column 2 (offset 25): wifi: is there twice");
+    row("key twice, escaped", R"({"mac": {"a\"b": 1, "c": [], "\u0061\"b": {}}})",
+        "line 1, column 30 (offset 29): a\"b: is there twice");
+    row("key twice, then bad", R"({"mac": 1, "mac" : 2, oops)", "line 1, column 12 (offset 11): mac: is there twice");
+    row("closed too often", "]}\"a\": 1", "line 1, column 2 (offset 1): illegal value");
+    row("string without an end", R"({"a\)", "line 1, column 5 (offset 4): unterminated string");
     row("unknown key", R"({"statsu": 1})", "statsu: unknown key");
     row("unknown key further down", R"({"battery": {"info": {"volt": 1}}})", "battery.info.volt: unknown key");
     row("wrong type", R"({"battery": 1})", "battery: must be an object");
