@@ -40,6 +40,16 @@ void doWithoutDisplay(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
 }
+/// Qt's network manager loads plug-ins that ask the system about its networks: D-Bus and 2 MiB of memory for something
+/// that a download from the camera does not care about.
+template <class Create>
+void createWithoutPlugins(Create create)
+{
+    const QStringList folders = QCoreApplication::libraryPaths();
+    QCoreApplication::setLibraryPaths({});
+    create();
+    QCoreApplication::setLibraryPaths(folders);
+}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -79,7 +89,7 @@ int main(int argc, char *argv[])
     TelnetInteractive::Get();
     TelnetInteractiveFace::Get();
     Camera::Get();
-    FtpDownLoad::Get();
+    createWithoutPlugins(FtpDownLoad::Get);
     FtpDownLoadFace::Get();
 
     const int exitCode = QApplication::exec();

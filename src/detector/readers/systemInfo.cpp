@@ -5,7 +5,6 @@
 
 #include <optional>
 #include <QObject>
-#include <QRegularExpression>
 #include <QStringList>
 
 namespace {
@@ -20,6 +19,21 @@ int printFile(const QString &path, QString *reply)
 QStringList linesOf(const QString &reply)
 {
     return reply.split(QStringLiteral("\r\n"));
+}
+/// The address names a folder later on: only digits and colons may get through.
+bool isMacAddress(const QString &text)
+{
+    constexpr int length = 17; // "AA:BB:CC:DD:EE:FF"
+    if (text.size() != length) {
+        return false;
+    }
+    for (int i = 0; i < length; ++i) {
+        const QLatin1String allowed(i % 3 == 2 ? ":" : "0123456789ABCDEFabcdef");
+        if (!allowed.contains(text.at(i))) {
+            return false;
+        }
+    }
+    return true;
 }
 } // namespace
 
@@ -74,12 +88,9 @@ WifiInfo parseWifiInfo(const QString &reply)
 
 QString parseMacAddress(const QString &reply)
 {
-    // The address names a folder later on: only digits and colons may get through.
-    static const QRegularExpression macAddress(
-        QRegularExpression::anchoredPattern(QStringLiteral("[0-9A-Fa-f]{2}(:[0-9A-Fa-f]{2}){5}")));
     const QStringList lines = linesOf(reply);
     for (const QString &line : lines) {
-        if (macAddress.match(line).hasMatch()) {
+        if (isMacAddress(line)) {
             return line.toUpper();
         }
     }
