@@ -1,7 +1,7 @@
 #include "ftp/FtpReply.h"
 
+#include <algorithm>
 #include <QHostAddress>
-#include <QRegularExpression>
 #include <QUrl>
 
 namespace {
@@ -18,21 +18,22 @@ constexpr int notLoggedIn = 530;
 constexpr int noSuchFile = 550;
 } // namespace replyCode
 
-/// "227 Entering Passive Mode (127,0,0,10,195,80)": the port is in the last two numbers; 0 if there are none.
+/// "227 Entering Passive Mode (127,0,0,10,195,80)": the port is in the last two of six numbers; 0 if there are none.
+/// Not every server has the parentheses (RFC 1123, section 4.1.2.6).
 quint16 passivePort(const QByteArray &text)
 {
-    static const QRegularExpression numbers(QStringLiteral("(\\d+),(\\d+),(\\d+),(\\d+),(\\d+),(\\d+)"));
-    const QRegularExpressionMatch match = numbers.match(QString::fromLatin1(text));
-    const uint high = match.captured(5).toUInt();
-    const uint low = match.captured(6).toUInt();
-    return high > 0xFF || low > 0xFF ? quint16(0) : static_cast<quint16>(high << 8U | low);
-}
-
-/// "229 Entering Extended Passive Mode (|||50000|)"; 0 if there is no port.
-quint16 extendedPassivePort(const QByteArray &text)
-{
-    static const QRegularExpression number(QStringLiteral("\\((.)\\1\\1(\\d+)\\1\\)"));
-    return number.match(QString::fromLatin1(text)).captured(2).toUShort();
+    QByteArray words = text;
+    std::replace_if(
+        words.begin(), words.end(), [](char c) { return c != ',' && (c < '0' || c > '9'); }, ' ');
+    for (const QByteArray &word : words.split(' ')) {
+        const QByteArrayList numbers = word.split(',');
+        if (numbers.size() == 6 && !numbers.contains(QByteArray())) {
+            const uint high = numbers.at(4).toUInt();
+            const uint low = numbers.at(5).toUInt();
+            return high > 0xFF || low > 0xFF ? quint16(0) : static_cast<quint16>(high << 8U | low);
+        }
+    }
+    return 0;
 }
 
 bool fitsIntoALine(const QString &text)
@@ -150,19 +151,16 @@ void FtpReply::handleReply(int code, const QByteArray &text)
         break;
     case Step::Type:
         if (kind == Completed) {
-            askForDataConnection();
+            send(Step::Passive, "PASV");
             return;
         }
         break;
     case Step::Passive:
-    case Step::ExtendedPassive: {
-        const quint16 port = m_step == Step::Passive ? passivePort(text) : extendedPassivePort(text);
-        if (kind == Completed && port != 0) {
+        if (const quint16 port = passivePort(text); kind == Completed && port != 0) {
             connectData(port);
             return;
         }
         break;
-    }
     case Step::Retrieve:
         if (kind == Preliminary) {
             m_step = Step::Transfer;
@@ -189,17 +187,7 @@ void FtpReply::send(Step next, const QByteArray &command, const QString &argumen
 {
     m_step = next;
     m_control.write(argument.isEmpty() ? command + "\r\n" : command + ' ' + argument.toUtf8() + "\r\n");
-}
-
-void FtpReply::askForDataConnection()
-{
-    bool isIpv4 = false;
-    m_control.peerAddress().toIPv4Address(&isIpv4);
-    if (isIpv4) {
-        send(Step::Passive, "PASV");
-    } else {
-        send(Step::ExtendedPassive, "EPSV");
-    }
+    m_control.flush(); // not a turn of the event loop later
 }
 
 /// The server's own idea of its address is left aside: behind a router it is wrong, and it must not lead elsewhere.

@@ -4,7 +4,7 @@
 #include <QNetworkReply>
 #include <QTcpSocket>
 
-/// One file from an FTP server (RFC 959; passive mode, RFC 2428 over IPv6), as a binary transfer. User, password and
+/// One file from an FTP server (RFC 959, passive mode, over IPv4), as a binary transfer. User, password and
 /// port come from the URL, whose path is sent as it is. Lives on one thread and reports like any `QNetworkReply`.
 ///
 /// The transfer has succeeded when the server has said so and has closed the data connection.
@@ -31,7 +31,6 @@ private:
         Password,
         Type,
         Passive,
-        ExtendedPassive,
         Retrieve,
         Transfer, ///< the file is on its way; the reply that ends it is still to come
         Ended,
@@ -41,7 +40,6 @@ private:
     void readControl();
     void handleReply(int code, const QByteArray &text);
     void send(Step next, const QByteArray &command, const QString &argument = {});
-    void askForDataConnection();
     void connectData(quint16 port);
     void endIfComplete();
     void fail(NetworkError error, const QString &text);
