@@ -3,11 +3,11 @@
 #include "camera/Camera.h"
 #include "detector/checks/checkComponent.h"
 #include "detector/store/componentId.h"
+#include "detector/store/translatedEntry.h"
 #include "detector/store/verdict.h"
 #include "telnet/TelnetInteractiveFace.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <QDebug>
 #include <QObject>
@@ -41,13 +41,6 @@ constexpr std::array reasons = {
     QT_TRANSLATE_NOOP("QObject", ",错误原因:SD卡修复文件失败\n"),
 };
 
-template <std::size_t size>
-QString phrase(const std::array<const char *, size> &table, std::int32_t value)
-{
-    const bool known = value >= 0 && static_cast<std::size_t>(value) < size;
-    return known ? QObject::tr(table.at(static_cast<std::size_t>(value))) : QString();
-}
-
 /// In single precision, as the capacities have always been printed.
 constexpr float kibibytes(std::uint64_t bytes)
 {
@@ -79,7 +72,7 @@ QString checkTFCardStatus(int *verdict, QString &info)
         return QObject::tr("获取TF卡状态失败\n");
     }
     if (status.state != stateReady) {
-        return phrase(states, status.state) + phrase(reasons, status.reason);
+        return translatedEntry(states, status.state) + translatedEntry(reasons, status.reason);
     }
     TFCardUsedStatus used;
     if (Camera::Get()->getTFCardUsedStatus(&used) != requestResult::success) {

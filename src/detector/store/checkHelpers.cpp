@@ -3,6 +3,7 @@
 #include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/serveEvents.h"
+#include "detector/store/translatedEntry.h"
 
 #include <array>
 #include <QDebug>
@@ -11,20 +12,8 @@
 #include <QObject>
 
 namespace {
-
 /// How often a wait looks whether the program has begun to close.
 constexpr int stopPollMs = 25;
-
-/// The entry at `index` of a table of texts for translation, translated; empty outside of the table.
-template <std::size_t Size>
-QString translatedEntry(const std::array<const char *, Size> &table, int index)
-{
-    if (index < 0 || static_cast<std::size_t>(index) >= Size) {
-        return {};
-    }
-    const char *text = table[static_cast<std::size_t>(index)];
-    return *text == '\0' ? QString() : QObject::tr(text);
-}
 
 constexpr std::array componentNames = {
     QT_TRANSLATE_NOOP("QObject", "Camera"),  QT_TRANSLATE_NOOP("QObject", "Gimbal"),
