@@ -1,22 +1,16 @@
 #include "expectedLogs.h"
-#include "Stage.h"
+#include "StoryTest.h"
 
 #include <csignal>
-#include <memory>
 #include <QtTest>
 
 /// What the camera may do to its replies, one fault at a time, on every command.
-class tst_E2eFaults : public QObject
+class tst_E2eFaults : public StoryTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void run_data();
-    void run();
-
-private:
-    std::unique_ptr<Stage> m_stage;
+protected:
+    std::vector<Story> stories() const override;
 };
 
 namespace {
@@ -393,23 +387,9 @@ std::vector<Story> pingStories()
 }
 } // namespace
 
-void tst_E2eFaults::initTestCase()
+std::vector<Story> tst_E2eFaults::stories() const
 {
-    std::vector<Story> stories;
-    for (const auto &part : {queryStories(), pingStories(), registrationStories()}) {
-        stories.insert(stories.end(), part.begin(), part.end());
-    }
-    m_stage = std::make_unique<Stage>(stories);
-}
-
-void tst_E2eFaults::run_data()
-{
-    m_stage->addRows();
-}
-
-void tst_E2eFaults::run()
-{
-    m_stage->compareRow();
+    return joined({queryStories(), pingStories(), registrationStories()});
 }
 
 QTEST_GUILESS_MAIN(tst_E2eFaults)

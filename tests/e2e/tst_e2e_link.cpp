@@ -1,23 +1,17 @@
 #include "expectedLogs.h"
-#include "Stage.h"
+#include "StoryTest.h"
 #include "waiting.h"
 
 #include <csignal>
-#include <memory>
 #include <QtTest>
 
 /// A camera that goes away, comes back, reboots or stands still while the station works with it.
-class tst_E2eLink : public QObject
+class tst_E2eLink : public StoryTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void run_data();
-    void run();
-
-private:
-    std::unique_ptr<Stage> m_stage;
+protected:
+    std::vector<Story> stories() const override;
 };
 
 namespace {
@@ -295,23 +289,9 @@ std::vector<Story> standstillStories()
 }
 } // namespace
 
-void tst_E2eLink::initTestCase()
+std::vector<Story> tst_E2eLink::stories() const
 {
-    std::vector<Story> stories;
-    for (const auto &part : {rebootStories(), dropStories(), standstillStories()}) {
-        stories.insert(stories.end(), part.begin(), part.end());
-    }
-    m_stage = std::make_unique<Stage>(stories);
-}
-
-void tst_E2eLink::run_data()
-{
-    m_stage->addRows();
-}
-
-void tst_E2eLink::run()
-{
-    m_stage->compareRow();
+    return joined({rebootStories(), dropStories(), standstillStories()});
 }
 
 QTEST_GUILESS_MAIN(tst_E2eLink)

@@ -1,24 +1,19 @@
 #include "DatagramSocket.h"
 #include "expectedLogs.h"
 #include "isolation.h"
-#include "Stage.h"
+#include "StoryTest.h"
 
 #include <csignal>
 #include <memory>
 #include <QtTest>
 
 /// What other programs and other cameras do to the station's port and network.
-class tst_E2eNetwork : public QObject
+class tst_E2eNetwork : public StoryTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void run_data();
-    void run();
-
-private:
-    std::unique_ptr<Stage> m_stage;
+protected:
+    std::vector<Story> stories() const override;
 };
 
 namespace {
@@ -247,23 +242,9 @@ std::vector<Story> addressStories()
 }
 } // namespace
 
-void tst_E2eNetwork::initTestCase()
+std::vector<Story> tst_E2eNetwork::stories() const
 {
-    std::vector<Story> stories;
-    for (const auto &part : {datagramStories(), portStories(), addressStories()}) {
-        stories.insert(stories.end(), part.begin(), part.end());
-    }
-    m_stage = std::make_unique<Stage>(stories);
-}
-
-void tst_E2eNetwork::run_data()
-{
-    m_stage->addRows();
-}
-
-void tst_E2eNetwork::run()
-{
-    m_stage->compareRow();
+    return joined({datagramStories(), portStories(), addressStories()});
 }
 
 QTEST_GUILESS_MAIN(tst_E2eNetwork)

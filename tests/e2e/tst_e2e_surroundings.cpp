@@ -1,25 +1,19 @@
 #include "expectedLogs.h"
 #include "isolation.h"
-#include "Stage.h"
+#include "StoryTest.h"
 #include "waiting.h"
 
-#include <memory>
 #include <QDateTime>
 #include <QDir>
 #include <QtTest>
 
 /// What the PC may do to the station: settings, folders, disks and the clock.
-class tst_E2eSurroundings : public QObject
+class tst_E2eSurroundings : public StoryTest
 {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void run_data();
-    void run();
-
-private:
-    std::unique_ptr<Stage> m_stage;
+protected:
+    std::vector<Story> stories() const override;
 };
 
 namespace {
@@ -353,24 +347,12 @@ Story jump(const char *name, int seconds)
 }
 } // namespace
 
-void tst_E2eSurroundings::initTestCase()
+std::vector<Story> tst_E2eSurroundings::stories() const
 {
-    std::vector<Story> stories{jump("the clock jumps forward by an hour", 3600),
-                               jump("the clock jumps back by an hour", -3600)};
-    for (const auto &part : {pathStories(), settingsStories(), folderStories()}) {
-        stories.insert(stories.end(), part.begin(), part.end());
-    }
-    m_stage = std::make_unique<Stage>(stories);
-}
-
-void tst_E2eSurroundings::run_data()
-{
-    m_stage->addRows();
-}
-
-void tst_E2eSurroundings::run()
-{
-    m_stage->compareRow();
+    return joined({{jump("the clock jumps forward by an hour", 3600), jump("the clock jumps back by an hour", -3600)},
+                   pathStories(),
+                   settingsStories(),
+                   folderStories()});
 }
 
 QTEST_GUILESS_MAIN(tst_E2eSurroundings)
