@@ -30,6 +30,8 @@ StationProcess::StationProcess()
         writeOptionIni(ini.readAll());
     }
     setVariable(QStringLiteral("TMPDIR"), m_temporary.path());
+    // Qt would make one of its own among the temporary files.
+    setVariable(QStringLiteral("XDG_RUNTIME_DIR"), m_capture.path());
 }
 
 void StationProcess::Process::setupChildProcess()
