@@ -53,11 +53,11 @@ void FtpDownLoad::slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, 
     closeFile();
     loadResult = success;
     loadDone = false;
-    openFile(localFile);
 
     reply = manager->get(QNetworkRequest(withLogin(url)));
     connect(reply, &QNetworkReply::readyRead, this, &FtpDownLoad::slot_readContent);
     connect(reply, &QNetworkReply::errorOccurred, this, &FtpDownLoad::slot_loadError);
+    openFile(localFile); // while the camera takes the connection
 
     serveEventsUntil(downloadLimitMs, [this] { return loadDone || KestDetectorFace::Get()->quitFlag != 0; });
     const int outcome = loadDone ? loadResult : failure;

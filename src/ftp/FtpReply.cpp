@@ -40,6 +40,12 @@ bool fitsIntoALine(const QString &text)
 {
     return !text.contains(QLatin1Char('\r')) && !text.contains(QLatin1Char('\n')) && !text.contains(QChar::Null);
 }
+
+bool fitsIntoLines(const QUrl &url)
+{
+    return fitsIntoALine(url.userName(QUrl::FullyDecoded)) && fitsIntoALine(url.password(QUrl::FullyDecoded)) &&
+           fitsIntoALine(url.path(QUrl::FullyDecoded));
+}
 } // namespace
 
 FtpReply::FtpReply(const QNetworkRequest &request, QObject *parent) : QNetworkReply(parent)
@@ -50,14 +56,14 @@ FtpReply::FtpReply(const QNetworkRequest &request, QObject *parent) : QNetworkRe
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     m_data.setReadBufferSize(largestPiece);
 
+    // The server is asked at once, so that it can answer while the caller prepares. What fails at once is told from the
+    // event loop: nobody could have connected to the signals yet.
+    if (fitsIntoLines(url())) {
+        m_control.connectToHost(url().host(), static_cast<quint16>(url().port(defaultPort)));
+    }
+    QMetaObject::invokeMethod(this, &FtpReply::reportEarlyFailure, Qt::QueuedConnection);
     connect(&m_control, &QTcpSocket::readyRead, this, &FtpReply::readControl);
-    connect(&m_control, &QTcpSocket::errorOccurred, this, [this](QAbstractSocket::SocketError error) {
-        if (m_confirmed) {
-            return; // the server has said all there is to say; the file's end may still be on its way
-        }
-        fail(error == QAbstractSocket::ConnectionRefusedError ? ConnectionRefusedError : RemoteHostClosedError,
-             QStringLiteral("control connection: ") + m_control.errorString());
-    });
+    connect(&m_control, &QTcpSocket::errorOccurred, this, &FtpReply::controlFailed);
     connect(&m_data, &QTcpSocket::readyRead, this, &QNetworkReply::readyRead);
     connect(&m_data, &QTcpSocket::disconnected, this, [this] {
         m_closed = true;
@@ -68,23 +74,24 @@ FtpReply::FtpReply(const QNetworkRequest &request, QObject *parent) : QNetworkRe
             fail(RemoteHostClosedError, QStringLiteral("data connection: ") + m_data.errorString());
         }
     });
-    // Not from within the constructor: nobody could have connected to the signals yet.
-    QMetaObject::invokeMethod(this, &FtpReply::start, Qt::QueuedConnection);
 }
 
-void FtpReply::start()
+void FtpReply::reportEarlyFailure()
 {
-    if (m_step == Step::Ended) {
-        return;
+    if (!fitsIntoLines(url())) {
+        fail(ProtocolInvalidOperationError, QStringLiteral("user, password or path has a line break"));
+    } else if (m_control.state() == QAbstractSocket::UnconnectedState) {
+        controlFailed(m_control.error());
     }
-    for (const QString &text :
-         {url().userName(QUrl::FullyDecoded), url().password(QUrl::FullyDecoded), url().path(QUrl::FullyDecoded)}) {
-        if (!fitsIntoALine(text)) {
-            fail(ProtocolInvalidOperationError, QStringLiteral("user, password or path has a line break"));
-            return;
-        }
+}
+
+void FtpReply::controlFailed(QAbstractSocket::SocketError error)
+{
+    if (m_confirmed) {
+        return; // the server has said all there is to say; the file's end may still be on its way
     }
-    m_control.connectToHost(url().host(), static_cast<quint16>(url().port(defaultPort)));
+    fail(error == QAbstractSocket::ConnectionRefusedError ? ConnectionRefusedError : RemoteHostClosedError,
+         QStringLiteral("control connection: ") + m_control.errorString());
 }
 
 void FtpReply::abort()

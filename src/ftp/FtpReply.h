@@ -36,7 +36,8 @@ private:
         Ended,
     };
 
-    void start();
+    void reportEarlyFailure();
+    void controlFailed(QAbstractSocket::SocketError error);
     void readControl();
     void handleReply(int code, const QByteArray &text);
     void send(Step next, const QByteArray &command, const QString &argument = {});
