@@ -6,13 +6,13 @@
 #include "telnet/SyncCondMutexData.h"
 
 #include <QDebug>
-#include <QFileInfo>
 #include <QNetworkRequest>
 #include <QUrl>
 #include <utility>
 
 namespace {
 constexpr int downloadLimitMs = 10000;
+constexpr int pieceSize = 64 * 1024;
 constexpr int success = 0;
 constexpr int failure = -1;
 
@@ -34,7 +34,9 @@ FtpDownLoad *FtpDownLoad::Get()
     return ptr;
 }
 
-FtpDownLoad::FtpDownLoad() : file(std::make_unique<QFile>()), manager(std::make_unique<FtpAccessManager>(this))
+FtpDownLoad::FtpDownLoad()
+    : file(std::make_unique<QFile>()), manager(std::make_unique<FtpAccessManager>(this)),
+      m_piece(pieceSize, Qt::Uninitialized)
 {
     // A PC whose only network is the camera's access point often counts as offline. The download is to be tried all
     // the same; the setter itself is out of reach, Qt is about to drop the whole notion.
@@ -71,9 +73,12 @@ void FtpDownLoad::slot_readContent()
     if (reply == nullptr || sender() != reply) {
         return;
     }
-    const QByteArray content = reply->readAll();
-    if (file->isOpen() && file->write(content) != content.size()) {
-        reportFileError("cannot write");
+    // Everything that is there, by way of one buffer that stays.
+    qint64 size = 0;
+    while ((size = reply->read(m_piece.data(), m_piece.size())) > 0) {
+        if (file->isOpen() && file->write(m_piece.constData(), size) != size) {
+            reportFileError("cannot write");
+        }
     }
 }
 
@@ -116,11 +121,6 @@ void FtpDownLoad::openFile(const QString &localFile)
 {
     m_fileFailed = false;
     file->setFileName(localFile);
-    // A new file rather than a truncated one: ext4 and others write a truncated file to the disk as it is closed, which
-    // takes this thread tens of milliseconds for a large one.
-    if (const QFileInfo earlier(localFile); earlier.isFile() && !earlier.isSymLink()) {
-        file->remove();
-    }
     // Unbuffered: what arrived of a transfer that never ends is in the file when the program does.
     if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         reportFileError("cannot create");

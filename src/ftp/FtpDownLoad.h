@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <QByteArray>
 #include <QFile>
 #include <QNetworkReply>
 #include <QObject>
@@ -49,5 +50,6 @@ private:
     std::unique_ptr<QNetworkAccessManager> manager; ///< owns the replies
     std::int32_t loadResult = 0;                    ///< of the current download: 0 or -1, once loadDone is set
     bool loadDone = false;
+    QByteArray m_piece;        ///< what is on its way from the reply to the file
     bool m_fileFailed = false; ///< the current file's failure has been reported
 };

@@ -51,6 +51,7 @@ private:
     QTcpSocket m_data;
     QByteArray m_line;      ///< of the control connection, not yet complete
     QByteArray m_longReply; ///< code of the reply of several lines that is under way
+    qint64 m_received = 0;  ///< bytes of the file
     Step m_step = Step::Greeting;
     bool m_confirmed = false; ///< the server has said that the transfer is complete
     bool m_closed = false;    ///< the data connection has been opened and closed

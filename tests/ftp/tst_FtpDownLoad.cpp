@@ -141,21 +141,24 @@ void tst_FtpDownLoad::downloads()
 
 void tst_FtpDownLoad::earlierFileIsReplacedNotRewritten()
 {
+    FtpDownLoadFace *face = FtpDownLoadFace::Get();
     const QString earlier = path(QStringLiteral("file"));
-    QCOMPARE(download(otherUrl, earlier), 0);
+    QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(otherUrl, earlier); }), 0);
     const QString kept = path(QStringLiteral("kept"));
     QCOMPARE(link(QFile::encodeName(earlier).constData(), QFile::encodeName(kept).constData()), 0);
-    QCOMPARE(download(smallUrl, earlier), 0);
+    QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(smallUrl, earlier); }), 0);
     QCOMPARE(contentOf(earlier), smallContent);
     QCOMPARE(contentOf(kept), otherContent);
 }
 
 void tst_FtpDownLoad::linkIsFollowed()
 {
+    FtpDownLoadFace *face = FtpDownLoadFace::Get();
     const QString target = path(QStringLiteral("target"));
-    QCOMPARE(download(otherUrl, target), 0);
-    QVERIFY(QFile::link(target, path(QStringLiteral("link"))));
-    QCOMPARE(download(smallUrl, path(QStringLiteral("link"))), 0);
+    const QString link = path(QStringLiteral("link"));
+    QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(otherUrl, target); }), 0);
+    QVERIFY(QFile::link(target, link));
+    QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(smallUrl, link); }), 0);
     QCOMPARE(contentOf(target), smallContent);
 }
 
