@@ -26,10 +26,11 @@ constexpr int noSuchFile = 550;
 /// Not every server has the parentheses (RFC 1123, section 4.1.2.6).
 quint16 passivePort(const QByteArray &text)
 {
-    QByteArray words = text;
+    QByteArray spaced = text;
     std::replace_if(
-        words.begin(), words.end(), [](char c) { return c != ',' && (c < '0' || c > '9'); }, ' ');
-    for (const QByteArray &word : words.split(' ')) {
+        spaced.begin(), spaced.end(), [](char c) { return c != ',' && (c < '0' || c > '9'); }, ' ');
+    const QByteArrayList words = spaced.split(' ');
+    for (const QByteArray &word : words) {
         const QByteArrayList numbers = word.split(',');
         if (numbers.size() == 6 && !numbers.contains(QByteArray())) {
             const uint high = numbers.at(4).toUInt();
