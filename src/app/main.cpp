@@ -40,16 +40,6 @@ void doWithoutDisplay(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
 }
-/// Qt's network manager loads plug-ins that ask the system about its networks: D-Bus and 2 MiB of memory for something
-/// that a download from the camera does not care about.
-template <class Create>
-void createWithoutPlugins(Create create)
-{
-    const QStringList folders = QCoreApplication::libraryPaths();
-    QCoreApplication::setLibraryPaths({});
-    create();
-    QCoreApplication::setLibraryPaths(folders);
-}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -75,7 +65,7 @@ int main(int argc, char *argv[])
     QPixmapCache::setCacheLimit(pixmapCacheKiB);
     KestDetectorUI window(nullptr);
     window.show();
-    // The operator sees the window before its services, some of which load plug-ins, are in place.
+    // The operator sees the window before its services are in place.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     std::unique_ptr<UnattendedRun> unattended;
     if (line.mode == CommandLine::Mode::Unattended) {
@@ -89,7 +79,7 @@ int main(int argc, char *argv[])
     TelnetInteractive::Get();
     TelnetInteractiveFace::Get();
     Camera::Get();
-    createWithoutPlugins(FtpDownLoad::Get);
+    FtpDownLoad::Get();
     FtpDownLoadFace::Get();
 
     const int exitCode = QApplication::exec();

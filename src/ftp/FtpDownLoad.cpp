@@ -5,6 +5,7 @@
 #include "ftp/FtpAccessManager.h"
 #include "telnet/SyncCondMutexData.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QNetworkRequest>
 #include <QUrl>
@@ -26,6 +27,17 @@ QUrl withLogin(const QString &text)
     url.setPassword(face->ftpPsw, QUrl::DecodedMode);
     return url;
 }
+
+/// Qt's manager loads plug-ins that ask the system about its networks: D-Bus and 2 MiB of memory for something that a
+/// download from the camera does not care about. It is made while none can be found.
+std::unique_ptr<QNetworkAccessManager> makeManager(QObject *parent)
+{
+    const QStringList folders = QCoreApplication::libraryPaths();
+    QCoreApplication::setLibraryPaths({});
+    auto manager = std::make_unique<FtpAccessManager>(parent);
+    QCoreApplication::setLibraryPaths(folders);
+    return manager;
+}
 } // namespace
 
 FtpDownLoad *FtpDownLoad::Get()
@@ -35,8 +47,7 @@ FtpDownLoad *FtpDownLoad::Get()
 }
 
 FtpDownLoad::FtpDownLoad()
-    : file(std::make_unique<QFile>()), manager(std::make_unique<FtpAccessManager>(this)),
-      m_piece(pieceSize, Qt::Uninitialized)
+    : file(std::make_unique<QFile>()), manager(makeManager(this)), m_piece(pieceSize, Qt::Uninitialized)
 {
     // A PC whose only network is the camera's access point often counts as offline. The download is to be tried all
     // the same; the setter itself is out of reach, Qt is about to drop the whole notion.

@@ -51,6 +51,7 @@ private slots:
 
     void downloads_data();
     void downloads();
+    void noNetworkPluginIsLoaded();
     void earlierFileIsReplacedNotRewritten();
     void linkIsFollowed();
     void failureLeavesNothingOpen_data();
@@ -137,6 +138,16 @@ void tst_FtpDownLoad::downloads()
     QCOMPARE(download(url, path(QStringLiteral("file"))), 0);
     QCOMPARE(contentOf(path(QStringLiteral("file"))), content);
     QVERIFY(!isOpen(path(QStringLiteral("file"))));
+}
+
+void tst_FtpDownLoad::noNetworkPluginIsLoaded()
+{
+    const QStringList folders = QCoreApplication::libraryPaths();
+    const FtpDownLoad another;
+    QCOMPARE(QCoreApplication::libraryPaths(), folders);
+    const QByteArray mapped = contentOf(QStringLiteral("/proc/self/maps"));
+    QVERIFY(mapped.contains("libQt5Network"));
+    QVERIFY(!mapped.contains("/plugins/bearer/"));
 }
 
 void tst_FtpDownLoad::earlierFileIsReplacedNotRewritten()
