@@ -33,7 +33,7 @@ set(kest_test_environment
     QT_QPA_PLATFORM=offscreen
     TMPDIR=${CMAKE_BINARY_DIR}/tests/tmp
     XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/tests/runtime
-    TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1:suppressions=${PROJECT_SOURCE_DIR}/cmake/tsan.supp
+    TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1:second_deadlock_stack=1:history_size=7:suppressions=${PROJECT_SOURCE_DIR}/cmake/tsan.supp
     ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
     LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp
     UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1)

@@ -298,15 +298,19 @@ void KestDetectorUI::slot_showCheckLog(const checkLog &log)
     const QScrollBar *scrollBar = table->verticalScrollBar();
     const bool followed = scrollBar->value() >= m_followedTo; // the operator has not scrolled up
 
+    // A list of our own: the runner's thread made this one, and taking a share of it also tells the thread sanitizer,
+    // which does not see how Qt hands a record over, that the items were written before they are read here.
+    const QList<CheckItemLog> items = log.itemLogs;
+
     // All rows at once: every insertion makes the view lay out the whole table anew.
     int row = table->rowCount();
-    table->setRowCount(row + 1 + log.itemLogs.size());
+    table->setRowCount(row + 1 + items.size());
 
     QTableWidgetItem *heading = logCell(getComponent(log.component));
     heading->setFlags(heading->flags() & ~Qt::ItemIsEditable);
     table->setItem(row, 0, heading);
     QTableWidgetItem *newestText = heading; // the rows of the log collection hold none
-    for (const CheckItemLog &item : log.itemLogs) {
+    for (const CheckItemLog &item : items) {
         ++row;
         table->setItem(row, 1, logCell(item.message));
         table->setItem(row, 2, logCell(item.detail));

@@ -9,8 +9,6 @@
 #include <QtGlobal>
 #include <QThread>
 
-class QObject;
-
 /// A small FTP server (RFC 959, passive transfers) on 127.0.0.1, in a thread of its own, that can misbehave.
 /// It lets in the user "kest" with the password "s3cret@/:" only.
 class ScriptedFtpServer
@@ -41,8 +39,11 @@ public:
     bool helps() const { return m_helps; }
 
 private:
+    class Listener;
+    void inListener(void (Listener::*act)());
+
     QThread m_thread;
-    QObject *m_listener = nullptr; ///< lives in m_thread, like its sessions, which are its children
+    Listener *m_listener = nullptr; ///< lives in m_thread
     quint16 m_port = 0;
     std::atomic<int> m_stallAfter{-1};
     std::atomic<bool> m_helps{true};
