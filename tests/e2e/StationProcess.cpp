@@ -131,6 +131,12 @@ QByteArray StationProcess::saved(const QString &fileName) const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
 }
 
+QByteArray StationProcess::shellLog() const
+{
+    QFile file(folder() + QStringLiteral("/log.txt"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
 QMap<QString, QByteArray> StationProcess::allSaved() const
 {
     static const QRegularExpression date(QStringLiteral("^[0-9]{4}-[0-9]{2}-[0-9]{2}_"));

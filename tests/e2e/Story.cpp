@@ -42,6 +42,7 @@ Outcome play(const Story &story)
     outcome.verdicts = scene.station.verdicts().join(QStringLiteral(", "));
     outcome.files = scene.station.allSaved();
     outcome.debugOutput = QString::fromUtf8(scene.station.debugOutput().content());
+    outcome.shellLog = QString::fromUtf8(scene.station.shellLog());
     outcome.leftovers = scene.station.leftovers();
     if (story.hasCamera && outcome.problem.isEmpty() && !scene.camera.stop()) {
         outcome.problem = QStringLiteral("the camera does not stop");
@@ -57,7 +58,8 @@ void compare(const Story &story, const Outcome &outcome)
     }
     if (!outcome.problem.isEmpty() || outcome.exitCode != story.exitCode) {
         // Whole, which a message of the test would not be.
-        std::fprintf(stderr, "%s\n", qUtf8Printable(outcome.debugOutput));
+        std::fprintf(stderr, "%s\nThe shell:\n%s\n", qUtf8Printable(outcome.debugOutput),
+                     qUtf8Printable(outcome.shellLog));
     }
     QVERIFY2(outcome.problem.isEmpty(), qPrintable(outcome.problem));
     QCOMPARE(outcome.exitCode, story.exitCode);

@@ -52,6 +52,7 @@ struct Outcome
     QString verdicts;
     QMap<QString, QByteArray> files;
     QString debugOutput;
+    QString shellLog; ///< what the station wrote down of its shell session
     QStringList leftovers;
 };
 
