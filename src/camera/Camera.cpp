@@ -547,6 +547,9 @@ void Camera::pingOnce()
         m_failedPings = 0;
         return;
     }
+    if (m_abandoned) {
+        return; // the program is closing: the camera may well be there, and the last log needs its MAC address
+    }
     if (m_failedPings < toleratedPings) {
         ++m_failedPings;
         return;

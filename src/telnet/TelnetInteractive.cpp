@@ -67,6 +67,7 @@ bool TelnetInteractive::telnetConnectToHost()
     loginResult = 0;
     loginDone = false;
     m_passwordDelay.stop();
+    m_passwordPromptDue = false;
     telnet->gatherInput({QByteArrayLiteral("login: "), QByteArrayLiteral("assword:"), QByteArrayLiteral("~ # "),
                          QByteArrayLiteral("\xFF")}); // the last begins the server's telnet commands
     telnet->close();
@@ -128,13 +129,17 @@ void TelnetInteractive::slot_telnetReplyFinished(const QString &text)
         const bool first = step == awaitPasswordPrompt;
         if (first) {
             step = awaitShellPrompt;
+            m_passwordPromptDue = true;
             m_passwordDelay.start();
         }
         const bool atPrompt = text.contains(shellPrompt);
-        if (first || atPrompt || m_passwordDelay.isActive()) {
+        const bool asked = m_passwordPromptDue && text.trimmed().endsWith(passwordPrompt);
+        if (first || atPrompt || asked || m_passwordDelay.isActive()) {
             writeToLog(text);
         }
-        if (m_passwordDelay.isActive() && text.trimmed().endsWith(passwordPrompt)) {
+        if (asked) {
+            // Also when the delay is over: what it sent was too early for this prompt.
+            m_passwordPromptDue = false;
             sendPassword();
         } else if (!first && atPrompt) {
             loginResult = 0;

@@ -54,5 +54,6 @@ private:
     KestTelnet *telnet;
     std::int32_t step = 0; ///< 0 login prompt, 1 password prompt, 2 first shell prompt, 3 to 20 a command runs
 
-    QTimer m_passwordDelay; ///< active while the password is still to be sent
+    QTimer m_passwordDelay;           ///< active while the password is still to be sent
+    bool m_passwordPromptDue = false; ///< the name has been sent, and no password prompt has come since
 };

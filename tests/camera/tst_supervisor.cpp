@@ -44,6 +44,7 @@ private slots:
     void twoFailedPingsKeepTheLink();
     void thirdFailedPingDropsTheLink();
     void answeringCameraIsBack();
+    void closingDoesNotDropTheLink();
 
 private:
     int count(int command) const;
@@ -202,6 +203,21 @@ void tst_Supervisor::answeringCameraIsBack()
     m_answerRegistration = true;
     QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("mac AA:BB:CC:DD:EE:0F")), 15000);
     QCOMPARE(m_shell->connections(), 2);
+}
+
+void tst_Supervisor::closingDoesNotDropTheLink()
+{
+    // The log of the last run still has to find its folder, which is named after the MAC address.
+    const QString mac = KestDetectorFace::Get()->macAddress;
+    QVERIFY(!mac.isEmpty());
+    m_events.clear();
+    m_pingsToDrop = 3;
+    QTRY_COMPARE_WITH_TIMEOUT(m_pingsToDrop, 0, 20000);
+    Camera::Get()->abandonRequests();
+    Camera::Get()->killThread();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_events, QStringList());
+    QCOMPARE(KestDetectorFace::Get()->macAddress.get(), mac);
 }
 
 QTEST_GUILESS_MAIN(tst_Supervisor)

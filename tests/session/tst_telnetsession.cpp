@@ -23,6 +23,7 @@ private slots:
     void loginSendsNameAndPassword();
     void passwordWaitsForItsPrompt();
     void passwordIsSentWithoutAKnownPrompt();
+    void passwordIsSentAgainAtALatePrompt();
     void bannerWithoutTrailingBlankDoesNotAdvance();
     void reconnectLogsInAgain();
     void lateLoginDoesNotAnswerTheNextConnect();
@@ -154,6 +155,25 @@ void tst_TelnetSession::passwordIsSentWithoutAKnownPrompt()
     m_peer->onLine = [&](const QByteArray &line) { m_peer->say(line == "root" ? "Kennwort? " : "\r\n~ # "); };
     QCOMPARE(connectNow(), 0);
     QCOMPARE(m_peer->received(), QByteArray("root\nsecret\n"));
+}
+
+void tst_TelnetSession::passwordIsSentAgainAtALatePrompt()
+{
+    // So late that the password has gone out without it, and was thrown away.
+    bool promptSaid = false;
+    m_peer->autoLogin();
+    m_peer->onLine = [&](const QByteArray &line) {
+        if (line == "root") {
+            m_peer->say("root\r\n");
+        } else if (!promptSaid) {
+            promptSaid = true;
+            m_peer->say("Password: ");
+        } else {
+            m_peer->say("\r\n~ # ");
+        }
+    };
+    QCOMPARE(connectNow(), 0);
+    QCOMPARE(m_peer->received(), QByteArray("root\nsecret\nsecret\n"));
 }
 
 void tst_TelnetSession::bannerWithoutTrailingBlankDoesNotAdvance()
