@@ -24,6 +24,17 @@ function(kest_add_library name)
     target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE kest_flags)
 endfunction()
 
+# kest_add_preload(<name> <source>): a module to be preloaded into a program, into which no second copy of a sanitizer may
+# be loaded.
+function(kest_add_preload name source)
+    add_library(${name} MODULE ${source})
+    target_link_libraries(${name} PRIVATE kest_flags ${CMAKE_DL_LIBS})
+    if(KEST_SANITIZE)
+        target_compile_options(${name} PRIVATE -fno-sanitize=all)
+        target_link_options(${name} PRIVATE -fno-sanitize=all)
+    endif()
+endfunction()
+
 # kest_add_test(<name> SOURCES ... LINK ... [ENVIRONMENT ...] [TIMEOUT s] [STATION]): a Qt Test program that lives in
 # a directory of its own, because the station keeps option.ini and log.txt beside the executable.
 # STATION marks a test that binds the station's or the camera's fixed ports; such tests never share a network.
@@ -37,6 +48,9 @@ set(kest_test_environment
     ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
     LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp
     UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1)
+if(KEST_SANITIZE STREQUAL "thread")
+    list(APPEND kest_test_environment LD_PRELOAD=$<TARGET_FILE:kest_test_unseen_wake_ups>)
+endif()
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/tmp)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/runtime)
 file(CHMOD ${CMAKE_BINARY_DIR}/tests/runtime PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)

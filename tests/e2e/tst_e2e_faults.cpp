@@ -268,7 +268,7 @@ std::vector<Story> queryStories()
                    wellLog()),
         allQueries("delay by 2.1 s, once", faulty(queries(), fault("delay", "1", late21)), lensOk, firstLate()),
         allQueries(
-            "delay by 2.1 s, always(), of what is asked once",
+            "delay by 2.1 s, always, of what is asked once",
             faulty({"getBatteryInfo", "getBatteryStatus", "getTFCardStatus", "ReadEEPROM", "getBatteryEscFactoryCheck"},
                    fault("delay", always(), late21)),
             "Camera: OK, Gimbal: OK, Battery: NG, TF Card: NG, Lens: OK, PCBA: OK, Result: NG", lateReports()),
