@@ -1,4 +1,5 @@
 #include "app/CommandLine.h"
+#include "app/platformChoice.h"
 #include "app/TerminationSignals.h"
 #include "app/UnattendedRun.h"
 #include "camera/Camera.h"
@@ -10,7 +11,6 @@
 #include "telnet/TelnetInteractiveFace.h"
 #include "ui/KestDetectorUI.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <langinfo.h>
@@ -28,23 +28,11 @@ void useUtf8InPlainLocale()
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     }
 }
-
-/// Nobody looks at the window of an unattended run, and a text on standard output needs none.
-void doWithoutDisplay(int argc, char *argv[])
-{
-    const bool hasOption = std::any_of(argv + 1, argv + argc, [](const char *argument) {
-        return std::strncmp(argument, "--", 2) == 0 || std::strcmp(argument, "-h") == 0;
-    });
-    const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    if (hasOption && !hasDisplay && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-}
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    doWithoutDisplay(argc, argv);
+    choosePlatform(argc, argv);
     QApplication application(argc, argv);
     useUtf8InPlainLocale();
     const CommandLine line = CommandLine::parse(QApplication::arguments());
