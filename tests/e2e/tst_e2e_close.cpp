@@ -7,7 +7,8 @@
 #include <QtTest>
 
 /// The window closed at hundreds of moments, from the program's first milliseconds to the middle of a run, and the
-/// program told to end: it is gone within 3 s, every thread with it, and leaves nothing behind.
+/// program told to end: it is gone within 3 s, every thread with it, leaves nothing behind, and has not written down
+/// that a camera failed that it only had no time for.
 class tst_E2eClose : public QObject
 {
     Q_OBJECT
@@ -42,6 +43,7 @@ struct Series
     Way way;
     bool hasCamera;
     const char *scenario;
+    bool passes = false; ///< whether every component would pass, given time
 };
 
 #define ALWAYS(kind) "[{\"kind\": " kind ", \"times\": \"always\"}]"
@@ -56,18 +58,18 @@ constexpr char slowAnswer[] = ALL_QUERIES(ALWAYS("\"delay\", \"ms\": 700"));
 constexpr char hangingShell[] = R"({"shell": {"files": {"/bin/mount": "#!/bin/sh\nexec sleep 60\n"}}})";
 
 constexpr Series allSeries[] = {
-    {"healthy camera", Way::window, true, healthy},
-    {"healthy camera, other moments", Way::window, true, healthy},
+    {"healthy camera", Way::window, true, healthy, true},
+    {"healthy camera, other moments", Way::window, true, healthy, true},
     {"no camera", Way::window, false, ""},
     {"camera that answers no query", Way::window, true, noAnswer},
-    {"camera that answers late", Way::window, true, slowAnswer},
+    {"camera that answers late", Way::window, true, slowAnswer, true},
     {"camera that answers no registration", Way::window, true,
      R"({"faults": {"registerPC": [{"kind": "drop", "times": "always"}]}})"},
     {"shell that says nothing", Way::window, true, R"({"shell": {"fault": "silent"}})"},
     {"shell that floods", Way::window, true, R"({"shell": {"fault": "flood"}})"},
     {"shell command that hangs", Way::window, true, hangingShell},
-    {"FTP transfer that hangs", Way::window, true, R"({"ftp": {"fault": "stall"}})"},
-    {"SIGTERM, healthy camera", Way::signal, true, healthy},
+    {"FTP transfer that hangs", Way::window, true, R"({"ftp": {"fault": "stall"}})", true},
+    {"SIGTERM, healthy camera", Way::signal, true, healthy, true},
     {"SIGTERM, camera that answers no query", Way::signal, true, noAnswer},
 };
 constexpr int seriesCount = sizeof allSeries / sizeof allSeries[0];
@@ -77,6 +79,20 @@ int moment(int series, int number)
 {
     constexpr int dense = momentsOfSeries / 2;
     return number < dense ? number * 40 + series * 3 : 400 + (number - dense) * 260 + series * 20;
+}
+
+/// The first word of failure in a log of the station's; empty if there is none.
+QString falseAlarm(const StationProcess &station)
+{
+    const QMap<QString, QByteArray> files = station.allSaved();
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        for (const char *word : {"失败", "NG", "faild"}) {
+            if (file.key().endsWith(QLatin1String("/DetectorLog.txt")) && file.value().contains(word)) {
+                return QString::fromUtf8(word);
+            }
+        }
+    }
+    return {};
 }
 
 /// Starts the station and ends it at a moment; what went wrong, or an empty text.
@@ -105,13 +121,15 @@ QString endAt(const Series &series, int milliseconds)
     const int exitCode = station.finish(60000);
     const qint64 taken = clock.elapsed();
     const QStringList leftovers = station.leftovers();
-    if (exitCode == (series.way == Way::window ? 0 : 1) && taken < limitMs && leftovers.isEmpty()) {
+    const QString alarm = series.passes ? falseAlarm(station) : QString();
+    if (exitCode == (series.way == Way::window ? 0 : 1) && taken < limitMs && leftovers.isEmpty() && alarm.isEmpty()) {
         return {};
     }
     // Whole, which a message of the test would not be.
     std::fprintf(stderr, "%s\n", station.debugOutput().content().constData());
-    return QStringLiteral("%1 ms: exit code %2 after %3 ms, %4")
-        .arg(QString::number(milliseconds), QString::number(exitCode), QString::number(taken), leftovers.join(' '));
+    return QStringLiteral("%1 ms: exit code %2 after %3 ms, %4 %5")
+        .arg(QString::number(milliseconds), QString::number(exitCode), QString::number(taken), leftovers.join(' '),
+             alarm);
 }
 
 QStringList endAtAllMoments(int number)
