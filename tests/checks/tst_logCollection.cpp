@@ -43,6 +43,7 @@ private slots:
     void component_data();
     void component();
     void allItems();
+    void closingLeavesEarlierFilesAlone();
 
 private:
     QString runLog(LogRoutine routine, int *verdict);
@@ -294,6 +295,29 @@ void tst_logCollection::allItems()
     QCOMPARE(QDir(m_folder->path() + QStringLiteral("/log/") + folders.first()).entryList(QDir::Files, QDir::Name),
              (QStringList{"dmesg.txt", "ifconfig.txt", "iw_dev_ap0_scan.txt", "kest_verison.txt", "mci_info.txt",
                           "pstree_ps.txt"}));
+}
+
+/// The last one: a stop request cannot be taken back.
+void tst_logCollection::closingLeavesEarlierFilesAlone()
+{
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("reply\r\n~ # "));
+    int verdict = 99;
+    runLog(downloadDmesgLog, &verdict);
+    m_shell.reset();
+
+    // From now on nothing is answered, as when the program closes.
+    KestDetectorFace::Get()->requestStop();
+    runLog(downloadDmesgLog, &verdict);
+    QCOMPARE(verdict, -1);
+    QCOMPARE(contentOf(folder() + QStringLiteral("/dmesg.txt")), QByteArray("reply\r\n~ # "));
+    runLog(downloadCameraLog, &verdict);
+    QCOMPARE(m_shell.calls(), QStringList({QStringLiteral("shell 11 dmesg"),
+                                           QStringLiteral("shell 7 tar -zcvf /tmp/ftp/log.tar.gz /var/log")}));
+
+    // What has come all the same is kept.
+    m_shell.answer(QStringLiteral("ifconfig -a\n"), QStringLiteral("ap0\r\n~ # "));
+    runLog(downloadIfconfLog, &verdict);
+    QCOMPARE(contentOf(folder() + QStringLiteral("/ifconfig.txt")), QByteArray("ap0\r\n~ # "));
 }
 
 QTEST_GUILESS_MAIN(tst_logCollection)

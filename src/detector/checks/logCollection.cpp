@@ -88,6 +88,9 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
     *verdict =
         shell->telnet(QStringLiteral("tar -zcvf %1/%2 %3\n").arg(face->zipLogTargetPath, name, face->*archive.source),
                       archive.packStep, &reply);
+    if (face->stopRequested()) {
+        return {}; // the download would be given up at once, and an earlier archive be lost for it
+    }
     const QString url = QStringLiteral("ftp://%1/%2").arg(face->cameraAddress.get(), name);
     FtpDownLoadFace::Get()->ftpDownLoad(url, localPath(date, name));
     *verdict =
@@ -120,6 +123,9 @@ QString downloadText(const TextLog &log, int *verdict, const QString &date)
     }
     QString reply;
     *verdict = TelnetInteractiveFace::Get()->telnet(command, log.step, &reply);
+    if (*verdict != 0 && KestDetectorFace::Get()->stopRequested()) {
+        return {}; // given up: nothing to replace an earlier file with
+    }
     writeText(localPath(date, QLatin1String(log.fileName)), reply);
     return {};
 }

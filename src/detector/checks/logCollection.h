@@ -7,8 +7,8 @@
 // camera, fetched over FTP and deleted there again; the output of shell commands is written to text files.
 // Runner thread only: every item makes blocking shell and FTP calls.
 //
-// Nothing stops an item early but the closing program: each of its steps runs even if an earlier one failed. A file
-// that cannot be written leaves a warning with its path in the debug output.
+// Nothing stops an item early but the closing program, which leaves earlier files as they are: each of its steps runs
+// even if an earlier one failed. A file that cannot be written leaves a warning with its path in the debug output.
 
 /// Component routine, items 0 to 9 in the order below. Shows its record in the event table, but leaves none for the
 /// detection log.
