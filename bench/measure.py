@@ -327,17 +327,19 @@ def display():
             server.wait(30)
 
 
+def time_to_paint(name, variables):
+    with Probed(name, **variables) as one:
+        return (one.wait_for("first-paint", 30) - one.begin) / 1e6
+
+
 def start(_):
     with display() as shown:
         for surroundings, variables in (("on X11", shown), ("offscreen", {})):
-            ours, empty = [], []
-            for _ in range(2 * REPETITIONS + 1):
-                for name, samples in (("probedStation", ours), ("emptyWindow", empty)):
-                    with Probed(name, **variables) as one:
-                        samples.append((one.wait_for("first-paint", 30) - one.begin) / 1e6)
-            # The first pair has read the files from the disk.
-            add_comparison("start", f"process start to painted window, {surroundings}", ours[1:], "empty window",
-                           empty[1:], "ms", 1.5, "<= 1.5")
+            pairs = [[time_to_paint(name, variables) for name in ("probedStation", "emptyWindow")]
+                     for _ in range(2 * REPETITIONS + 1)]
+            ours, empty = zip(*pairs[1:])  # the first pair has read the files from the disk
+            add_comparison("start", f"process start to painted window, {surroundings}", ours, "empty window", empty,
+                           "ms", 1.5, "<= 1.5")
 
 
 def memory(_):

@@ -67,7 +67,6 @@ bool TelnetInteractive::telnetConnectToHost()
     loginResult = 0;
     loginDone = false;
     m_passwordDelay.stop();
-    m_passwordPromptDue = false;
     telnet->gatherInput({QByteArrayLiteral("login: "), QByteArrayLiteral("assword:"), QByteArrayLiteral("~ # "),
                          QByteArrayLiteral("\xFF")}); // the last begins the server's telnet commands
     telnet->close();

@@ -131,10 +131,9 @@ QByteArray StationProcess::saved(const QString &fileName) const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
 }
 
-QByteArray StationProcess::shellLog() const
+LogFile StationProcess::diagnosticLog() const
 {
-    QFile file(folder() + QStringLiteral("/log.txt"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    return LogFile(folder() + QStringLiteral("/log.txt"));
 }
 
 QMap<QString, QByteArray> StationProcess::allSaved() const

@@ -51,8 +51,8 @@ public:
     QString runFolder() const;
     /// A file of the run's folder; "(no file)" when there is none.
     QByteArray saved(const QString &fileName) const;
-    /// The diagnostic log, in which the shell session stands; "(no file)" when there is none.
-    QByteArray shellLog() const;
+    /// The file in which the station writes down its shell session.
+    LogFile diagnosticLog() const;
     /// Every file below the save path's "log", by "<MAC>/<file>": the date of each folder's name is left out.
     QMap<QString, QByteArray> allSaved() const;
     /// What lies in the station's folder and in its folder for temporary files, without what belongs there: the

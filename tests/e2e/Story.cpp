@@ -41,7 +41,7 @@ Outcome play(const Story &story)
     outcome.verdicts = scene.station.verdicts().join(QStringLiteral(", "));
     outcome.files = scene.station.allSaved();
     outcome.debugOutput = QString::fromUtf8(scene.station.debugOutput().content());
-    outcome.shellLog = QString::fromUtf8(scene.station.shellLog());
+    outcome.shellLog = QString::fromUtf8(scene.station.diagnosticLog().content());
     outcome.leftovers = scene.station.leftovers();
     if (story.hasCamera && outcome.problem.isEmpty() && !scene.camera.stop()) {
         outcome.problem = QStringLiteral("the camera does not stop");

@@ -89,8 +89,11 @@ QString falseAlarm(const StationProcess &station)
 {
     const QMap<QString, QByteArray> files = station.allSaved();
     for (auto file = files.begin(); file != files.end(); ++file) {
+        if (!file.key().endsWith(QLatin1String("/DetectorLog.txt"))) {
+            continue;
+        }
         for (const char *word : {"失败", "NG", "faild"}) {
-            if (file.key().endsWith(QLatin1String("/DetectorLog.txt")) && file.value().contains(word)) {
+            if (file.value().contains(word)) {
                 return QString::fromUtf8(word);
             }
         }

@@ -332,7 +332,7 @@ Story jump(const char *name, int seconds)
     };
     result.after = [seconds](Scene &scene) {
         // The diagnostic log shows that the clock did jump.
-        const LogFile log(scene.station.folder() + QStringLiteral("/log.txt"));
+        const LogFile log = scene.station.diagnosticLog();
         const auto timeOf = [](const QByteArray &line) {
             return QDateTime::fromString(QString::fromLatin1(line.left(19)), QStringLiteral("yyyy.MM.dd hh:mm:ss"));
         };

@@ -148,7 +148,7 @@ public:
     {
         connect(this, &QTcpServer::newConnection, this, [this, script] {
             while (QTcpSocket *control = nextPendingConnection()) {
-                m_sessions.append(new Session(script, control, this));
+                new Session(script, control, this);
             }
         });
     }
@@ -159,14 +159,13 @@ public:
 private:
     void forEachSession(void (Session::*act)())
     {
-        for (const QPointer<Session> &session : qAsConst(m_sessions)) {
-            if (session != nullptr) {
+        const QObjectList present = children();
+        for (QObject *child : present) {
+            if (auto *session = dynamic_cast<Session *>(child)) {
                 (session->*act)();
             }
         }
     }
-
-    QList<QPointer<Session>> m_sessions; ///< in the order of coming; those that have left are null
 };
 
 ScriptedFtpServer::ScriptedFtpServer()
