@@ -1,6 +1,6 @@
 // A datagram from the network: checked, parsed, and made a valid frame of, which has to survive a round trip.
 
-#include "camera/PacketCodec.h"
+#include "camera/codec/PacketCodec.h"
 #include "require.h"
 
 #include <algorithm>

@@ -2,9 +2,9 @@
 // The first input byte chooses what is made of the rest: the datagram as it is, or a reply with a valid header and
 // checksum to the command that the next two bytes name.
 
-#include "camera/Camera.h"
-#include "camera/PacketCodec.h"
-#include "camera/UDPTransciever.h"
+#include "camera/client/Camera.h"
+#include "camera/client/UDPTransciever.h"
+#include "camera/codec/PacketCodec.h"
 
 #include <algorithm>
 #include <QCoreApplication>

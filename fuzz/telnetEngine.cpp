@@ -3,8 +3,8 @@
 
 #include "require.h"
 #include "support/ScriptedSocket.h"
-#include "telnet/KestTelnet.h"
-#include "telnet/KestTelnetPrivate.h"
+#include "telnet/engine/KestTelnet.h"
+#include "telnet/engine/KestTelnetPrivate.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 // The packet codec and its checksums, Boost.CRC over the same bytes, and memcpy as the floor of both.
 
-#include "camera/KestDataPacket.h"
-#include "camera/PacketCodec.h"
+#include "camera/codec/KestDataPacket.h"
+#include "camera/codec/PacketCodec.h"
 
 #include <array>
 #include <benchmark/benchmark.h>

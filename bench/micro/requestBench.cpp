@@ -1,9 +1,9 @@
 // A `Camera` request from call to result, and the same exchange over a plain UDP socket. Reports the 50th and the 99th
 // percentile in microseconds.
 
-#include "camera/Camera.h"
-#include "camera/EEPromBuf.h"
-#include "camera/UDPTransciever.h"
+#include "camera/client/Camera.h"
+#include "camera/client/EEPromBuf.h"
+#include "camera/client/UDPTransciever.h"
 #include "micro/session.h"
 #include "peers/RawCommands.h"
 

@@ -3,8 +3,8 @@
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/loadSettings.h"
 #include "peers/camera.h"
-#include "telnet/TelnetInteractive.h"
-#include "telnet/TelnetInteractiveFace.h"
+#include "telnet/session/TelnetInteractive.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <benchmark/benchmark.h>
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 
 #include "micro/session.h"
 #include "peers/RawShell.h"
-#include "telnet/TelnetInteractiveFace.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <benchmark/benchmark.h>
 #include <string>

@@ -2,7 +2,7 @@
 // window then does to show it.
 
 #include "detector/store/checkLog.h"
-#include "ui/KestDetectorUI.h"
+#include "ui/window/KestDetectorUI.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>

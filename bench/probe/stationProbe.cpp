@@ -4,7 +4,7 @@
 
 #include "detector/store/KestDetectorFace.h"
 #include "probe/report.h"
-#include "telnet/TelnetInteractiveFace.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,15 +1,15 @@
-#include "app/CommandLine.h"
-#include "app/platformChoice.h"
-#include "app/TerminationSignals.h"
-#include "app/UnattendedRun.h"
-#include "camera/Camera.h"
+#include "app/station/CommandLine.h"
+#include "app/station/platformChoice.h"
+#include "app/station/TerminationSignals.h"
+#include "app/station/UnattendedRun.h"
+#include "camera/client/Camera.h"
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
 #include "ftp/FtpDownLoad.h"
 #include "ftp/FtpDownLoadFace.h"
-#include "telnet/TelnetInteractive.h"
-#include "telnet/TelnetInteractiveFace.h"
-#include "ui/KestDetectorUI.h"
+#include "telnet/session/TelnetInteractive.h"
+#include "telnet/session/TelnetInteractiveFace.h"
+#include "ui/window/KestDetectorUI.h"
 
 #include <cstdio>
 #include <cstring>

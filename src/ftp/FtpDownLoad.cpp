@@ -3,7 +3,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/serveEvents.h"
 #include "ftp/FtpAccessManager.h"
-#include "telnet/SyncCondMutexData.h"
+#include "telnet/sync/SyncCondMutexData.h"
 
 #include <QCoreApplication>
 #include <QDebug>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "telnet/SyncCondMutexData.h"
+#include "telnet/sync/SyncCondMutexData.h"
 
 #include <mutex>
 #include <QObject>

@@ -4,7 +4,7 @@
 #include "support/MessageSpy.h"
 #include "support/onWorkerThread.h"
 #include "support/ScriptedFtpServer.h"
-#include "telnet/SyncCondMutexData.h"
+#include "telnet/sync/SyncCondMutexData.h"
 
 #include <algorithm>
 #include <ctime>

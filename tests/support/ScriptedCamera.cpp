@@ -1,7 +1,7 @@
 #include "support/ScriptedCamera.h"
 
-#include "camera/Camera.h"
-#include "camera/UDPTransciever.h"
+#include "camera/client/Camera.h"
+#include "camera/client/UDPTransciever.h"
 #include "detector/store/KestDetectorFace.h"
 
 #include <arpa/inet.h>

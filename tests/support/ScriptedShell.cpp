@@ -2,8 +2,8 @@
 
 #include "ftp/FtpDownLoad.h"
 #include "ftp/FtpDownLoadFace.h"
-#include "telnet/TelnetInteractive.h"
-#include "telnet/TelnetInteractiveFace.h"
+#include "telnet/session/TelnetInteractive.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 ScriptedShell::ScriptedShell()
 {

@@ -1,7 +1,7 @@
 #include "recordStop.h"
 
 #include "detector/store/KestDetectorFace.h"
-#include "ui/stopServices.h"
+#include "ui/window/stopServices.h"
 
 StopRecord stopRecord;
 

@@ -1,7 +1,7 @@
 #include "detector/checks/cameraChecks.h"
 
-#include "camera/Camera.h"
-#include "camera/PacketCodec.h"
+#include "camera/client/Camera.h"
+#include "camera/codec/PacketCodec.h"
 #include "detector/checks/checkComponent.h"
 #include "detector/checks/statusBitCheck.h"
 #include "detector/store/componentId.h"

@@ -1,6 +1,6 @@
 #include "detector/checks/gimbalChecks.h"
 
-#include "camera/Camera.h"
+#include "camera/client/Camera.h"
 #include "detector/checks/checkComponent.h"
 #include "detector/checks/statusBitCheck.h"
 #include "detector/store/checkHelpers.h"

@@ -6,7 +6,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/verdict.h"
 #include "ftp/FtpDownLoadFace.h"
-#include "telnet/TelnetInteractiveFace.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <array>
 #include <QDate>

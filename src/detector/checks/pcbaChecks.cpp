@@ -1,6 +1,6 @@
 #include "detector/checks/pcbaChecks.h"
 
-#include "camera/Camera.h"
+#include "camera/client/Camera.h"
 #include "detector/checks/checkComponent.h"
 #include "detector/store/componentId.h"
 #include "detector/store/verdict.h"

@@ -1,6 +1,6 @@
 #include "detector/checks/statusBitCheck.h"
 
-#include "camera/Camera.h"
+#include "camera/client/Camera.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/verdict.h"
 

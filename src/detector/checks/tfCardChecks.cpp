@@ -1,11 +1,11 @@
 #include "detector/checks/tfCardChecks.h"
 
-#include "camera/Camera.h"
+#include "camera/client/Camera.h"
 #include "detector/checks/checkComponent.h"
 #include "detector/store/componentId.h"
 #include "detector/store/translatedEntry.h"
 #include "detector/store/verdict.h"
-#include "telnet/TelnetInteractiveFace.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <array>
 #include <cstdint>

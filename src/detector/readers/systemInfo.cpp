@@ -1,7 +1,7 @@
 #include "detector/readers/systemInfo.h"
 
 #include "detector/store/KestDetectorFace.h"
-#include "telnet/TelnetInteractiveFace.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <optional>
 #include <QObject>

@@ -1,5 +1,5 @@
 // Draws the images of icon.qrc. Run it after a change and commit what it writes:
-//     cmake --build <build folder> --target kest_draw_icons && <build folder>/bin/kest_draw_icons src/ui/icons
+//     cmake --build <build folder> --target kest_draw_icons && <build folder>/bin/kest_draw_icons src/ui/window/icons
 
 #include <functional>
 #include <QCommandLineParser>

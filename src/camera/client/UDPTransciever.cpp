@@ -1,0 +1,208 @@
+#include "camera/client/UDPTransciever.h"
+
+#include "camera/client/Camera.h"
+#include "camera/client/datagramFilter.h"
+#include "camera/codec/PacketCodec.h"
+#include "detector/store/KestDetectorFace.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <netinet/in.h>
+#include <poll.h>
+#include <QUdpSocket>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+using Handler = void (Camera::*)(int code, const std::uint8_t *data, int length);
+
+struct Route
+{
+    protocol::Command command;
+    Handler handler;
+};
+
+constexpr std::array routes = {
+    Route{protocol::command::registerPC, &Camera::registerPC_Notify},
+    Route{protocol::command::getTFCardUsedStatus, &Camera::getTFCardUsedStatus_Notify},
+    Route{protocol::command::getTFCardStatus, &Camera::getTFCardStatus_Notify},
+    Route{protocol::command::getCameraState, &Camera::getCameraState_Notify},
+    Route{protocol::command::fetchGimbalState, &Camera::fetchGimbalState_Notify},
+    Route{protocol::command::setGimbalAnguVeloPosi, &Camera::setGimbalAnguVeloPosi_Notify},
+    Route{protocol::command::setGimbalFactoryCheck, &Camera::setGimbalFactoryCheck_Notify},
+    Route{protocol::command::getGimbalDeviceInfo, &Camera::getGimbalDeviceInfo_Notify},
+    Route{protocol::command::getGimbalESCDevicesCheck, &Camera::getGimbalESCDevicesCheck_Notify},
+    Route{protocol::command::getBatteryStatus, &Camera::getBatteryStatus_Notify},
+    Route{protocol::command::getBatteryInfo, &Camera::getBatteryInfo_Notify},
+    Route{protocol::command::getBatteryEscFactoryCheck, &Camera::getBatteryEscFactoryCheck_Notigy},
+    Route{protocol::command::ReadEEPROM, &Camera::ReadEEPROM_Notify},
+    Route{protocol::command::Ping, &Camera::Ping_Notify},
+};
+
+constexpr int pollLimitMs = 5;
+constexpr std::size_t largestDatagram = 65536;
+constexpr std::chrono::milliseconds exitLimit(2000);
+
+std::uint16_t nextSequenceNumber()
+{
+    static std::uint16_t counter = 0; // guarded by the transceiver's socket mutex
+    return ++counter;
+}
+} // namespace
+
+std::shared_ptr<UDPTransciever> UDPTransciever::Get()
+{
+    return Create({protocol::pcPort, static_cast<std::int16_t>(protocol::cameraPort), "192.168.88.10"});
+}
+
+std::shared_ptr<UDPTransciever> UDPTransciever::Create(const UDPortArgs &args)
+{
+    static const auto ptr = std::make_shared<UDPTransciever>(nullptr, args);
+    return ptr;
+}
+
+UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args)
+    : QObject(parent), localPort(args.localPort), peerPort(args.peerPort),
+      peerIp(KestDetectorFace::Get()->cameraAddress), m_peerAddress(peerIp), socket(new QUdpSocket(this)),
+      m_stopEvent(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, true);
+    socket->setSocketOption(QAbstractSocket::KeepAliveOption, true);
+    if (socket->bind(localPort, QAbstractSocket::ShareAddress | QAbstractSocket::ReuseAddressHint)) {
+        connect(socket, &QUdpSocket::readyRead, this, &UDPTransciever::slot_udpReadyRead);
+    } else {
+        qWarning("UDP port %d: %s", localPort, qPrintable(socket->errorString()));
+        // A camera that answers to where a request came from is reached from any port.
+        socket->bind();
+    }
+    m_descriptor = static_cast<int>(socket->socketDescriptor());
+    if (m_descriptor >= 0 && !dropForeignDatagrams(m_descriptor, static_cast<std::uint16_t>(peerPort))) {
+        qWarning("UDP port %d: no filter against floods", localPort);
+    }
+    // The receive thread reads; no event loop may: without a thread of its own the socket gets no notifiers.
+    if (parent == nullptr) {
+        moveToThread(nullptr);
+    }
+    m_receiveThread = std::make_shared<std::thread>(&UDPTransciever::rx_func, this);
+}
+
+UDPTransciever::~UDPTransciever()
+{
+    killThread();
+    if (m_stopEvent >= 0) {
+        ::close(m_stopEvent);
+    }
+}
+
+void UDPTransciever::killThread()
+{
+    if (!m_receiveThread->joinable()) {
+        return;
+    }
+    {
+        std::unique_lock<std::mutex> lock(m_exitMutex);
+        running = false;
+        exited = false;
+        if (m_stopEvent >= 0) {
+            ::eventfd_write(m_stopEvent, 1);
+        }
+        m_exitCond.wait_for(lock, exitLimit, [this] { return exited; });
+    }
+    m_receiveThread->join();
+}
+
+int UDPTransciever::write(const char *bytes, int length)
+{
+    return static_cast<int>(socket->writeDatagram(bytes, length, m_peerAddress, static_cast<std::uint16_t>(peerPort)));
+}
+
+int UDPTransciever::send(const char *bytes, int length)
+{
+    const std::lock_guard<std::mutex> lock(m_socketMutex);
+    return write(bytes, length);
+}
+
+int UDPTransciever::sendPacket(KestDataPacket &packet)
+{
+    if (packet.len > protocol::maxFrameSize) {
+        std::fputs("camera/UDPTransciever.cpp: sendPacket: Assertion `packet.len < 1024' failed.\n", stderr);
+        std::abort();
+    }
+    const std::lock_guard<std::mutex> lock(m_socketMutex);
+    packet.seq = nextSequenceNumber();
+    dataPacket2CharArray(packet, m_sendBuffer.data(), &m_sendLength);
+    return write(reinterpret_cast<const char *>(m_sendBuffer.data()), m_sendLength);
+}
+
+void UDPTransciever::slot_udpReadyRead() {}
+
+void UDPTransciever::rx_func()
+{
+    std::vector<std::uint8_t> datagram(largestDatagram);
+    while (running) {
+        waitForDatagram();
+        const int size = receive(&datagram);
+        if (size > 0) {
+            handleDatagram(datagram.data(), size);
+        }
+    }
+    {
+        const std::lock_guard<std::mutex> lock(m_exitMutex);
+        exited = true;
+    }
+    m_exitCond.notify_all();
+}
+
+void UDPTransciever::waitForDatagram() const
+{
+    // poll(2) leaves out a negative descriptor.
+    std::array<pollfd, 2> entries{pollfd{m_descriptor, POLLIN, 0}, pollfd{m_stopEvent, POLLIN, 0}};
+    const int limit = m_stopEvent < 0 ? pollLimitMs : -1;
+    if (::poll(entries.data(), entries.size(), limit) > 0 && (entries[0].revents & ~POLLIN) != 0) {
+        // A socket in error is always ready: it is left alone for as long as one without news.
+        ::poll(nullptr, 0, pollLimitMs);
+    }
+}
+
+int UDPTransciever::receive(std::vector<std::uint8_t> *buffer) const
+{
+    sockaddr_storage from{};
+    socklen_t fromSize = sizeof from;
+    auto *const fromAddress = reinterpret_cast<sockaddr *>(&from);
+    const ssize_t size = ::recvfrom(m_descriptor, buffer->data(), buffer->size(), MSG_DONTWAIT, fromAddress, &fromSize);
+    if (size <= 0) {
+        return 0;
+    }
+    const in_port_t port = from.ss_family == AF_INET6 ? reinterpret_cast<const sockaddr_in6 *>(&from)->sin6_port
+                                                      : reinterpret_cast<const sockaddr_in *>(&from)->sin_port;
+    const bool fromCamera =
+        ntohs(port) == static_cast<std::uint16_t>(peerPort) && QHostAddress(fromAddress).toString().contains(peerIp);
+    return fromCamera ? static_cast<int>(size) : 0;
+}
+
+void UDPTransciever::handleDatagram(std::uint8_t *datagram, int length)
+{
+    if (!packetCheck(datagram, length)) {
+        return;
+    }
+    KestDataPacket packet;
+    packet.sender = static_cast<std::uint8_t>(protocol::Device::Pc);
+    packet.receiver = static_cast<std::uint8_t>(protocol::Device::Camera);
+    packet.cmdSet = static_cast<std::uint8_t>(protocol::CommandSet::Factory);
+    parsePacket(datagram, length, &packet);
+    if (isRequest(packet) || packet.len < protocol::minReplySize) {
+        return;
+    }
+    for (const Route &route : routes) {
+        if (static_cast<std::uint8_t>(route.command.set) == packet.cmdSet && route.command.id == packet.cmdId) {
+            ((*Camera::Get()).*route.handler)(packet.data[0], packet.data.data() + protocol::replyDataOffset,
+                                              packet.len - protocol::minReplySize);
+            return;
+        }
+    }
+}

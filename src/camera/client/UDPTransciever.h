@@ -1,0 +1,82 @@
+#pragma once
+
+#include "camera/client/UDPortArgs.h"
+
+#include <array>
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <QHostAddress>
+#include <QObject>
+#include <QString>
+#include <thread>
+#include <vector>
+
+class QUdpSocket;
+struct KestDataPacket;
+
+/// The one UDP socket between the PC and the camera's command service: sends request frames and runs the receive
+/// thread, which hands each well-formed reply from the camera to the matching completion handler of `Camera`.
+///
+/// Any thread may send. One mutex guards the sending side: the socket object, the send buffer and the sequence counter.
+class UDPTransciever : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(UDPTransciever)
+
+public:
+    /// The process-wide instance, set up with the system's ports on first use.
+    static std::shared_ptr<UDPTransciever> Get();
+    /// The same instance; `args` count only in the call that creates it.
+    static std::shared_ptr<UDPTransciever> Create(const UDPortArgs &args);
+
+    /// Binds the local port and starts the receive thread. The peer is the camera address that the facade holds now;
+    /// it is kept as long as the transceiver lives. A port that cannot be bound is logged, nothing more.
+    UDPTransciever(QObject *parent, const UDPortArgs &args);
+    ~UDPTransciever() override;
+
+    /// Sends raw bytes as one datagram; the bytes written, or -1.
+    int send(const char *bytes, int length);
+    /// Gives `packet` the next sequence number (the first is 1) and sends it as one frame; the bytes written, or -1.
+    /// Aborts the process, in every build, when `packet.len` is 1024 or more.
+    int sendPacket(KestDataPacket &packet);
+
+    /// Judges one datagram from the camera and hands a good reply to its completion handler; drops anything else.
+    /// Zeroes the checksum in `datagram`. Called on the receive thread.
+    static void handleDatagram(std::uint8_t *datagram, int length);
+
+    /// Stops and joins the receive thread. Further calls do nothing.
+    void killThread();
+
+public slots:
+    /// Does nothing: only the receive thread reads.
+    void slot_udpReadyRead();
+
+private:
+    void rx_func();
+    int write(const char *bytes, int length);
+    /// Returns when a datagram may be there or the thread is to stop.
+    void waitForDatagram() const;
+    /// Takes the next datagram into `buffer` and returns its size; 0 when there is none, or none of the camera's
+    /// command port. The kernel lets it run beside a send.
+    int receive(std::vector<std::uint8_t> *buffer) const;
+
+    std::uint16_t localPort;
+    std::int16_t peerPort;
+    QString peerIp;
+    QHostAddress m_peerAddress; ///< `peerIp`, read once
+    QUdpSocket *socket = nullptr;
+    int m_descriptor = -1; ///< of the socket; -1 when it has no port at all: then nothing can be received
+    int m_stopEvent = -1;  ///< eventfd(2), written to wake the receive thread for its end
+    std::mutex m_socketMutex;
+    std::array<std::uint8_t, 1024> m_sendBuffer{};
+    int m_sendLength = 0;
+
+    std::atomic<bool> running{true};
+    std::mutex m_exitMutex;
+    std::condition_variable m_exitCond;
+    bool exited = false;
+    std::shared_ptr<std::thread> m_receiveThread; ///< last: it starts when everything else is in place
+};

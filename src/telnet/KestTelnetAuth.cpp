@@ -1,3 +1,0 @@
-#include "telnet/KestTelnetAuth.h"
-
-KestTelnetAuth::~KestTelnetAuth() = default;

@@ -1,0 +1,72 @@
+#include "telnet/engine/InputGatherer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr int quietMs = 5;
+constexpr int smallestPiece = 64 * 1024;      // of a long reply
+constexpr int largestPiece = 8 * 1024 * 1024; // handling one must not hold up the thread, however much has come
+} // namespace
+
+InputGatherer::InputGatherer(std::function<void(const QByteArray &)> handOn) : m_handOn(std::move(handOn))
+{
+    m_quiet.setSingleShot(true);
+    m_quiet.setTimerType(Qt::PreciseTimer);
+    m_quiet.setInterval(quietMs);
+    QObject::connect(&m_quiet, &QTimer::timeout, &m_quiet, [this] { handOnGathered(); });
+}
+
+void InputGatherer::setUrgentTexts(const QByteArrayList &texts)
+{
+    m_urgentTexts = texts;
+    m_longestUrgentText = 0;
+    for (const QByteArray &text : texts) {
+        m_longestUrgentText = std::max(m_longestUrgentText, text.size());
+    }
+}
+
+void InputGatherer::add(const QByteArray &bytes)
+{
+    if (m_urgentTexts.isEmpty()) {
+        m_handOn(bytes);
+        return;
+    }
+    const int from = std::max(0, m_bytes.size() - m_longestUrgentText + 1);
+    m_bytes += bytes;
+    const bool longReply = m_handedOn >= smallestPiece;
+    if (m_bytes.size() >= std::clamp(m_handedOn, smallestPiece, largestPiece) || isUrgent(from)) {
+        handOnGathered();
+    } else if (longReply || !m_quiet.isActive()) {
+        m_quiet.start();
+    }
+}
+
+bool InputGatherer::isUrgent(int from) const
+{
+    return std::any_of(m_urgentTexts.begin(), m_urgentTexts.end(),
+                       [&](const QByteArray &text) { return m_bytes.indexOf(text, from) != -1; });
+}
+
+void InputGatherer::handOnGathered()
+{
+    m_quiet.stop();
+    m_handedOn = std::min(m_handedOn + m_bytes.size(), largestPiece);
+    const QByteArray piece = std::exchange(m_bytes, QByteArray());
+    if (!piece.isEmpty()) {
+        m_handOn(piece);
+    }
+}
+
+void InputGatherer::flush()
+{
+    handOnGathered();
+    m_handedOn = 0;
+}
+
+void InputGatherer::clear()
+{
+    m_quiet.stop();
+    m_bytes.clear();
+    m_handedOn = 0;
+}

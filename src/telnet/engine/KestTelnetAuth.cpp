@@ -1,0 +1,3 @@
+#include "telnet/engine/KestTelnetAuth.h"
+
+KestTelnetAuth::~KestTelnetAuth() = default;

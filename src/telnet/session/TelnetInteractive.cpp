@@ -1,0 +1,175 @@
+#include "telnet/session/TelnetInteractive.h"
+
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/serveEvents.h"
+#include "log/MyDebug.h"
+#include "telnet/engine/KestTelnet.h"
+#include "telnet/sync/SyncCondMutexData.h"
+
+#include <QLatin1String>
+
+namespace {
+enum Step : std::int32_t {
+    awaitLoginPrompt = 0,
+    awaitPasswordPrompt = 1,
+    awaitShellPrompt = 2,
+    firstCommand = 3,
+    lastCommand = 20,
+};
+
+constexpr int loginLimitMs = 5000;
+constexpr int commandLimitMs = 5000;
+// A login that never names its password prompt gets the password all the same, once its terminal has been quiet.
+constexpr int passwordDelayMs = 1000;
+// A shell that never stops talking must not fill the memory. No real reply comes near it.
+constexpr int longestReply = 64 * 1024 * 1024; // characters
+constexpr quint16 telnetPort = 23;
+
+const QLatin1String loginPrompt("(none) login: ");
+const QLatin1String passwordPrompt("assword:"); // blanks may follow
+const QLatin1String shellPrompt("~ # ");
+const char *const recordEnd = "$#$\r\n";
+
+bool closing()
+{
+    return KestDetectorFace::Get()->quitFlag != 0;
+}
+
+void writeToLog(const QString &text)
+{
+    MyDebug() << text << recordEnd;
+}
+} // namespace
+
+TelnetInteractive *TelnetInteractive::Get()
+{
+    static auto *ptr = new TelnetInteractive;
+    return ptr;
+}
+
+TelnetInteractive::TelnetInteractive() : telnet(new KestTelnet(nullptr))
+{
+    connect(telnet, &KestTelnet::message, this, &TelnetInteractive::slot_telnetReplyFinished);
+    m_passwordDelay.setSingleShot(true);
+    m_passwordDelay.setInterval(passwordDelayMs);
+    connect(&m_passwordDelay, &QTimer::timeout, this, &TelnetInteractive::sendPassword);
+}
+
+TelnetInteractive::~TelnetInteractive()
+{
+    delete telnet;
+}
+
+bool TelnetInteractive::telnetConnectToHost()
+{
+    step = awaitLoginPrompt;
+    // A login that came through after its caller had given up must not answer for this one.
+    loginResult = 0;
+    loginDone = false;
+    m_passwordDelay.stop();
+    telnet->gatherInput({QByteArrayLiteral("login: "), QByteArrayLiteral("assword:"), QByteArrayLiteral("~ # "),
+                         QByteArrayLiteral("\xFF")}); // the last begins the server's telnet commands
+    telnet->close();
+    telnet->connectToHost(KestDetectorFace::Get()->cameraAddress, telnetPort);
+
+    serveEventsUntil(loginLimitMs, [this] { return loginDone || closing(); });
+    const bool loggedIn = loginDone;
+    loginResult = 0;
+    loginDone = false;
+    return loggedIn;
+}
+
+bool TelnetInteractive::telnetDisconnectToHost()
+{
+    return true;
+}
+
+void TelnetInteractive::slot_telnetConnectToHost(SyncCondMutexData *sync)
+{
+    sync->complete(telnetConnectToHost() ? 0 : -1);
+}
+
+void TelnetInteractive::slot_telnetDisConnectToHost(SyncCondMutexData *sync)
+{
+    telnetDisconnectToHost();
+    sync->complete(0);
+}
+
+void TelnetInteractive::slot_telnet(const QString &cmd, SyncCondMutexData *sync, int callerStep, QString *out)
+{
+    step = callerStep;
+    // A prompt that came after its command had been given up must not complete this one.
+    telnet->flushInput();
+    telnet->gatherInput({QByteArrayLiteral("~ # ")});
+    cmdResult = 0;
+    cmdDone = false;
+    reply.clear();
+    telnet->sendData(cmd);
+
+    serveEventsUntil(commandLimitMs, [this] { return cmdDone || closing(); });
+    const std::int32_t outcome = cmdDone ? cmdResult : -1;
+    cmdResult = 0;
+    cmdDone = false;
+    *out = outcome == 0 ? reply : QString();
+    sync->complete(outcome);
+}
+
+void TelnetInteractive::slot_telnetReplyFinished(const QString &text)
+{
+    if (step == awaitLoginPrompt) {
+        if (text.contains(loginPrompt)) {
+            writeToLog(text);
+            step = awaitPasswordPrompt;
+            telnet->sendData(KestDetectorFace::Get()->username + QLatin1Char('\n'));
+        }
+    } else if (step == awaitPasswordPrompt || step == awaitShellPrompt) {
+        // Whatever follows the name is taken for the password prompt. It is often just the echo of the name, and a
+        // login throws away what was typed before it printed its prompt: the answer waits until the prompt is there.
+        const bool first = step == awaitPasswordPrompt;
+        if (first) {
+            step = awaitShellPrompt;
+            m_passwordPromptDue = true;
+            m_passwordDelay.start();
+        }
+        const bool atPrompt = text.contains(shellPrompt);
+        const bool asked = m_passwordPromptDue && text.trimmed().endsWith(passwordPrompt);
+        if (first || atPrompt || asked || m_passwordDelay.isActive()) {
+            writeToLog(text);
+        }
+        if (asked) {
+            // Also when the delay is over: what it sent was too early for this prompt.
+            m_passwordPromptDue = false;
+            sendPassword();
+        } else if (!first && atPrompt) {
+            loginResult = 0;
+            loginDone = true;
+        }
+    } else if (step >= firstCommand && step <= lastCommand) {
+        if (reply.size() > longestReply - text.size()) {
+            if (!cmdDone) {
+                qWarning("The camera's shell does not stop talking: the command is given up");
+            }
+            cmdResult = -1;
+            cmdDone = true;
+            return;
+        }
+        reply += text;
+        writeToLog(reply);
+        if (text.contains(shellPrompt)) {
+            cmdResult = 0;
+            cmdDone = true;
+        }
+    }
+}
+
+void TelnetInteractive::slot_telnetConnectionError(QAbstractSocket::SocketError)
+{
+    cmdResult = -1;
+    cmdDone = true;
+}
+
+void TelnetInteractive::sendPassword()
+{
+    m_passwordDelay.stop();
+    telnet->sendData(KestDetectorFace::Get()->password + QLatin1Char('\n'));
+}

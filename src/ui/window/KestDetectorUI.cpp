@@ -1,0 +1,445 @@
+#include "ui/window/KestDetectorUI.h"
+
+#include "detector/store/checkHelpers.h"
+#include "detector/store/componentId.h"
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/loadSettings.h"
+#include "detector/store/verdict.h"
+#include "ui/widgets/ElidedText.h"
+#include "ui/widgets/LogTextDelegate.h"
+#include "ui/widgets/RingsProgressbar.h"
+#include "ui/window/stopServices.h"
+#include "ui_KestDetectorUI.h"
+
+#include <array>
+#include <mutex>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFont>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScrollBar>
+
+namespace {
+struct Component
+{
+    int id;
+    QCheckBox *Ui::KestDetectorUI::*box;
+    QLabel *Ui::KestDetectorUI::*icon; ///< nullptr: the component has no verdict
+    bool placeholder;                  ///< has no test yet: left alone by Select All and never locked by a run
+    QList<int> items;                  ///< what a run does, in this order
+};
+
+/// In the order in which a run tests them.
+const std::array<Component, 10> &components()
+{
+    using Form = Ui::KestDetectorUI;
+    static const std::array<Component, 10> table{{
+        {componentId::camera, &Form::cbCamera, &Form::lbCamera, false, {0}},
+        {componentId::gimbal, &Form::cbGimbal, &Form::lbGimbal, false, {0, 1, 2, 3}},
+        // The battery's information is read before its status.
+        {componentId::battery, &Form::cbBattery, &Form::lbBattery, false, {0, 2, 1}},
+        {componentId::tfCard, &Form::cbTFCard, &Form::lbTFCard, false, {0, 1}},
+        {componentId::lens, &Form::cbLens, &Form::lbLens, false, {0}},
+        {componentId::fan, &Form::cbFan, &Form::lbFan, true, {0}},
+        {componentId::keyBoard, &Form::cbKeyBoard, &Form::lbKeyBoard, true, {0}},
+        {componentId::voice, &Form::cbVoice, &Form::lbVoice, true, {0}},
+        {componentId::pcba, &Form::cbPCBA, &Form::lbPcba, false, {0, 1, 2, 3, 4, 5, 6}},
+        {componentId::log, &Form::cbLoadLog, nullptr, false, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
+    }};
+    return table;
+}
+
+// Result icons grow with the window, in pixels.
+constexpr int smallestIcon = 40;
+constexpr int largestIcon = 72;
+constexpr int windowHeightPerIcon = 15;
+
+struct VerdictLook
+{
+    int verdict;
+    const char *styleSheet;
+    const char *state; ///< for screen readers, translated in the window's context
+};
+
+constexpr VerdictLook verdictLooks[] = {
+    {verdict::ok, "border-image: url(:/icon/OK.jpg);", QT_TRANSLATE_NOOP("KestDetectorUI", "OK")},
+    {verdict::failed, "border-image: url(:/icon/NG.jpg);", QT_TRANSLATE_NOOP("KestDetectorUI", "NG")},
+    {verdict::warning, "border-image: url(:/icon/War.png);", QT_TRANSLATE_NOOP("KestDetectorUI", "warning")},
+};
+constexpr VerdictLook notTestedLook = {verdict::notTested, "border-image: url(:/icon/NA1.jpg);",
+                                       QT_TRANSLATE_NOOP("KestDetectorUI", "not tested")};
+
+const VerdictLook &lookOf(int verdict)
+{
+    for (const VerdictLook &look : verdictLooks) {
+        if (look.verdict == verdict) {
+            return look;
+        }
+    }
+    return notTestedLook;
+}
+
+void setState(QWidget *widget, const QString &name, const QString &state)
+{
+    widget->setAccessibleName(name);
+    widget->setAccessibleDescription(state);
+}
+
+void setComponentState(QWidget *widget, const QString &component, const char *state)
+{
+    const QString text = KestDetectorUI::tr(state);
+    setState(widget, KestDetectorUI::tr("%1: %2").arg(component, text), text);
+}
+
+void setOverallState(QWidget *widget, const char *state)
+{
+    setComponentState(widget, KestDetectorUI::tr("Overall"), state);
+}
+
+void showPersent(RingsProgressbar *ring, int percent)
+{
+    ring->setPersent(percent);
+    setState(ring, ring->text(), QStringLiteral("%1%").arg(percent));
+}
+
+QTableWidgetItem *logCell(const QString &text)
+{
+    auto *cell = new QTableWidgetItem(text);
+    cell->setTextAlignment(static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
+    return cell;
+}
+
+/// The form asks for Chinese fonts that only some systems have.
+void nameFontSubstitutes()
+{
+    const QStringList substitutes{QStringLiteral("Noto Sans CJK SC"), QStringLiteral("WenQuanYi Micro Hei"),
+                                  QStringLiteral("PingFang SC")};
+    for (const QString &family : {QStringLiteral("Microsoft YaHei"), QStringLiteral("等线"), QStringLiteral("黑体")}) {
+        QFont::insertSubstitutions(family, substitutes);
+    }
+}
+} // namespace
+
+KestDetectorUI::KestDetectorUI(QWidget *parent) : QMainWindow(parent), ui(std::make_unique<Ui::KestDetectorUI>())
+{
+    initUI();
+    initVal();
+    initConnection();
+}
+
+KestDetectorUI::~KestDetectorUI() = default;
+
+void KestDetectorUI::initUI()
+{
+    Q_INIT_RESOURCE(icon); // the images lie in a static library, which leaves them out unless they are asked for
+    nameFontSubstitutes();
+    ui->setupUi(this);
+    setWindowTitle(tr("KestDetector_V%1").arg(QStringLiteral("1.0.3")));
+    ui->barTotal->caption = tr("Total:");
+    ui->barCurrent->caption = tr("Current:");
+
+    struct StatusText
+    {
+        QLabel *KestDetectorUI::*label;
+        const char *objectName;
+        const char *caption; ///< the narrowest that the label may become
+        const char *text;
+    };
+    constexpr StatusText statusTexts[] = {
+        {&KestDetectorUI::m_wifiName, "lbWifiName", QT_TR_NOOP("Wifi:"), QT_TR_NOOP("Wifi: %1 ")},
+        {&KestDetectorUI::m_wifiPassword, "lbWifiPassword", QT_TR_NOOP("Password:"), QT_TR_NOOP("Password: %1 ")},
+        {&KestDetectorUI::m_macAddress, "lbMacAddress", QT_TR_NOOP("Mac:"), QT_TR_NOOP("Mac: %1 ")},
+        {&KestDetectorUI::m_connectState, "lbConnectState", QT_TR_NOOP("Connect State:"),
+         QT_TR_NOOP("Connect State: %1 ")},
+    };
+    for (const StatusText &status : statusTexts) {
+        auto *label = new QLabel(tr(status.caption), this);
+        label->setObjectName(QLatin1String(status.objectName));
+        label->setTextFormat(Qt::PlainText);
+        label->setMinimumSize(label->sizeHint());
+        label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        label->setText(tr(status.text).arg(QString()));
+        ui->statusBar->addPermanentWidget(label);
+        new ElidedText(label, Qt::ElideRight);
+        this->*status.label = label;
+    }
+    new ElidedText(ui->lbCurrComponent, Qt::ElideRight);
+    new ElidedText(ui->lbCurrCheckItem, Qt::ElideRight);
+    new ElidedText(ui->lbSavePath, Qt::ElideMiddle); // both the drive and the last folder matter
+
+    ui->twCheckedLog->setRowCount(0);
+    ui->twCheckedLog->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    ui->twCheckedLog->setItemDelegate(new LogTextDelegate(ui->twCheckedLog));
+
+    ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(QCoreApplication::applicationDirPath()));
+    on_tbNotChooseAll_clicked();
+
+    for (const Component &component : components()) {
+        showVerdict(component.id, verdict::notTested);
+    }
+    setOverallState(ui->lbCameraStatus, notTestedLook.state);
+    showPersent(ui->barTotal, 0);
+    showPersent(ui->barCurrent, 0);
+}
+
+void KestDetectorUI::initVal()
+{
+    loadSettings(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini"), KestDetectorFace::Get());
+}
+
+void KestDetectorUI::initConnection()
+{
+    using Face = KestDetectorFace;
+    using Window = KestDetectorUI;
+    const auto link = [this](auto signal, auto slot) { connect(Face::Get(), signal, this, slot); };
+    link(&Face::signal_showBatteryCheckResult, &Window::slot_showBatteryCheckResult);
+    link(&Face::signal_showCameraCheckResult, &Window::slot_showCameraCheckResult);
+    link(&Face::signal_showFanCheckResult, &Window::slot_showFanCheckResult);
+    link(&Face::signal_showGimbalCheckResult, &Window::slot_showGimbalCheckResult);
+    link(&Face::signal_showKeyBoardCheckResult, &Window::slot_showKeyBoardCheckResult);
+    link(&Face::signal_showLensCheckResult, &Window::slot_showLensCheckResult);
+    link(&Face::signal_showPcbaCheckResult, &Window::slot_showPcbaCheckResult);
+    link(&Face::signal_showTFCardCheckResult, &Window::slot_showTFCardCheckResult);
+    link(&Face::signal_showVoiceCheckResult, &Window::slot_showVoiceCheckResult);
+    link(&Face::signal_showCurrentComponent, &Window::slot_showCurrentComponent);
+    link(&Face::signal_showCurrentCheckItem, &Window::slot_showCurrentCheckItem);
+    link(&Face::signal_showCheckLogList, &Window::slot_showCheckLogList);
+    link(&Face::signal_showCheckLog, &Window::slot_showCheckLog);
+    link(&Face::signal_showCheckResult, &Window::slot_showCheckResult);
+    link(&Face::signal_showTotalPersent, &Window::slot_showTotalPersent);
+    link(&Face::signal_showCurrentPersent, &Window::slot_showCurrentPersent);
+    link(&Face::signal_setButtonEnable, &Window::slot_setButtonEnable);
+    link(&Face::signal_setWifiName, &Window::slot_setWifiName);
+    link(&Face::signal_setMacAddress, &Window::slot_setMacAddress);
+    link(&Face::signal_setWifiPassWord, &Window::slot_setWifiPassWord);
+    link(&Face::signal_setConnectStatus, &Window::slot_setConnectStatus);
+}
+
+void KestDetectorUI::showVerdict(int component, int verdict)
+{
+    const VerdictLook &look = lookOf(verdict);
+    for (const Component &entry : components()) {
+        if (entry.id == component && entry.icon != nullptr) {
+            QLabel *icon = ui.get()->*entry.icon;
+            icon->setStyleSheet(QLatin1String(look.styleSheet));
+            setComponentState(icon, getComponent(component), look.state);
+        }
+    }
+}
+
+void KestDetectorUI::clearResults()
+{
+    ui->twCheckedLog->setRowCount(0);
+    m_followedTo = 0;
+    showPersent(ui->barTotal, 0);
+    showPersent(ui->barCurrent, 0);
+    for (const Component &component : components()) {
+        showVerdict(component.id, verdict::notTested);
+    }
+    ui->lbCameraStatus->setStyleSheet(QStringLiteral("background-color: rgb(220, 220, 220);color: rgb(20, 20, 20);"));
+    ui->lbCameraStatus->setText(QStringLiteral("NA"));
+    setOverallState(ui->lbCameraStatus, notTestedLook.state);
+}
+
+void KestDetectorUI::slot_showBatteryCheckResult(int verdict)
+{
+    showVerdict(componentId::battery, verdict);
+}
+void KestDetectorUI::slot_showCameraCheckResult(int verdict)
+{
+    showVerdict(componentId::camera, verdict);
+}
+void KestDetectorUI::slot_showFanCheckResult(int verdict)
+{
+    showVerdict(componentId::fan, verdict);
+}
+void KestDetectorUI::slot_showGimbalCheckResult(int verdict)
+{
+    showVerdict(componentId::gimbal, verdict);
+}
+void KestDetectorUI::slot_showKeyBoardCheckResult(int verdict)
+{
+    showVerdict(componentId::keyBoard, verdict);
+}
+void KestDetectorUI::slot_showLensCheckResult(int verdict)
+{
+    showVerdict(componentId::lens, verdict);
+}
+void KestDetectorUI::slot_showPcbaCheckResult(int verdict)
+{
+    showVerdict(componentId::pcba, verdict);
+}
+void KestDetectorUI::slot_showTFCardCheckResult(int verdict)
+{
+    showVerdict(componentId::tfCard, verdict);
+}
+void KestDetectorUI::slot_showVoiceCheckResult(int verdict)
+{
+    showVerdict(componentId::voice, verdict);
+}
+
+void KestDetectorUI::slot_showCurrentComponent(const QString &name)
+{
+    ui->lbCurrComponent->setText(tr("Current unit:%1").arg(name));
+}
+
+void KestDetectorUI::slot_showCurrentCheckItem(const QString &name)
+{
+    ui->lbCurrCheckItem->setText(tr("Current item:%1").arg(name));
+}
+
+void KestDetectorUI::slot_showCheckLogList(const QList<checkLog> & /*logs*/) {}
+
+void KestDetectorUI::slot_showCheckLog(const checkLog &log)
+{
+    QTableWidget *table = ui->twCheckedLog;
+    const QScrollBar *scrollBar = table->verticalScrollBar();
+    const bool followed = scrollBar->value() >= m_followedTo; // the operator has not scrolled up
+
+    // A list of our own: the runner's thread made this one, and taking a share of it also tells the thread sanitizer,
+    // which does not see how Qt hands a record over, that the items were written before they are read here.
+    const QList<CheckItemLog> items = log.itemLogs;
+
+    // All rows at once: every insertion makes the view lay out the whole table anew.
+    int row = table->rowCount();
+    table->setRowCount(row + 1 + items.size());
+
+    QTableWidgetItem *heading = logCell(getComponent(log.component));
+    heading->setFlags(heading->flags() & ~Qt::ItemIsEditable);
+    table->setItem(row, 0, heading);
+    QTableWidgetItem *newestText = heading; // the rows of the log collection hold none
+    for (const CheckItemLog &item : items) {
+        ++row;
+        table->setItem(row, 1, logCell(item.message));
+        table->setItem(row, 2, logCell(item.detail));
+        if (!item.message.isEmpty() || !item.detail.isEmpty()) {
+            newestText = table->item(row, 1);
+        }
+        if (LogTextDelegate::hasSeveralLines(item.message) || LogTextDelegate::hasSeveralLines(item.detail)) {
+            table->resizeRowToContents(row);
+        }
+    }
+    if (followed) {
+        table->scrollToBottom(); // also lays out the new rows
+        table->scrollToItem(newestText, QAbstractItemView::PositionAtBottom);
+        m_followedTo = scrollBar->value();
+    }
+}
+
+void KestDetectorUI::slot_showCheckResult(bool passed)
+{
+    ui->lbCameraStatus->setText(passed ? QStringLiteral("OK") : QStringLiteral("NG"));
+    ui->lbCameraStatus->setStyleSheet(
+        passed ? QStringLiteral("background-color: rgb(0, 255, 0);color: rgb(0, 0, 255);")
+               : QStringLiteral("background-color: rgb(255, 0, 0);color: rgb(255, 255, 255);"));
+    setOverallState(ui->lbCameraStatus, lookOf(passed ? verdict::ok : verdict::failed).state);
+}
+
+void KestDetectorUI::slot_showTotalPersent(int percent)
+{
+    showPersent(ui->barTotal, percent);
+}
+void KestDetectorUI::slot_showCurrentPersent(int percent)
+{
+    showPersent(ui->barCurrent, percent);
+}
+
+void KestDetectorUI::slot_setButtonEnable(bool enabled)
+{
+    for (QWidget *button : {ui->tbStart, ui->tbChooseAll, ui->tbNotChooseAll}) {
+        button->setEnabled(enabled);
+    }
+    for (const Component &component : components()) {
+        if (!component.placeholder) {
+            (ui.get()->*component.box)->setEnabled(enabled);
+        }
+    }
+}
+
+void KestDetectorUI::slot_setWifiName(const QString &name)
+{
+    m_wifiName->setText(tr("Wifi: %1 ").arg(name));
+}
+void KestDetectorUI::slot_setMacAddress(const QString &mac)
+{
+    m_macAddress->setText(tr("Mac: %1 ").arg(mac));
+}
+
+void KestDetectorUI::slot_setWifiPassWord(const QString &password)
+{
+    m_wifiPassword->setText(tr("Password: %1 ").arg(password));
+}
+
+void KestDetectorUI::slot_setConnectStatus(bool connected)
+{
+    m_connectState->setText(tr("Connect State: %1 ").arg(connected ? tr("connected") : tr("Disconnected")));
+}
+
+void KestDetectorUI::on_tbStart_clicked()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    const std::lock_guard<std::mutex> posting(face->handOver);
+    if (face->runActive) {
+        return; // pressed before the runner could disable the button; the log of its run must stay
+    }
+    QList<ComponentTask> plan;
+    for (const Component &component : components()) {
+        if ((ui.get()->*component.box)->isChecked()) {
+            plan.append({component.id, component.items});
+        }
+    }
+    clearResults();
+    face->taskList = plan;
+    face->checkLogList = QList<checkLog>();
+    face->runRequest = 1;
+}
+
+void KestDetectorUI::on_tbChooseAll_clicked()
+{
+    for (const Component &component : components()) {
+        if (!component.placeholder) {
+            (ui.get()->*component.box)->setChecked(true);
+        }
+    }
+}
+
+void KestDetectorUI::on_tbNotChooseAll_clicked()
+{
+    for (const Component &component : components()) {
+        (ui.get()->*component.box)->setChecked(false);
+    }
+}
+
+void KestDetectorUI::on_tbSavePath_clicked()
+{
+    const QString path = QFileDialog::getExistingDirectory(nullptr, QString(), QString(), QFileDialog::ShowDirsOnly);
+    if (!path.isEmpty()) {
+        setSavePath(path);
+    }
+}
+
+void KestDetectorUI::setSavePath(const QString &path)
+{
+    KestDetectorFace::Get()->savePath = path;
+    ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(path));
+}
+
+void KestDetectorUI::resizeEvent(QResizeEvent *event)
+{
+    const int side = qBound(smallestIcon, height() / windowHeightPerIcon, largestIcon);
+    for (const Component &component : components()) {
+        if (component.icon != nullptr) {
+            (ui.get()->*component.icon)->setFixedSize(side, side);
+        }
+    }
+    QMainWindow::resizeEvent(event);
+}
+
+void KestDetectorUI::closeEvent(QCloseEvent *event)
+{
+    stopServices();
+    KestDetectorFace::Get()->quitFlag = -1;
+    QMainWindow::closeEvent(event);
+}

@@ -1,0 +1,106 @@
+#include "app/station/CommandLine.h"
+
+#include <QtTest>
+
+/// The station's command line: what it accepts, and the message for what it does not.
+class tst_CommandLine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void withoutOptionsIsTheWindow();
+    void unattended();
+    void allNamesEveryBox();
+    void helpNamesEveryOption();
+    void wrongUsage_data();
+    void wrongUsage();
+};
+
+namespace {
+CommandLine parse(const QString &arguments)
+{
+    return CommandLine::parse(
+        (QStringLiteral("KestDetector ") + arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+}
+} // namespace
+
+void tst_CommandLine::withoutOptionsIsTheWindow()
+{
+    QVERIFY(parse({}).mode == CommandLine::Mode::Window);
+}
+
+void tst_CommandLine::unattended()
+{
+    const CommandLine line = parse(QStringLiteral(
+        "--run battery,camera,battery --save-path /data --connect-timeout 7 --screenshot a.PNG --repeat 3"));
+    QVERIFY(line.mode == CommandLine::Mode::Unattended);
+    QCOMPARE(line.boxes, QStringList({QStringLiteral("cbBattery"), QStringLiteral("cbCamera")}));
+    QCOMPARE(line.savePath, QStringLiteral("/data"));
+    QCOMPARE(line.connectTimeoutSeconds, 7);
+    QCOMPARE(line.screenshot, QStringLiteral("a.PNG"));
+    QCOMPARE(line.repeat, 3);
+    QCOMPARE(line.closeAfterMs, -1);
+}
+
+void tst_CommandLine::allNamesEveryBox()
+{
+    const QStringList boxes{QStringLiteral("cbCamera"),   QStringLiteral("cbGimbal"), QStringLiteral("cbBattery"),
+                            QStringLiteral("cbTFCard"),   QStringLiteral("cbLens"),   QStringLiteral("cbFan"),
+                            QStringLiteral("cbKeyBoard"), QStringLiteral("cbVoice"),  QStringLiteral("cbPCBA"),
+                            QStringLiteral("cbLoadLog")};
+    QCOMPARE(parse(QStringLiteral("--run all")).boxes, boxes);
+    QCOMPARE(parse(QStringLiteral("--run camera,gimbal,battery,tfcard,lens,fan,button,audio,pcba,log")).boxes, boxes);
+}
+
+void tst_CommandLine::helpNamesEveryOption()
+{
+    const CommandLine line = parse(QStringLiteral("--help"));
+    QVERIFY(line.mode == CommandLine::Mode::Help);
+    for (const char *option : {"--run", "--save-path", "--connect-timeout", "--screenshot", "--repeat"}) {
+        QVERIFY2(line.message.contains(QLatin1String(option)), option);
+    }
+}
+
+void tst_CommandLine::wrongUsage_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("message");
+
+    const auto row = [](const char *name, const char *arguments, const char *message) {
+        QTest::newRow(name) << QString::fromLatin1(arguments) << QString::fromLatin1(message);
+    };
+    row("unknown component", "--run camera,gimball",
+        "--run: unknown component \"gimball\"; known are all, or any of: camera, gimbal, battery, tfcard, lens, fan, "
+        "button, audio, pcba, log");
+    row("unknown component beside all", "--run all,x",
+        "--run: unknown component \"x\"; known are all, or any of: camera, gimbal, battery, tfcard, lens, fan, button, "
+        "audio, pcba, log");
+    row("empty component", "--run camera,",
+        "--run: unknown component \"\"; known are all, or any of: camera, gimbal, battery, tfcard, lens, fan, button, "
+        "audio, pcba, log");
+    row("run without a value", "--run", "Missing value after '--run'.");
+    row("unknown option", "--runs all", "Unknown option 'runs'.");
+    row("stray argument", "--run all more", "Unexpected argument \"more\"");
+    row("option that goes with run", "--save-path /data", "--save-path goes with --run");
+    row("time-out no number", "--run all --connect-timeout soon",
+        "--connect-timeout: \"soon\" is not a whole number of 1 or more");
+    row("time-out of zero", "--run all --connect-timeout 0",
+        "--connect-timeout: \"0\" is not a whole number of 1 or more");
+    row("time-out too long", "--run all --connect-timeout 2147484", "--connect-timeout: at most 2147483");
+    row("no runs", "--run all --repeat 0", "--repeat: \"0\" is not a whole number of 1 or more");
+    row("negative close time", "--run all --close-after -1",
+        "--close-after: \"-1\" is not a whole number of 0 or more");
+    row("screenshot of another kind", "--run all --screenshot a.jpg", "--screenshot: \"a.jpg\" does not end in .png");
+}
+
+void tst_CommandLine::wrongUsage()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, message);
+    const CommandLine line = parse(arguments);
+    QVERIFY(line.mode == CommandLine::Mode::Wrong);
+    QCOMPARE(line.message, message);
+}
+
+QTEST_GUILESS_MAIN(tst_CommandLine)
+#include "tst_CommandLine.moc"

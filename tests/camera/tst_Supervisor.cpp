@@ -1,0 +1,224 @@
+#include "../session/ShellPeer.h"
+#include "camera/client/Camera.h"
+#include "camera/client/UDPTransciever.h"
+#include "DatagramPeer.h"
+#include "detector/store/KestDetectorFace.h"
+#include "support/MessageSpy.h"
+#include "telnet/session/TelnetInteractive.h"
+#include "telnet/session/TelnetInteractiveFace.h"
+
+#include <memory>
+#include <QtTest>
+
+using emulator::Frame;
+
+namespace {
+constexpr int registerPc = 0x20;
+constexpr int ping = 0x22;
+
+QString iniPath()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini");
+}
+
+bool writeIni(const QByteArray &text)
+{
+    QFile file(iniPath());
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
+}
+} // namespace
+
+/// The camera supervisor: one process-wide thread, so the tests follow one camera through its life, in this order.
+class tst_Supervisor : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+
+    void withoutPcAddressNothingIsSent_data();
+    void withoutPcAddressNothingIsSent();
+    void refusedRegistrationStaysDisconnected();
+    void registrationConnectsLogsInAndReadsTheCamera();
+    void twoFailedPingsKeepTheLink();
+    void thirdFailedPingDropsTheLink();
+    void answeringCameraIsBack();
+    void closingDoesNotDropTheLink();
+
+private:
+    int count(int command) const;
+
+    std::unique_ptr<DatagramPeer> m_peer;
+    std::unique_ptr<ShellPeer> m_shell;
+    QStringList m_events;
+    int m_pingsToDrop = 0;
+    bool m_answerRegistration = false;
+};
+
+void tst_Supervisor::initTestCase()
+{
+    m_peer = std::make_unique<DatagramPeer>();
+    QVERIFY(m_peer->isListening());
+    m_shell = std::make_unique<ShellPeer>();
+    QVERIFY(m_shell->isListening());
+    m_shell->autoLogin();
+    m_shell->onLine = [this](const QByteArray &line) {
+        if (line == "root") {
+            m_shell->say("root\r\nPassword: ");
+        } else if (line == "secret") {
+            m_shell->say("\r\n~ # ");
+        } else if (line == "cat /etc/hostapd.conf") {
+            m_shell->say(line + "\r\ninterface=ap0\r\nssid=<b>相机</b>\r\nwpa_passphrase=12345678\r\n~ # ");
+        } else if (line == "cat /etc/mac") {
+            m_shell->say(line + "\r\naa:bb:cc:dd:ee:0f\r\n~ # ");
+        }
+    };
+    m_peer->onRequest = [this](const Frame &request) {
+        const bool dropped = request.commandId == ping && m_pingsToDrop > 0 && m_pingsToDrop-- > 0;
+        const char code = request.commandId == registerPc && !m_answerRegistration ? 3 : 0;
+        if (!dropped) {
+            m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, code))));
+        }
+    };
+
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->username = QStringLiteral("root");
+    face->password = QStringLiteral("secret");
+    face->hostApdUrl = QStringLiteral("/etc/hostapd.conf");
+    face->macAddressUrl = QStringLiteral("/etc/mac");
+    const auto note = [this](const char *name) {
+        return [this, name](const QString &text) { m_events.append(QLatin1String(name) + text); };
+    };
+    connect(face, &KestDetectorFace::signal_setWifiName, this, note("wifi "));
+    connect(face, &KestDetectorFace::signal_setWifiPassWord, this, note("password "));
+    connect(face, &KestDetectorFace::signal_setMacAddress, this, note("mac "));
+    connect(face, &KestDetectorFace::signal_setConnectStatus, this, [this](bool connected) {
+        m_events.append(connected ? QStringLiteral("connected") : QStringLiteral("disconnected"));
+    });
+    TelnetInteractive::Get();
+    TelnetInteractiveFace::Get();
+    QFile::remove(iniPath());
+}
+
+void tst_Supervisor::cleanupTestCase()
+{
+    TelnetInteractiveFace::Get()->giveUp();
+    Camera::Get()->abandonRequests();
+    UDPTransciever::Get()->killThread();
+    Camera::Get()->killThread();
+    QFile::remove(iniPath());
+}
+
+int tst_Supervisor::count(int command) const
+{
+    const QList<Frame> requests = m_peer->requests();
+    return static_cast<int>(std::count_if(requests.begin(), requests.end(),
+                                          [command](const Frame &frame) { return frame.commandId == command; }));
+}
+
+void tst_Supervisor::withoutPcAddressNothingIsSent_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+
+    QTest::newRow("no file") << QByteArray();
+    QTest::newRow("other network") << QByteArray("[BaseOption]\nusb=203.0.113.9\nwifi=198.51.100.7\n");
+    QTest::newRow("empty values") << QByteArray("[BaseOption]\nusb=\nwifi=\n");
+    QTest::newRow("half an address") << QByteArray("[BaseOption]\nusb=127.0.\nwifi=127.0.0\n");
+    QTest::newRow("no address") << QByteArray("[BaseOption]\nusb=camera\nwifi=127.0.0.1.10\n");
+    QTest::newRow("binary") << QByteArray("\x00\xff\xfe[BaseOption\x00wifi=\x7f\n", 22);
+}
+
+void tst_Supervisor::withoutPcAddressNothingIsSent()
+{
+    QFETCH(QByteArray, ini);
+    if (!ini.isEmpty()) {
+        QVERIFY(writeIni(ini));
+    }
+    const MessageSpy messages;
+    m_events.clear();
+    Camera::Get();
+    QTRY_VERIFY(m_events.contains(QStringLiteral("disconnected")));
+    QVERIFY(messages.messages().contains(QStringLiteral("sConnectIp \"\" \"\" 9999")));
+    QVERIFY(!KestDetectorFace::Get()->connectState);
+    QCOMPARE(m_peer->datagrams().size(), 0);
+}
+
+void tst_Supervisor::refusedRegistrationStaysDisconnected()
+{
+    QVERIFY(writeIni("[BaseOption]\nusb=198.51.100.7\nwifi=127.0.0.10\n"));
+    QTRY_VERIFY(count(registerPc) >= 1);
+    // The PC's address in reverse order, then port 7777 low byte first.
+    QCOMPARE(m_peer->datagrams().constFirst().mid(12), QByteArray::fromHex("0100007f611e"));
+    const Frame request = m_peer->requests().constFirst();
+    QCOMPARE(int{request.flags}, 0x12);
+    QCOMPARE(int{request.sender}, 6);
+    QCOMPARE(int{request.receiver}, 1);
+    QCOMPARE(int{request.commandSet}, 0);
+    QVERIFY(!KestDetectorFace::Get()->connectState);
+    QCOMPARE(KestDetectorFace::Get()->pcAddress.get(), QStringLiteral("127.0.0.1"));
+    QCOMPARE(KestDetectorFace::Get()->cameraAddress.get(), QStringLiteral("127.0.0.10"));
+    QCOMPARE(m_shell->connections(), 0);
+}
+
+void tst_Supervisor::registrationConnectsLogsInAndReadsTheCamera()
+{
+    m_events.clear();
+    m_answerRegistration = true;
+    QTRY_COMPARE_WITH_TIMEOUT(m_events.size() - m_events.indexOf(QStringLiteral("connected")), 4, 10000);
+    QCOMPARE(m_events.mid(m_events.indexOf(QStringLiteral("connected"))),
+             QStringList({QStringLiteral("connected"), QStringLiteral("wifi <b>相机</b>"),
+                          QStringLiteral("password 12345678"), QStringLiteral("mac AA:BB:CC:DD:EE:0F")}));
+    QVERIFY(KestDetectorFace::Get()->connectState);
+    QCOMPARE(KestDetectorFace::Get()->macAddress.get(), QStringLiteral("AA:BB:CC:DD:EE:0F"));
+    QCOMPARE(m_shell->received(), QByteArray("root\nsecret\ncat /etc/hostapd.conf\ncat /etc/mac\n"));
+}
+
+void tst_Supervisor::twoFailedPingsKeepTheLink()
+{
+    QTRY_VERIFY(count(ping) >= 1);
+    m_events.clear();
+    m_pingsToDrop = 2;
+    QTRY_COMPARE_WITH_TIMEOUT(m_pingsToDrop, 0, 15000);
+    const int before = count(ping);
+    QTRY_VERIFY_WITH_TIMEOUT(count(ping) >= before + 2, 15000);
+    QCOMPARE(m_events, QStringList());
+}
+
+void tst_Supervisor::thirdFailedPingDropsTheLink()
+{
+    m_events.clear();
+    m_answerRegistration = false;
+    m_pingsToDrop = 3;
+    QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("disconnected")), 20000);
+    QCOMPARE(m_pingsToDrop, 0);
+    QCOMPARE(m_events.mid(0, 4), QStringList({QStringLiteral("wifi "), QStringLiteral("password "),
+                                              QStringLiteral("mac "), QStringLiteral("disconnected")}));
+    QCOMPARE(KestDetectorFace::Get()->macAddress.get(), QString());
+    QCOMPARE(KestDetectorFace::Get()->wifiName.get(), QString());
+}
+
+void tst_Supervisor::answeringCameraIsBack()
+{
+    m_answerRegistration = true;
+    QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("mac AA:BB:CC:DD:EE:0F")), 15000);
+    QCOMPARE(m_shell->connections(), 2);
+}
+
+void tst_Supervisor::closingDoesNotDropTheLink()
+{
+    // The log of the last run still has to find its folder, which is named after the MAC address.
+    const QString mac = KestDetectorFace::Get()->macAddress;
+    QVERIFY(!mac.isEmpty());
+    m_events.clear();
+    m_pingsToDrop = 3;
+    QTRY_COMPARE_WITH_TIMEOUT(m_pingsToDrop, 0, 20000);
+    Camera::Get()->abandonRequests();
+    Camera::Get()->killThread();
+    QCoreApplication::processEvents();
+    QCOMPARE(m_events, QStringList());
+    QCOMPARE(KestDetectorFace::Get()->macAddress.get(), mac);
+}
+
+QTEST_GUILESS_MAIN(tst_Supervisor)
+#include "tst_Supervisor.moc"

@@ -1,0 +1,248 @@
+#include "camera/client/Camera.h"
+#include "camera/client/UDPTransciever.h"
+#include "camera/codec/KestDataPacket.h"
+#include "DatagramPeer.h"
+#include "detector/store/KestDetectorFace.h"
+#include "support/MessageSpy.h"
+#include "support/onWorkerThread.h"
+
+#include <csignal>
+#include <memory>
+#include <QtTest>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using emulator::Frame;
+
+/// The UDP end of the command protocol: what is sent, and which datagrams count as replies.
+class tst_UDPTransciever : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanupTestCase();
+
+    void sendsCarrySequenceNumbers();
+    void longestFrameIsSent();
+    void tooLongFrameAborts();
+    void whatIsNoReplyIsIgnored_data();
+    void whatIsNoReplyIsIgnored();
+    void replyFromAnotherPortIsIgnored();
+    void senderWhoseTextContainsThePeerIsAccepted();
+    void peerStaysWhenTheCameraAddressChanges();
+    void garbageAndFloodAreSurvived();
+    void concurrentSendsDoNotMix();
+    void takenPortIsReported();
+    void killThreadTwice();
+
+private:
+    static KestDataPacket ping();
+
+    std::unique_ptr<DatagramPeer> m_peer;
+};
+
+void tst_UDPTransciever::initTestCase()
+{
+    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
+}
+
+void tst_UDPTransciever::init()
+{
+    m_peer.reset(); // the port is free again
+    m_peer = std::make_unique<DatagramPeer>();
+    QVERIFY(m_peer->isListening());
+}
+
+void tst_UDPTransciever::cleanupTestCase()
+{
+    UDPTransciever::Get()->killThread();
+    Camera::Get()->abandonRequests();
+    Camera::Get()->killThread();
+}
+
+KestDataPacket tst_UDPTransciever::ping()
+{
+    KestDataPacket packet;
+    packet.len = 12;
+    packet.sender = 6;
+    packet.receiver = 1;
+    packet.cmdSet = 6;
+    packet.cmdId = 0x22;
+    return packet;
+}
+
+void tst_UDPTransciever::sendsCarrySequenceNumbers()
+{
+    KestDataPacket packet = ping();
+    for (const int number : {1, 2, 3}) {
+        QCOMPARE(UDPTransciever::Get()->sendPacket(packet), 12);
+        QCOMPARE(int{packet.seq}, number);
+    }
+    QTRY_COMPARE(m_peer->datagrams().size(), 3);
+    QCOMPARE(m_peer->datagrams().at(0), QByteArray::fromHex("aa000c120001bcfd00616022"));
+    QCOMPARE(m_peer->datagrams().at(1), QByteArray::fromHex("aa000c120002bcce00616022"));
+    QCOMPARE(m_peer->datagrams().at(2), QByteArray::fromHex("aa000c1200037cde00616022"));
+}
+
+void tst_UDPTransciever::longestFrameIsSent()
+{
+    KestDataPacket packet = ping();
+    packet.len = 1023;
+    packet.data.fill(0x5A);
+    QCOMPARE(UDPTransciever::Get()->sendPacket(packet), 1023);
+    QTRY_COMPARE(m_peer->requests().size(), 1);
+    QCOMPARE(m_peer->requests().constFirst().payload, QByteArray(1011, '\x5A'));
+}
+
+void tst_UDPTransciever::tooLongFrameAborts()
+{
+    UDPTransciever::Get();
+    int output[2] = {-1, -1};
+    QVERIFY(pipe(output) == 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(output[1], STDERR_FILENO);
+        std::signal(SIGABRT, SIG_DFL);
+        KestDataPacket packet = ping();
+        packet.len = 1024;
+        UDPTransciever::Get()->sendPacket(packet);
+        _exit(0);
+    }
+    close(output[1]);
+    int status = 0;
+    QCOMPARE(waitpid(child, &status, 0), child);
+    QFile pipeEnd;
+    QVERIFY(pipeEnd.open(output[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+    const QByteArray text = pipeEnd.readAll();
+    QVERIFY(WIFSIGNALED(status));
+    QCOMPARE(WTERMSIG(status), SIGABRT);
+    QCOMPARE(text, QByteArray("camera/UDPTransciever.cpp: sendPacket: Assertion `packet.len < 1024' failed.\n"));
+}
+
+void tst_UDPTransciever::whatIsNoReplyIsIgnored_data()
+{
+    QTest::addColumn<QByteArray>("datagram");
+
+    // Each but the last would complete the ping with the code 9.
+    QTest::newRow("bad checksum") << QByteArray::fromHex("aa000d010001ecd40016602209");
+    QTest::newRow("request flag") << emulator::encodeFrame({0, 0x12, 1, 0, 1, 6, 6, 0x22, QByteArray("\x09")});
+    QTest::newRow("command set 7") << emulator::encodeFrame({0, 1, 1, 0, 1, 6, 7, 0x22, QByteArray("\x09")});
+    QTest::newRow("command that nobody sends")
+        << emulator::encodeFrame({0, 1, 1, 0, 1, 6, 6, 0x23, QByteArray("\x09")});
+    QTest::newRow("longer than its header says")
+        << emulator::encodeFrame({0, 1, 1, 0, 1, 6, 6, 0x22, QByteArray("\x09")}) + QByteArray(1, '\0');
+    QTest::newRow("no result byte") << emulator::encodeFrame({0, 1, 1, 0, 1, 6, 6, 0x22, QByteArray()});
+    QTest::newRow("empty datagram") << QByteArray("");
+    QTest::newRow("shorter than a header") << QByteArray::fromHex("aa000d");
+}
+
+void tst_UDPTransciever::whatIsNoReplyIsIgnored()
+{
+    QFETCH(QByteArray, datagram);
+    m_peer->onRequest = [&](const Frame &request) {
+        m_peer->send(datagram);
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x05"))));
+    };
+    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 5);
+}
+
+void tst_UDPTransciever::replyFromAnotherPortIsIgnored()
+{
+    DatagramPeer other(9998);
+    QVERIFY(other.isListening());
+    m_peer->onRequest = [&](const Frame &request) {
+        other.send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x09"))));
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x05"))));
+    };
+    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 5);
+}
+
+void tst_UDPTransciever::senderWhoseTextContainsThePeerIsAccepted()
+{
+    // "127.0.0.10" contains "127.0.0.1", as an IPv4-mapped IPv6 text contains the IPv4 text.
+    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.1");
+    const auto other = std::make_unique<UDPTransciever>(nullptr, UDPortArgs{7778, 9999, "192.168.88.10"});
+    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
+    m_peer->onRequest = [&](const Frame &request) {
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x06"))), 7778);
+    };
+    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 6);
+}
+
+void tst_UDPTransciever::peerStaysWhenTheCameraAddressChanges()
+{
+    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.99");
+    m_peer->onRequest = [&](const Frame &request) {
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0'))));
+    };
+    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 0);
+    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
+}
+
+void tst_UDPTransciever::garbageAndFloodAreSurvived()
+{
+    m_peer->onRequest = [&](const Frame &request) {
+        for (int count = 0; count < 50; ++count) {
+            m_peer->send(QByteArray(65507, '\xAA'));
+            m_peer->send(QByteArray(count, '\0'));
+        }
+        QTimer::singleShot(50, m_peer.get(), [this, request] {
+            m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0'))));
+        });
+    };
+    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 0);
+}
+
+void tst_UDPTransciever::concurrentSendsDoNotMix()
+{
+    constexpr int sends = 100; // both together fit into the peer's receive buffer
+    const auto sender = [](std::uint16_t id) {
+        KestDataPacket packet = ping();
+        packet.cmdId = id;
+        packet.len = 112;
+        std::fill_n(packet.data.begin(), 100, static_cast<std::uint8_t>(id));
+        for (int count = 0; count < sends; ++count) {
+            UDPTransciever::Get()->sendPacket(packet);
+        }
+    };
+    std::thread first(sender, std::uint16_t{0x31});
+    std::thread second(sender, std::uint16_t{0x32});
+    first.join();
+    second.join();
+    QTRY_COMPARE(m_peer->datagrams().size(), 2 * sends);
+    QSet<int> numbers;
+    const QList<Frame> requests = m_peer->requests();
+    for (const Frame &frame : requests) {
+        numbers.insert(frame.sequence);
+        QCOMPARE(frame.payload, QByteArray(100, static_cast<char>(frame.commandId)));
+    }
+    QCOMPARE(numbers.size(), 2 * sends);
+}
+
+void tst_UDPTransciever::takenPortIsReported()
+{
+    QUdpSocket owner;
+    QVERIFY(owner.bind(QHostAddress::Any, 7779, QAbstractSocket::DontShareAddress));
+    const MessageSpy spy;
+    UDPTransciever transciever(nullptr, {7779, 9999, "192.168.88.10"});
+    QCOMPARE(spy.messages(), QStringList{QStringLiteral("UDP port 7779: The bound address is already in use")});
+    KestDataPacket packet = ping();
+    QCOMPARE(transciever.sendPacket(packet), 12);
+}
+
+void tst_UDPTransciever::killThreadTwice()
+{
+    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
+    UDPTransciever transciever(nullptr, {7780, 9999, "192.168.88.10"});
+    QElapsedTimer clock;
+    clock.start();
+    transciever.killThread();
+    transciever.killThread();
+    QVERIFY(clock.elapsed() < 2000);
+    QCOMPARE(QByteArray(transciever.metaObject()->className()), QByteArray("UDPTransciever"));
+}
+
+QTEST_GUILESS_MAIN(tst_UDPTransciever)
+#include "tst_UDPTransciever.moc"

@@ -1,0 +1,186 @@
+#include "Stage.h"
+#include "waiting.h"
+
+#include <csignal>
+#include <cstdio>
+#include <QElapsedTimer>
+#include <QtTest>
+
+/// The window closed at hundreds of moments, from the program's first milliseconds to the middle of a run, and the
+/// program told to end: it is gone within 3 s, every thread with it, leaves nothing behind, and has not written down
+/// that a camera failed that it only had no time for.
+class tst_E2eClose : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void close_data();
+    void close();
+
+private:
+    std::vector<QStringList> m_problems; ///< by number of the series
+};
+
+namespace {
+constexpr int momentsOfSeries = 20;
+#ifdef KEST_SANITIZED
+// A sanitizer's own work at the end, such as the search for leaks, is in the measured time.
+constexpr int limitMs = 20000;
+#else
+constexpr int limitMs = 3000;
+#endif
+
+enum class Way {
+    window, ///< the window is closed
+    signal, ///< SIGTERM
+};
+
+/// So many moments with one camera.
+struct Series
+{
+    const char *name;
+    const char *scenario; ///< null: there is no camera
+    Way way;
+    bool passes; ///< whether every component would pass, given time
+};
+
+#define ALWAYS(kind) "[{\"kind\": " kind ", \"times\": \"always\"}]"
+#define ALL_QUERIES(faults)                                                                                            \
+    "{\"faults\": {\"getCameraState\": " faults ", \"getTFCardStatus\": " faults ", \"getTFCardUsedStatus\": " faults  \
+    ", \"getBatteryInfo\": " faults ", \"getBatteryStatus\": " faults ", \"getBatteryEscFactoryCheck\": " faults       \
+    ", \"getGimbalDeviceInfo\": " faults ", \"getGimbalESCDevicesCheck\": " faults ", \"ReadEEPROM\": " faults "}}"
+
+constexpr char healthy[] = "{}";
+constexpr char noAnswer[] = ALL_QUERIES(ALWAYS("\"drop\""));
+constexpr char slowAnswer[] = ALL_QUERIES(ALWAYS("\"delay\", \"ms\": 400"));
+constexpr char hangingShell[] = R"({"shell": {"files": {"/bin/mount": "#!/bin/sh\nexec sleep 60\n"}}})";
+
+constexpr char noRegistration[] = R"({"faults": {"registerPC": [{"kind": "drop", "times": "always"}]}})";
+constexpr char silentShell[] = R"({"shell": {"fault": "silent"}})";
+constexpr char floodingShell[] = R"({"shell": {"fault": "flood"}})";
+constexpr char stalledFtp[] = R"({"ftp": {"fault": "stall"}})";
+
+constexpr Series allSeries[] = {
+    {"healthy camera", healthy, Way::window, true},
+    {"healthy camera, other moments", healthy, Way::window, true},
+    {"no camera", nullptr, Way::window, false},
+    {"camera that answers no query", noAnswer, Way::window, false},
+    {"camera that answers late", slowAnswer, Way::window, true},
+    {"camera that answers no registration", noRegistration, Way::window, false},
+    {"shell that says nothing", silentShell, Way::window, false},
+    {"shell that floods", floodingShell, Way::window, false},
+    {"shell command that hangs", hangingShell, Way::window, false},
+    {"FTP transfer that hangs", stalledFtp, Way::window, true},
+    {"SIGTERM, healthy camera", healthy, Way::signal, true},
+    {"SIGTERM, camera that answers no query", noAnswer, Way::signal, false},
+};
+constexpr int seriesCount = sizeof allSeries / sizeof allSeries[0];
+
+/// Half of the moments lie within the first 0.4 s, in which the station connects; no two series share one.
+int moment(int series, int number)
+{
+    constexpr int dense = momentsOfSeries / 2;
+    return number < dense ? number * 40 + series * 3 : 400 + (number - dense) * 260 + series * 20;
+}
+
+/// The first word of failure in a log of the station's; empty if there is none.
+QString falseAlarm(const StationProcess &station)
+{
+    const QMap<QString, QByteArray> files = station.allSaved();
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        if (!file.key().endsWith(QLatin1String("/DetectorLog.txt"))) {
+            continue;
+        }
+        for (const char *word : {"失败", "NG", "faild"}) {
+            if (file.value().contains(word)) {
+                return QString::fromUtf8(word);
+            }
+        }
+    }
+    return {};
+}
+
+/// Starts the station and ends it at a moment; what went wrong, or an empty text.
+QString endAt(const Series &series, int milliseconds)
+{
+    StationProcess station;
+    QStringList options{QStringLiteral("--repeat"), QStringLiteral("1000000")};
+    if (series.way == Way::window) {
+        options += QStringList{QStringLiteral("--close-after"), QString::number(milliseconds)};
+    }
+    station.start(QStringLiteral("all"), options);
+    const auto hasSaid = [&](const char *words) {
+        return waitUntil([&] { return !station.isRunning() || station.debugOutput().content().contains(words); },
+                         milliseconds + 60000);
+    };
+    if (series.way == Way::signal) {
+        // Its first words come from the supervisor, just after the window is there.
+        hasSaid("\n");
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
+        station.signal(SIGTERM);
+    } else {
+        hasSaid("Closing the window");
+    }
+    QElapsedTimer clock;
+    clock.start();
+    const int exitCode = station.finish(60000);
+    const qint64 taken = clock.elapsed();
+    const QStringList leftovers = station.leftovers();
+    const QString alarm = series.passes ? falseAlarm(station) : QString();
+    if (exitCode == (series.way == Way::window ? 0 : 1) && taken < limitMs && leftovers.isEmpty() && alarm.isEmpty()) {
+        return {};
+    }
+    // Whole, which a message of the test would not be.
+    std::fprintf(stderr, "%s\n", station.debugOutput().content().constData());
+    return QStringLiteral("%1 ms: exit code %2 after %3 ms, %4 %5")
+        .arg(QString::number(milliseconds), QString::number(exitCode), QString::number(taken), leftovers.join(' '),
+             alarm);
+}
+
+QStringList endAtAllMoments(int number)
+{
+    const Series &series = allSeries[number];
+    CameraProcess camera;
+    if (series.scenario != nullptr && !camera.start(series.scenario)) {
+        return {QStringLiteral("the camera does not start")};
+    }
+    QStringList problems;
+    for (int i = 0; i < momentsOfSeries; ++i) {
+        const QString problem = endAt(series, moment(number, i));
+        if (!problem.isEmpty()) {
+            problems.append(problem);
+        }
+    }
+    if (series.scenario != nullptr && !camera.stop()) {
+        problems.append(QStringLiteral("the camera does not stop"));
+    }
+    return problems;
+}
+} // namespace
+
+void tst_E2eClose::initTestCase()
+{
+    m_problems.resize(seriesCount);
+    constexpr int width = 6;
+    inPrivateNetworks(seriesCount, width,
+                      [this](int i) { m_problems.at(static_cast<std::size_t>(i)) = endAtAllMoments(i); });
+}
+
+void tst_E2eClose::close_data()
+{
+    QTest::addColumn<int>("series");
+    for (int i = 0; i < seriesCount; ++i) {
+        QTest::newRow(allSeries[i].name) << i;
+    }
+}
+
+void tst_E2eClose::close()
+{
+    QFETCH(int, series);
+    const QStringList &problems = m_problems.at(static_cast<std::size_t>(series));
+    QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
+}
+
+QTEST_GUILESS_MAIN(tst_E2eClose)
+#include "tst_E2eClose.moc"

@@ -1,0 +1,395 @@
+#include "detector/store/KestDetectorFace.h"
+#include "ShellPeer.h"
+#include "support/MessageSpy.h"
+#include "telnet/session/TelnetInteractive.h"
+#include "telnet/session/TelnetInteractiveFace.h"
+
+#include <future>
+#include <memory>
+#include <QtTest>
+#include <thread>
+
+/// The blocking shell session from worker threads, with the worker and a scripted shell in this thread's event loop.
+class tst_TelnetInteractive : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void commandBeforeAnyConnectTimesOut();
+    void loginSendsNameAndPassword();
+    void passwordWaitsForItsPrompt();
+    void passwordIsSentWithoutAKnownPrompt();
+    void passwordIsSentAgainAtALatePrompt();
+    void bannerWithoutTrailingBlankDoesNotAdvance();
+    void reconnectLogsInAgain();
+    void lateLoginDoesNotAnswerTheNextConnect();
+    void replyRunsFromEchoToPrompt();
+    void promptInTheMiddleOfAPieceCompletes();
+    void promptSplitAcrossPiecesTimesOut();
+    void latePromptDoesNotCompleteTheNextCommand();
+    void endlessReplyIsGivenUp();
+    void callersAreServedOneAtATime();
+    void disconnectAnswersAtOnce();
+    void connectionErrorCompletesTheCommand();
+    void callFromTheServingThreadIsRefused();
+    void trafficIsInTheDiagnosticLog();
+    void quitFlagEndsAPendingCommand();
+    void giveUpEndsPendingAndLaterCalls();
+
+private:
+    struct Reply
+    {
+        int result = 99;
+        QString text;
+    };
+
+    template <class Call>
+    auto onWorker(Call call);
+    template <class Call>
+    auto result(Call call);
+    int connectNow();
+    Reply command(const QString &line);
+
+    std::unique_ptr<ShellPeer> m_peer;
+};
+
+/// Starts a blocking call on a thread of its own.
+template <class Call>
+auto tst_TelnetInteractive::onWorker(Call call)
+{
+    return std::async(std::launch::async, call);
+}
+
+/// Runs a blocking call on a thread of its own while this thread serves it.
+template <class Call>
+auto tst_TelnetInteractive::result(Call call)
+{
+    auto future = onWorker(call);
+    while (future.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+        QTest::qWait(1);
+    }
+    return future.get();
+}
+
+int tst_TelnetInteractive::connectNow()
+{
+    return result([] { return TelnetInteractiveFace::Get()->telnetConnectToHost(); });
+}
+
+tst_TelnetInteractive::Reply tst_TelnetInteractive::command(const QString &line)
+{
+    return result([line] {
+        Reply reply;
+        reply.text = QStringLiteral("left over");
+        reply.result = TelnetInteractiveFace::Get()->telnet(line, 3, &reply.text);
+        return reply;
+    });
+}
+
+void tst_TelnetInteractive::initTestCase()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->cameraAddress = QStringLiteral("127.0.0.10");
+    face->username = QStringLiteral("root");
+    face->password = QStringLiteral("secret");
+    TelnetInteractive::Get();
+    TelnetInteractiveFace::Get();
+}
+
+void tst_TelnetInteractive::init()
+{
+    m_peer = std::make_unique<ShellPeer>();
+    QVERIFY2(m_peer->isListening(), "127.0.0.10:23 cannot be opened here");
+}
+
+void tst_TelnetInteractive::cleanup()
+{
+    m_peer.reset();
+}
+
+void tst_TelnetInteractive::commandBeforeAnyConnectTimesOut()
+{
+    const Reply reply = command(QStringLiteral("mount\n"));
+    QCOMPARE(reply.result, -1);
+    QCOMPARE(reply.text, QString());
+    QCOMPARE(m_peer->connections(), 0);
+}
+
+void tst_TelnetInteractive::loginSendsNameAndPassword()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    QCOMPARE(m_peer->received(), QByteArray("root\nsecret\n"));
+}
+
+void tst_TelnetInteractive::passwordWaitsForItsPrompt()
+{
+    // A login throws away what was typed before it printed its prompt.
+    bool promptSaid = false;
+    QByteArray beforeThePrompt;
+    m_peer->autoLogin();
+    m_peer->onLine = [&](const QByteArray &line) {
+        if (line == "root") {
+            m_peer->say("root\r\n");
+            QTimer::singleShot(200, m_peer.get(), [&] {
+                beforeThePrompt = m_peer->received();
+                promptSaid = true;
+                m_peer->say("Password: ");
+            });
+        } else if (promptSaid) {
+            m_peer->say("\r\n~ # ");
+        }
+    };
+    QCOMPARE(connectNow(), 0);
+    QCOMPARE(beforeThePrompt, QByteArray("root\n"));
+    QCOMPARE(m_peer->received(), QByteArray("root\nsecret\n"));
+}
+
+void tst_TelnetInteractive::passwordIsSentWithoutAKnownPrompt()
+{
+    m_peer->autoLogin();
+    m_peer->onLine = [&](const QByteArray &line) { m_peer->say(line == "root" ? "Kennwort? " : "\r\n~ # "); };
+    QCOMPARE(connectNow(), 0);
+    QCOMPARE(m_peer->received(), QByteArray("root\nsecret\n"));
+}
+
+void tst_TelnetInteractive::passwordIsSentAgainAtALatePrompt()
+{
+    // So late that the password has gone out without it, and was thrown away.
+    bool promptSaid = false;
+    m_peer->autoLogin();
+    m_peer->onLine = [&](const QByteArray &line) {
+        if (line == "root") {
+            m_peer->say("root\r\n");
+        } else if (!promptSaid) {
+            promptSaid = true;
+            m_peer->say("Password: ");
+        } else {
+            m_peer->say("\r\n~ # ");
+        }
+    };
+    QCOMPARE(connectNow(), 0);
+    QCOMPARE(m_peer->received(), QByteArray("root\nsecret\nsecret\n"));
+}
+
+void tst_TelnetInteractive::bannerWithoutTrailingBlankDoesNotAdvance()
+{
+    auto future = onWorker([] { return TelnetInteractiveFace::Get()->telnetConnectToHost(); });
+    QTRY_COMPARE(m_peer->connections(), 1);
+    m_peer->say("(none) login:");
+    while (future.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+        QTest::qWait(10);
+    }
+    QCOMPARE(future.get(), -1);
+    QCOMPARE(m_peer->received(), QByteArray());
+}
+
+void tst_TelnetInteractive::reconnectLogsInAgain()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    QCOMPARE(connectNow(), 0);
+    QCOMPARE(m_peer->connections(), 2);
+    QCOMPARE(m_peer->received(), QByteArray("root\nsecret\nroot\nsecret\n"));
+}
+
+void tst_TelnetInteractive::lateLoginDoesNotAnswerTheNextConnect()
+{
+    // The first connect is given up before the shell's prompt comes.
+    m_peer->autoLogin();
+    m_peer->onLine = [&](const QByteArray &line) {
+        if (line == "root") {
+            m_peer->say("root\r\nPassword: ");
+        }
+    };
+    QCOMPARE(connectNow(), -1);
+    TelnetInteractive::Get()->slot_telnetReplyFinished(QStringLiteral("~ # "));
+    m_peer->onLine = nullptr;
+    QCOMPARE(connectNow(), -1);
+}
+
+void tst_TelnetInteractive::replyRunsFromEchoToPrompt()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->clear();
+    m_peer->onLine = [&](const QByteArray &line) {
+        m_peer->say(line + "\r\nLinux (none) 4.9\r\n");
+        QTimer::singleShot(20, m_peer.get(), [this] { m_peer->say("~ # "); });
+    };
+    const Reply reply = command(QStringLiteral("uname -a\n"));
+    QCOMPARE(reply.result, 0);
+    QCOMPARE(reply.text, QStringLiteral("uname -a\r\nLinux (none) 4.9\r\n~ # "));
+    QCOMPARE(m_peer->received(), QByteArray("uname -a\n"));
+}
+
+void tst_TelnetInteractive::promptInTheMiddleOfAPieceCompletes()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [&](const QByteArray &) { m_peer->say("first\r\n~ # second\r\n"); };
+    const Reply reply = command(QStringLiteral("cat notes\n"));
+    QCOMPARE(reply.result, 0);
+    QCOMPARE(reply.text, QStringLiteral("first\r\n~ # second\r\n"));
+}
+
+void tst_TelnetInteractive::promptSplitAcrossPiecesTimesOut()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [&](const QByteArray &) {
+        m_peer->say("done\r\n~ ");
+        QTimer::singleShot(300, m_peer.get(), [this] { m_peer->say("# "); });
+    };
+    const Reply reply = command(QStringLiteral("true\n"));
+    QCOMPARE(reply.result, -1);
+    QCOMPARE(reply.text, QString());
+}
+
+void tst_TelnetInteractive::latePromptDoesNotCompleteTheNextCommand()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = nullptr;
+    QCOMPARE(command(QStringLiteral("sleep 6\n")).result, -1);
+    TelnetInteractive::Get()->slot_telnetReplyFinished(QStringLiteral("sleep 6\r\n~ # "));
+
+    m_peer->onLine = [&](const QByteArray &) { m_peer->say("mounted\r\n~ # "); };
+    const Reply reply = command(QStringLiteral("mount\n"));
+    QCOMPARE(reply.result, 0);
+    QCOMPARE(reply.text, QStringLiteral("mounted\r\n~ # "));
+}
+
+void tst_TelnetInteractive::endlessReplyIsGivenUp()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    const MessageSpy spy;
+    m_peer->onLine = [](const QByteArray &) {
+        const QString piece(40 * 1024 * 1024, QLatin1Char('y'));
+        TelnetInteractive::Get()->slot_telnetReplyFinished(piece);
+        TelnetInteractive::Get()->slot_telnetReplyFinished(piece);
+        TelnetInteractive::Get()->slot_telnetReplyFinished(piece);
+    };
+    const Reply reply = command(QStringLiteral("yes\n"));
+    QCOMPARE(reply.result, -1);
+    QCOMPARE(reply.text, QString());
+    QCOMPARE(spy.containing(QStringLiteral("does not stop talking: the command is given up")).size(), 1);
+}
+
+void tst_TelnetInteractive::callersAreServedOneAtATime()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    int running = 0;
+    bool overlapped = false;
+    m_peer->onLine = [&](const QByteArray &line) {
+        overlapped = overlapped || running != 0;
+        ++running;
+        QTimer::singleShot(5, m_peer.get(), [this, line, &running] {
+            --running;
+            m_peer->say(line + "\r\n~ # ");
+        });
+    };
+    constexpr int rounds = 20;
+    const auto caller = [](const QString &name) {
+        int good = 0;
+        for (int round = 0; round < rounds; ++round) {
+            QString reply;
+            const QString line = name + QString::number(round);
+            const int result = TelnetInteractiveFace::Get()->telnet(line + QLatin1Char('\n'), 4, &reply);
+            good += result == 0 && reply == line + QStringLiteral("\r\n~ # ") ? 1 : 0;
+        }
+        return good;
+    };
+    auto runner = onWorker([caller] { return caller(QStringLiteral("runner")); });
+    const int good = result([caller] { return caller(QStringLiteral("supervisor")); });
+    while (runner.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+        QTest::qWait(1);
+    }
+    QCOMPARE(good, rounds);
+    QCOMPARE(runner.get(), rounds);
+    QVERIFY(!overlapped);
+}
+
+void tst_TelnetInteractive::disconnectAnswersAtOnce()
+{
+    QCOMPARE(result([] { return TelnetInteractiveFace::Get()->telnetDisConnectToHost(); }), 0);
+}
+
+void tst_TelnetInteractive::connectionErrorCompletesTheCommand()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [&](const QByteArray &) {
+        TelnetInteractive::Get()->slot_telnetConnectionError(QAbstractSocket::NetworkError);
+    };
+    const Reply reply = command(QStringLiteral("true\n"));
+    QCOMPARE(reply.result, -1);
+    QCOMPARE(reply.text, QString());
+}
+
+void tst_TelnetInteractive::callFromTheServingThreadIsRefused()
+{
+    const MessageSpy spy;
+    QCOMPARE(TelnetInteractiveFace::Get()->telnetConnectToHost(), -1);
+    QCOMPARE(spy.messages(), QStringList{QStringLiteral("A shell call from the thread that has to serve it")});
+}
+
+void tst_TelnetInteractive::trafficIsInTheDiagnosticLog()
+{
+    QFile file(QCoreApplication::applicationDirPath() + QStringLiteral("/log.txt"));
+    file.remove();
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [&](const QByteArray &) {
+        m_peer->say("one\r\n");
+        QTimer::singleShot(100, m_peer.get(), [this] { m_peer->say("two\r\n~ # "); });
+    };
+    QCOMPARE(command(QStringLiteral("cat\n")).result, 0);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    // The two blanks belong to each piece of a record; the time stamps are cut away.
+    QByteArray texts;
+    const QByteArrayList records = file.readAll().replace("$#$\r\n", "\x01").split('\x01');
+    for (const QByteArray &record : records) {
+        texts += record.mid(int(qstrlen("2024.05.06 07:08:09 : "))) + '|';
+    }
+    QCOMPARE(texts, QByteArray("(none) login:   |root\r\nPassword:   |\r\n~ #   |one\r\n  |one\r\ntwo\r\n~ #   ||"));
+}
+
+void tst_TelnetInteractive::quitFlagEndsAPendingCommand()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [](const QByteArray &) { KestDetectorFace::Get()->quitFlag = -1; };
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(command(QStringLiteral("sleep 100\n")).result, -1);
+    QVERIFY(clock.elapsed() < 4000);
+    KestDetectorFace::Get()->quitFlag = 0;
+}
+
+void tst_TelnetInteractive::giveUpEndsPendingAndLaterCalls()
+{
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [](const QByteArray &) { TelnetInteractiveFace::Get()->giveUp(); };
+    QElapsedTimer clock;
+    clock.start();
+    auto future = onWorker([] {
+        QString reply;
+        return TelnetInteractiveFace::Get()->telnet(QStringLiteral("sleep 100\n"), 3, &reply);
+    });
+    QTRY_VERIFY(future.wait_for(std::chrono::seconds(0)) == std::future_status::ready);
+    QCOMPARE(future.get(), -1);
+    QCOMPARE(connectNow(), -1);
+    QCOMPARE(command(QStringLiteral("true\n")).result, -1);
+    QVERIFY(clock.elapsed() < 10000);
+}
+
+QTEST_GUILESS_MAIN(tst_TelnetInteractive)
+#include "tst_TelnetInteractive.moc"

@@ -1,0 +1,713 @@
+#include "recordStop.h"
+
+#include "detector/store/KestDetectorFace.h"
+#include "ui/widgets/RingsProgressbar.h"
+#include "ui/window/KestDetectorUI.h"
+
+#include <memory>
+#include <QCheckBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <thread>
+
+namespace {
+using Face = KestDetectorFace;
+using VerdictSignal = void (Face::*)(int);
+using TextSignal = void (Face::*)(QString);
+
+const QStringList &allBoxes()
+{
+    static const QStringList names{"cbCamera", "cbGimbal",   "cbBattery", "cbTFCard", "cbLens",
+                                   "cbFan",    "cbKeyBoard", "cbVoice",   "cbPCBA",   "cbLoadLog"};
+    return names;
+}
+
+const QStringList &selectAllBoxes()
+{
+    static const QStringList names{"cbCamera", "cbGimbal", "cbBattery", "cbTFCard", "cbLens", "cbPCBA", "cbLoadLog"};
+    return names;
+}
+
+const QStringList &allIcons()
+{
+    static const QStringList names{"lbCamera", "lbGimbal",   "lbBattery", "lbTFCard", "lbLens",
+                                   "lbFan",    "lbKeyBoard", "lbVoice",   "lbPcba"};
+    return names;
+}
+
+/// A plan as text, for example "0:0 2:0,2,1".
+QString planText(const QList<ComponentTask> &plan)
+{
+    QStringList tasks;
+    for (const ComponentTask &task : plan) {
+        QStringList items;
+        for (const int item : task.items) {
+            items.append(QString::number(item));
+        }
+        tasks.append(QStringLiteral("%1:%2").arg(task.component).arg(items.join(QLatin1Char(','))));
+    }
+    return tasks.join(QLatin1Char(' '));
+}
+
+checkLog record(int component, const QList<CheckItemLog> &items)
+{
+    checkLog log;
+    log.component = component;
+    log.itemLogs = items;
+    return log;
+}
+
+/// A row of the log: for each column the text, the alignment and the flags, or "none".
+QString rowText(const QTableWidget *table, int row)
+{
+    QStringList cells;
+    for (int column = 0; column < 3; ++column) {
+        const QTableWidgetItem *cell = table->item(row, column);
+        cells.append(cell == nullptr ? QStringLiteral("none")
+                                     : QStringLiteral("%1 %2 %3")
+                                           .arg(cell->text())
+                                           .arg(cell->textAlignment())
+                                           .arg(static_cast<int>(cell->flags())));
+    }
+    return cells.join(QLatin1Char('|'));
+}
+
+/// Lets `timer` run `act` on the directory dialog once it is open.
+template <class Act>
+void whenDialogOpens(QTimer &timer, Act act)
+{
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&timer, act] {
+        if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
+            timer.stop();
+            act(dialog);
+        }
+    });
+    timer.start(5);
+}
+} // namespace
+Q_DECLARE_METATYPE(VerdictSignal)
+Q_DECLARE_METATYPE(TextSignal)
+
+class tst_KestDetectorUI : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void opensWithEveryBoxUnticked();
+    void opensWithoutSettingsFile();
+    void readsTheSettingsFileBesideTheProgram();
+    void componentVerdict_data();
+    void componentVerdict();
+    void overallVerdict_data();
+    void overallVerdict();
+    void rings();
+    void shownText_data();
+    void shownText();
+    void connectState();
+    void markupReadsToTheLetter();
+    void buttonEnable_data();
+    void buttonEnable();
+    void selectAll_data();
+    void selectAll();
+    void unselectAll();
+    void startPostsThePlan_data();
+    void startPostsThePlan();
+    void startClearsTheLastRun();
+    void startWithNoBoxShowsNoResultAndRequestsARun();
+    void startDoesNotDisableItself();
+    void startDuringARunChangesNothing();
+    void disabledStartCannotBeClicked();
+    void savePathFromTheDialog();
+    void cancelledDialogKeepsPathAndLabel();
+    void setSavePathStoresAndShows();
+    void recordOfThreeItemsAddsFourRows();
+    void recordWithoutItemsAddsItsHeading();
+    void recordsFromAnotherThreadArriveInOrder();
+    void recordListShowsNothing();
+    void reportRowIsTallerThanOneLine();
+    void textWithALineBreakAtItsEndTakesOneLine();
+    void logFollowsItsNewestRow();
+    void logDoesNotFollowRowsWithoutText();
+    void logStaysWhereTheOperatorScrolled();
+    void closeStopsTheServicesThenLetsWaitingCallsGiveUp();
+
+private:
+    template <class Widget>
+    Widget *find(const QString &name) const
+    {
+        return m_window->findChild<Widget *>(name);
+    }
+    void click(const QString &button) const { QTest::mouseClick(find<QToolButton>(button), Qt::LeftButton); }
+    void clickBox(const QString &name) const
+    {
+        auto *box = find<QCheckBox>(name);
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+    }
+    QStringList tickedBoxes() const;
+    QTableWidget *log() const { return find<QTableWidget>(QStringLiteral("twCheckedLog")); }
+    void verifyState(const QString &widget, const QString &name, const QString &state) const;
+    void verifyNoResult() const;
+
+    std::unique_ptr<KestDetectorUI> m_window;
+};
+
+void tst_KestDetectorUI::initTestCase()
+{
+    qRegisterMetaType<QList<checkLog>>("QList<checkLog>");
+    qRegisterMetaType<checkLog>("checkLog");
+}
+
+void tst_KestDetectorUI::init()
+{
+    Face::Get()->runActive = false;
+    Face::Get()->runRequest = 0;
+    Face::Get()->quitFlag = 0;
+    Face::Get()->taskList = QList<ComponentTask>();
+    Face::Get()->checkLogList = QList<checkLog>();
+    stopRecord = StopRecord();
+    m_window = std::make_unique<KestDetectorUI>();
+    m_window->resize(1000, 700);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+void tst_KestDetectorUI::cleanup()
+{
+    m_window.reset();
+}
+
+QStringList tst_KestDetectorUI::tickedBoxes() const
+{
+    QStringList ticked;
+    for (const QString &name : allBoxes()) {
+        if (find<QCheckBox>(name)->isChecked()) {
+            ticked.append(name);
+        }
+    }
+    return ticked;
+}
+
+void tst_KestDetectorUI::verifyState(const QString &widget, const QString &name, const QString &state) const
+{
+    QCOMPARE(find<QWidget>(widget)->accessibleName(), name);
+    QCOMPARE(find<QWidget>(widget)->accessibleDescription(), state);
+}
+
+void tst_KestDetectorUI::verifyNoResult() const
+{
+    for (const QString &icon : allIcons()) {
+        QCOMPARE(find<QLabel>(icon)->styleSheet(), QStringLiteral("border-image: url(:/icon/NA1.jpg);"));
+        QCOMPARE(find<QLabel>(icon)->accessibleDescription(), QStringLiteral("not tested"));
+    }
+    const auto *overall = find<QLabel>(QStringLiteral("lbCameraStatus"));
+    QCOMPARE(overall->text(), QStringLiteral("NA"));
+    QCOMPARE(overall->styleSheet(), QStringLiteral("background-color: rgb(220, 220, 220);color: rgb(20, 20, 20);"));
+    verifyState(QStringLiteral("lbCameraStatus"), QStringLiteral("Overall: not tested"), QStringLiteral("not tested"));
+    verifyState(QStringLiteral("barTotal"), QStringLiteral("Total:0%"), QStringLiteral("0%"));
+    verifyState(QStringLiteral("barCurrent"), QStringLiteral("Current:0%"), QStringLiteral("0%"));
+    QCOMPARE(log()->rowCount(), 0);
+}
+
+void tst_KestDetectorUI::opensWithEveryBoxUnticked()
+{
+    QCOMPARE(tickedBoxes(), QStringList());
+    verifyState(QStringLiteral("lbPcba"), QStringLiteral("PCBA: not tested"), QStringLiteral("not tested"));
+    verifyState(QStringLiteral("lbCameraStatus"), QStringLiteral("Overall: not tested"), QStringLiteral("not tested"));
+    verifyState(QStringLiteral("barTotal"), QStringLiteral("Total:0%"), QStringLiteral("0%"));
+    verifyState(QStringLiteral("barCurrent"), QStringLiteral("Current:0%"), QStringLiteral("0%"));
+}
+
+void tst_KestDetectorUI::opensWithoutSettingsFile()
+{
+    QVERIFY(!QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini")));
+    Face::Get()->username = QStringLiteral("from before");
+    const KestDetectorUI window;
+    QCOMPARE(Face::Get()->username, QString());
+    QCOMPARE(Face::Get()->logPath, QString());
+    QCOMPARE(Face::Get()->cameraStatusMask, quint64{0xFFFFFFFFFFFFFFFFU});
+    QCOMPARE(Face::Get()->statusBitList.count(false), 64);
+}
+
+void tst_KestDetectorUI::readsTheSettingsFileBesideTheProgram()
+{
+    QFile file(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[BaseOption]\nusername=operator\n");
+    file.close();
+    {
+        const KestDetectorUI window;
+    }
+    QVERIFY(file.remove());
+    QCOMPARE(Face::Get()->username, QStringLiteral("operator"));
+}
+
+void tst_KestDetectorUI::componentVerdict_data()
+{
+    QTest::addColumn<VerdictSignal>("signal");
+    QTest::addColumn<QString>("icon");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("verdict");
+    QTest::addColumn<QString>("style");
+    QTest::addColumn<QString>("state");
+
+    struct Icon
+    {
+        VerdictSignal signal;
+        const char *label;
+        const char *name;
+    };
+    const Icon icons[] = {
+        {&Face::signal_showCameraCheckResult, "lbCamera", "Camera"},
+        {&Face::signal_showGimbalCheckResult, "lbGimbal", "Gimbal"},
+        {&Face::signal_showBatteryCheckResult, "lbBattery", "Battery"},
+        {&Face::signal_showFanCheckResult, "lbFan", "Fan"},
+        {&Face::signal_showKeyBoardCheckResult, "lbKeyBoard", "Button"},
+        {&Face::signal_showLensCheckResult, "lbLens", "Lens"},
+        {&Face::signal_showTFCardCheckResult, "lbTFCard", "TF Card"},
+        {&Face::signal_showVoiceCheckResult, "lbVoice", "Audio"},
+        {&Face::signal_showPcbaCheckResult, "lbPcba", "PCBA"},
+    };
+    struct Look
+    {
+        int verdict;
+        const char *style;
+        const char *state;
+    };
+    const Look looks[] = {
+        {0, "border-image: url(:/icon/OK.jpg);", "OK"},
+        {1, "border-image: url(:/icon/NG.jpg);", "NG"},
+        {2, "border-image: url(:/icon/War.png);", "warning"},
+        {3, "border-image: url(:/icon/NA1.jpg);", "not tested"},
+        {-1, "border-image: url(:/icon/NA1.jpg);", "not tested"},
+        {118, "border-image: url(:/icon/NA1.jpg);", "not tested"},
+    };
+    for (const Icon &icon : icons) {
+        for (const Look &look : looks) {
+            QTest::addRow("%s, verdict %d", icon.name, look.verdict)
+                << icon.signal << QString::fromLatin1(icon.label) << QString::fromLatin1(icon.name) << look.verdict
+                << QString::fromLatin1(look.style) << QString::fromLatin1(look.state);
+        }
+    }
+}
+
+void tst_KestDetectorUI::componentVerdict()
+{
+    QFETCH(const VerdictSignal, signal);
+    QFETCH(const QString, icon);
+    QFETCH(const QString, name);
+    QFETCH(const int, verdict);
+    QFETCH(const QString, style);
+    QFETCH(const QString, state);
+    (Face::Get()->*signal)(verdict == 0 ? 1 : 0); // whatever it showed before is replaced
+    (Face::Get()->*signal)(verdict);
+    for (const QString &other : allIcons()) {
+        const QString expected = other == icon ? style : QStringLiteral("border-image: url(:/icon/NA1.jpg);");
+        QCOMPARE(find<QLabel>(other)->styleSheet(), expected);
+    }
+    verifyState(icon, QStringLiteral("%1: %2").arg(name, state), state);
+}
+
+void tst_KestDetectorUI::overallVerdict_data()
+{
+    QTest::addColumn<bool>("passed");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("style");
+
+    QTest::newRow("passed") << true << QStringLiteral("OK")
+                            << QStringLiteral("background-color: rgb(0, 255, 0);color: rgb(0, 0, 255);");
+    QTest::newRow("failed") << false << QStringLiteral("NG")
+                            << QStringLiteral("background-color: rgb(255, 0, 0);color: rgb(255, 255, 255);");
+}
+
+void tst_KestDetectorUI::overallVerdict()
+{
+    QFETCH(const bool, passed);
+    QFETCH(const QString, text);
+    QFETCH(const QString, style);
+    emit Face::Get()->signal_showCheckResult(passed);
+    const auto *label = find<QLabel>(QStringLiteral("lbCameraStatus"));
+    QCOMPARE(label->text(), text);
+    QCOMPARE(label->styleSheet(), style);
+    verifyState(QStringLiteral("lbCameraStatus"), QStringLiteral("Overall: ") + text, text);
+}
+
+void tst_KestDetectorUI::rings()
+{
+    emit Face::Get()->signal_showTotalPersent(45);
+    emit Face::Get()->signal_showCurrentPersent(66);
+    QCOMPARE(find<RingsProgressbar>(QStringLiteral("barTotal"))->text(), QStringLiteral("Total:45%"));
+    QCOMPARE(find<RingsProgressbar>(QStringLiteral("barCurrent"))->text(), QStringLiteral("Current:66%"));
+    verifyState(QStringLiteral("barTotal"), QStringLiteral("Total:45%"), QStringLiteral("45%"));
+    verifyState(QStringLiteral("barCurrent"), QStringLiteral("Current:66%"), QStringLiteral("66%"));
+}
+
+void tst_KestDetectorUI::shownText_data()
+{
+    QTest::addColumn<TextSignal>("signal");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("text");
+
+    const auto row = [](const char *name, TextSignal signal, const char *label, const char *text) {
+        QTest::newRow(name) << signal << QString::fromLatin1(label) << QString::fromLatin1(text);
+    };
+    row("current component", &Face::signal_showCurrentComponent, "lbCurrComponent", "Current unit:x %1");
+    row("current item", &Face::signal_showCurrentCheckItem, "lbCurrCheckItem", "Current item:x %1");
+    row("WiFi name", &Face::signal_setWifiName, "lbWifiName", "Wifi: x %1 ");
+    row("WiFi password", &Face::signal_setWifiPassWord, "lbWifiPassword", "Password: x %1 ");
+    row("MAC address", &Face::signal_setMacAddress, "lbMacAddress", "Mac: x %1 ");
+}
+
+void tst_KestDetectorUI::shownText()
+{
+    QFETCH(const TextSignal, signal);
+    QFETCH(const QString, label);
+    QFETCH(const QString, text);
+    (Face::Get()->*signal)(QStringLiteral("x %1"));
+    QCOMPARE(find<QLabel>(label)->text(), text);
+}
+
+void tst_KestDetectorUI::connectState()
+{
+    const auto *label = find<QLabel>(QStringLiteral("lbConnectState"));
+    emit Face::Get()->signal_setConnectStatus(true);
+    QCOMPARE(label->text(), QStringLiteral("Connect State: connected "));
+    emit Face::Get()->signal_setConnectStatus(false);
+    QCOMPARE(label->text(), QStringLiteral("Connect State: Disconnected "));
+}
+
+void tst_KestDetectorUI::markupReadsToTheLetter()
+{
+    auto *label = find<QLabel>(QStringLiteral("lbWifiName"));
+    emit Face::Get()->signal_setWifiName(QStringLiteral("<b>x</b>"));
+    QCOMPARE(label->text(), QStringLiteral("Wifi: <b>x</b> "));
+
+    // As rich text the tags would vanish and the label need less room than its letters.
+    QCOMPARE(label->sizeHint().width(), label->fontMetrics().size(0, QStringLiteral("Wifi: <b>x</b> ")).width());
+}
+
+void tst_KestDetectorUI::buttonEnable_data()
+{
+    QTest::addColumn<bool>("locked"); // whether a run locks it
+
+    for (const char *name : {"tbStart", "tbChooseAll", "tbNotChooseAll", "cbBattery", "cbCamera", "cbGimbal", "cbLens",
+                             "cbPCBA", "cbTFCard", "cbLoadLog"}) {
+        QTest::newRow(name) << true;
+    }
+    for (const char *name : {"cbFan", "cbKeyBoard", "cbVoice", "tbSavePath"}) {
+        QTest::newRow(name) << false;
+    }
+}
+
+void tst_KestDetectorUI::buttonEnable()
+{
+    QFETCH(const bool, locked);
+    const auto *control = find<QWidget>(QString::fromLatin1(QTest::currentDataTag()));
+    QVERIFY(control->isEnabled());
+    emit Face::Get()->signal_setButtonEnable(false);
+    QCOMPARE(control->isEnabled(), !locked);
+    emit Face::Get()->signal_setButtonEnable(true);
+    QVERIFY(control->isEnabled());
+}
+
+void tst_KestDetectorUI::selectAll_data()
+{
+    QTest::addColumn<QStringList>("before");
+    QTest::addColumn<QStringList>("after");
+
+    QTest::newRow("fan, button and audio stay unticked") << QStringList{} << selectAllBoxes();
+    QTest::newRow("fan, button and audio stay ticked") << QStringList{"cbFan", "cbKeyBoard", "cbVoice"} << allBoxes();
+    QTest::newRow("ticked boxes stay ticked") << QStringList{"cbLens", "cbLoadLog"} << selectAllBoxes();
+}
+
+void tst_KestDetectorUI::selectAll()
+{
+    QFETCH(const QStringList, before);
+    QFETCH(const QStringList, after);
+    for (const QString &box : before) {
+        clickBox(box);
+    }
+    QCOMPARE(tickedBoxes().size(), before.size());
+    click(QStringLiteral("tbChooseAll"));
+    QCOMPARE(tickedBoxes(), after);
+}
+
+void tst_KestDetectorUI::unselectAll()
+{
+    for (const QString &box : allBoxes()) {
+        clickBox(box);
+    }
+    QCOMPARE(tickedBoxes(), allBoxes());
+    click(QStringLiteral("tbNotChooseAll"));
+    QCOMPARE(tickedBoxes(), QStringList());
+}
+
+void tst_KestDetectorUI::startPostsThePlan_data()
+{
+    QTest::addColumn<QStringList>("boxes"); // in the order of ticking
+    QTest::addColumn<QString>("plan");
+
+    QTest::newRow("no box") << QStringList{} << QString();
+    QTest::newRow("every box, in the fixed order")
+        << QStringList{"cbLoadLog", "cbPCBA",   "cbVoice",   "cbKeyBoard", "cbFan",
+                       "cbLens",    "cbTFCard", "cbBattery", "cbGimbal",   "cbCamera"}
+        << "0:0 1:0,1,2,3 2:0,2,1 6:0,1 5:0 3:0 4:0 7:0 8:0,1,2,3,4,5,6 9:0,1,2,3,4,5,6,7,8,9";
+    QTest::newRow("camera") << QStringList{"cbCamera"} << "0:0";
+    QTest::newRow("gimbal") << QStringList{"cbGimbal"} << "1:0,1,2,3";
+    QTest::newRow("battery, its information before its status") << QStringList{"cbBattery"} << "2:0,2,1";
+    QTest::newRow("TF card") << QStringList{"cbTFCard"} << "6:0,1";
+    QTest::newRow("lens") << QStringList{"cbLens"} << "5:0";
+    QTest::newRow("fan") << QStringList{"cbFan"} << "3:0";
+    QTest::newRow("button") << QStringList{"cbKeyBoard"} << "4:0";
+    QTest::newRow("audio") << QStringList{"cbVoice"} << "7:0";
+    QTest::newRow("main board") << QStringList{"cbPCBA"} << "8:0,1,2,3,4,5,6";
+    QTest::newRow("log download") << QStringList{"cbLoadLog"} << "9:0,1,2,3,4,5,6,7,8,9";
+    QTest::newRow("Select All: neither fan nor button nor audio")
+        << selectAllBoxes() << "0:0 1:0,1,2,3 2:0,2,1 6:0,1 5:0 8:0,1,2,3,4,5,6 9:0,1,2,3,4,5,6,7,8,9";
+}
+
+void tst_KestDetectorUI::startPostsThePlan()
+{
+    QFETCH(const QStringList, boxes);
+    QFETCH(const QString, plan);
+    Face::Get()->taskList = QList<ComponentTask>{{4, {1, 2}}};
+    if (boxes == selectAllBoxes()) {
+        click(QStringLiteral("tbChooseAll"));
+    } else {
+        for (const QString &box : boxes) {
+            clickBox(box);
+        }
+    }
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(planText(Face::Get()->taskList), plan);
+    QCOMPARE(Face::Get()->runRequest.load(), 1);
+}
+
+void tst_KestDetectorUI::startClearsTheLastRun()
+{
+    Face::Get()->checkLogList = QList<checkLog>{record(0, {})};
+    for (const VerdictSignal signal :
+         {&Face::signal_showCameraCheckResult, &Face::signal_showGimbalCheckResult,
+          &Face::signal_showBatteryCheckResult, &Face::signal_showFanCheckResult, &Face::signal_showKeyBoardCheckResult,
+          &Face::signal_showLensCheckResult, &Face::signal_showTFCardCheckResult, &Face::signal_showVoiceCheckResult,
+          &Face::signal_showPcbaCheckResult, &Face::signal_showTotalPersent, &Face::signal_showCurrentPersent}) {
+        (Face::Get()->*signal)(1);
+    }
+    emit Face::Get()->signal_showCheckResult(false);
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    QCOMPARE(log()->rowCount(), 2);
+
+    click(QStringLiteral("tbStart"));
+    verifyNoResult();
+    QCOMPARE(Face::Get()->checkLogList.get().size(), 0);
+}
+
+void tst_KestDetectorUI::startWithNoBoxShowsNoResultAndRequestsARun()
+{
+    emit Face::Get()->signal_showCheckResult(true);
+    emit Face::Get()->signal_showCameraCheckResult(0);
+    click(QStringLiteral("tbStart"));
+    verifyNoResult();
+    QCOMPARE(planText(Face::Get()->taskList), QString());
+    QCOMPARE(Face::Get()->runRequest.load(), 1);
+}
+
+void tst_KestDetectorUI::startDoesNotDisableItself()
+{
+    click(QStringLiteral("tbStart"));
+    QVERIFY(find<QToolButton>(QStringLiteral("tbStart"))->isEnabled());
+}
+
+void tst_KestDetectorUI::startDuringARunChangesNothing()
+{
+    clickBox(QStringLiteral("cbCamera"));
+    emit Face::Get()->signal_showCameraCheckResult(0);
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    Face::Get()->taskList = QList<ComponentTask>{{4, {1, 2}}};
+    Face::Get()->checkLogList = QList<checkLog>{record(0, {})};
+    Face::Get()->runActive = true;
+
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(planText(Face::Get()->taskList), QStringLiteral("4:1,2"));
+    QCOMPARE(Face::Get()->checkLogList.get().size(), 1);
+    QCOMPARE(Face::Get()->runRequest.load(), 0);
+    QCOMPARE(log()->rowCount(), 2);
+    QCOMPARE(find<QLabel>(QStringLiteral("lbCamera"))->accessibleDescription(), QStringLiteral("OK"));
+}
+
+void tst_KestDetectorUI::disabledStartCannotBeClicked()
+{
+    emit Face::Get()->signal_setButtonEnable(false);
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(Face::Get()->runRequest.load(), 0);
+}
+
+void tst_KestDetectorUI::savePathFromTheDialog()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.path();
+    bool foldersOnly = false;
+    QTimer timer;
+    whenDialogOpens(timer, [path, &foldersOnly](QFileDialog *dialog) {
+        foldersOnly = dialog->testOption(QFileDialog::ShowDirsOnly);
+        dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    click(QStringLiteral("tbSavePath"));
+    QVERIFY(foldersOnly);
+    QCOMPARE(Face::Get()->savePath.get(), path);
+    QCOMPARE(find<QLabel>(QStringLiteral("lbSavePath"))->text(), QStringLiteral("Path:") + path);
+}
+
+void tst_KestDetectorUI::cancelledDialogKeepsPathAndLabel()
+{
+    m_window->setSavePath(QStringLiteral("/kept"));
+    bool rejected = false;
+    QTimer timer;
+    whenDialogOpens(timer, [&rejected](QFileDialog *dialog) {
+        rejected = true;
+        dialog->reject();
+    });
+    click(QStringLiteral("tbSavePath"));
+    QVERIFY(rejected);
+    QCOMPARE(Face::Get()->savePath.get(), QStringLiteral("/kept"));
+    QCOMPARE(find<QLabel>(QStringLiteral("lbSavePath"))->text(), QStringLiteral("Path:/kept"));
+}
+
+void tst_KestDetectorUI::setSavePathStoresAndShows()
+{
+    m_window->setSavePath(QStringLiteral("/data/<i>%1</i>/日志"));
+    QCOMPARE(Face::Get()->savePath.get(), QStringLiteral("/data/<i>%1</i>/日志"));
+    QCOMPARE(find<QLabel>(QStringLiteral("lbSavePath"))->text(), QStringLiteral("Path:/data/<i>%1</i>/日志"));
+}
+
+void tst_KestDetectorUI::recordOfThreeItemsAddsFourRows()
+{
+    emit Face::Get()->signal_showCheckLog(record(9, {}));
+    emit Face::Get()->signal_showCheckLog(record(2, {{0, QStringLiteral("相机电池通信OK\n"), QString()},
+                                                     {1, QStringLiteral("second\n"), QStringLiteral("a\nb\n")},
+                                                     {3, QString(), QStringLiteral("third")}}));
+    QCOMPARE(log()->rowCount(), 5);
+    // 129: left and vertically centred. 63: the default flags; 61: without the one that lets a cell be edited.
+    QCOMPARE(rowText(log(), 0), QStringLiteral("Log 129 61|none|none"));
+    QCOMPARE(rowText(log(), 1), QStringLiteral("Battery 129 61|none|none"));
+    QCOMPARE(rowText(log(), 2), QStringLiteral("none|相机电池通信OK\n 129 63| 129 63"));
+    QCOMPARE(rowText(log(), 3), QStringLiteral("none|second\n 129 63|a\nb\n 129 63"));
+    QCOMPARE(rowText(log(), 4), QStringLiteral("none| 129 63|third 129 63"));
+}
+
+void tst_KestDetectorUI::recordWithoutItemsAddsItsHeading()
+{
+    emit Face::Get()->signal_showCheckLog(record(5, {}));
+    QCOMPARE(log()->rowCount(), 1);
+    QCOMPARE(log()->item(0, 0)->text(), QStringLiteral("Lens"));
+    emit Face::Get()->signal_showCheckLog(record(12, {}));
+    QCOMPARE(log()->rowCount(), 2);
+    QCOMPARE(log()->item(1, 0)->text(), QString());
+}
+
+void tst_KestDetectorUI::recordsFromAnotherThreadArriveInOrder()
+{
+    std::thread worker([] {
+        for (int component = 0; component < 10; ++component) {
+            emit Face::Get()->signal_showCheckLog(record(component, {{0, QString::number(component), QString()}}));
+            emit Face::Get()->signal_showTotalPersent((component + 1) * 10);
+        }
+    });
+    worker.join();
+    QCOMPARE(log()->rowCount(), 0); // nothing reaches the widgets on the worker's thread
+    QTRY_COMPARE(find<RingsProgressbar>(QStringLiteral("barTotal"))->text(), QStringLiteral("Total:100%"));
+    QCOMPARE(log()->rowCount(), 20);
+    for (int component = 0; component < 10; ++component) {
+        QCOMPARE(log()->item(2 * component + 1, 1)->text(), QString::number(component));
+    }
+}
+
+void tst_KestDetectorUI::recordListShowsNothing()
+{
+    emit Face::Get()->signal_showCheckLogList({record(0, {{0, QStringLiteral("a\n"), QString()}})});
+    QCOMPARE(log()->rowCount(), 0);
+}
+
+void tst_KestDetectorUI::reportRowIsTallerThanOneLine()
+{
+    emit Face::Get()->signal_showCheckLog(record(
+        2, {{0, QStringLiteral("a\n"), QString()}, {0, QStringLiteral("b\n"), QStringLiteral("1\n2\n3\n4\n5\n")}}));
+    QCOMPARE(log()->rowHeight(1), log()->verticalHeader()->defaultSectionSize());
+    QVERIFY(log()->rowHeight(2) >= 5 * log()->fontMetrics().height());
+}
+
+void tst_KestDetectorUI::textWithALineBreakAtItsEndTakesOneLine()
+{
+    emit Face::Get()->signal_showCheckLog(
+        record(2, {{0, QStringLiteral("same\n"), QString()}, {0, QStringLiteral("same"), QString()}}));
+    log()->clearSelection();
+    const QImage shown = log()->viewport()->grab().toImage();
+    const QRect first = log()->visualItemRect(log()->item(1, 1));
+    const QRect second = log()->visualItemRect(log()->item(2, 1));
+    QCOMPARE(shown.copy(first), shown.copy(second));
+}
+
+void tst_KestDetectorUI::logFollowsItsNewestRow()
+{
+    for (int i = 0; i < 50; ++i) {
+        emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QStringLiteral("1\n2\n3\n")}}));
+    }
+    QCoreApplication::processEvents();
+    const QScrollBar *scrollBar = log()->verticalScrollBar();
+    QVERIFY(scrollBar->maximum() > 0);
+    QCOMPARE(scrollBar->value(), scrollBar->maximum());
+}
+
+void tst_KestDetectorUI::logDoesNotFollowRowsWithoutText()
+{
+    const QList<CheckItemLog> empty{{}, {}, {}, {}, {}, {}, {}, {}, {}, {}};
+    for (int i = 0; i < 50; ++i) {
+        emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    }
+    emit Face::Get()->signal_showCheckLog(record(9, empty));
+    QCoreApplication::processEvents();
+    const QRect shown = log()->viewport()->rect();
+    const QTableWidgetItem *heading = log()->item(log()->rowCount() - 11, 0);
+    QCOMPARE(heading->text(), QStringLiteral("Log"));
+    QVERIFY(shown.contains(log()->visualItemRect(heading)));
+    QVERIFY(!shown.intersects(log()->visualItemRect(log()->item(log()->rowCount() - 1, 1))));
+
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    QCoreApplication::processEvents();
+    QVERIFY(shown.contains(log()->visualItemRect(log()->item(log()->rowCount() - 1, 1))));
+}
+
+void tst_KestDetectorUI::logStaysWhereTheOperatorScrolled()
+{
+    for (int i = 0; i < 50; ++i) {
+        emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    }
+    log()->verticalScrollBar()->setValue(3);
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    QCoreApplication::processEvents();
+    QCOMPARE(log()->verticalScrollBar()->value(), 3);
+}
+
+void tst_KestDetectorUI::closeStopsTheServicesThenLetsWaitingCallsGiveUp()
+{
+    QVERIFY(m_window->close());
+    QVERIFY(!m_window->isVisible());
+    QCOMPARE(stopRecord.calls, 1);
+    QCOMPARE(stopRecord.quitFlag, 0);
+    QCOMPARE(Face::Get()->quitFlag.load(), -1);
+}
+
+QTEST_MAIN(tst_KestDetectorUI)
+#include "tst_KestDetectorUI.moc"
