@@ -4,6 +4,7 @@
 #include "emulator/command/ReplyWriter.h"
 
 #include <array>
+#include <boost/crc.hpp>
 
 namespace emulator {
 
@@ -13,13 +14,12 @@ struct CalibrationBlock
     int address;
     int length;
     int checksumAddress;
-    std::uint32_t checksum;
 };
 
 constexpr std::array<CalibrationBlock, 3> calibrationBlocks{{
-    {5824, 720, 6544, 0x5F3A9C01}, // sharpness
-    {6848, 606, 7454, 0x0D17E462}, // dark spots
-    {7872, 124, 7996, 0x8B20C6F3}, // white balance
+    {5824, 720, 6544}, // sharpness
+    {6848, 606, 7454}, // dark spots
+    {7872, 124, 7996}, // white balance
 }};
 
 constexpr std::array<int, 5> signatureAddresses{4203, 6846, 7870, 8126, 8162};
@@ -35,14 +35,31 @@ QByteArray calibrationData(const CalibrationBlock &block)
     }
     return data;
 }
+
+/// The common CRC-32 as the factory computes it: the register starts from the number of bytes, and nothing is XORed at
+/// the end.
+std::uint32_t blockChecksum(const QByteArray &data)
+{
+    constexpr int bits = 32;
+    const auto length = static_cast<std::uint32_t>(data.size());
+    // Boost takes the first value the other way round than the reflected register holds it.
+    std::uint32_t start = 0;
+    for (int bit = 0; bit < bits; ++bit) {
+        start |= (length >> bit & 1U) << (bits - 1 - bit);
+    }
+    boost::crc_optimal<bits, 0x04C11DB7, 0, 0, true, true> crc(start);
+    crc.process_bytes(data.constData(), length);
+    return crc.checksum();
+}
 } // namespace
 
 EepromDevice::EepromDevice(const Eeprom &eeprom) : m_content(Eeprom::size, '\xFF')
 {
     const auto lay = [this](int address, const QByteArray &bytes) { m_content.replace(address, bytes.size(), bytes); };
     for (const CalibrationBlock &block : calibrationBlocks) {
-        lay(block.address, calibrationData(block));
-        lay(block.checksumAddress, ReplyWriter().put(block.checksum).bytes());
+        const QByteArray data = calibrationData(block);
+        lay(block.address, data);
+        lay(block.checksumAddress, ReplyWriter().put(blockChecksum(data)).bytes());
     }
     for (const int address : signatureAddresses) {
         lay(address, QByteArrayLiteral("KO"));

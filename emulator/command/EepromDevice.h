@@ -9,8 +9,8 @@ namespace emulator {
 
 /// The sensor's EEPROM, 8 KiB. Serves the data of `ReadEEPROM`.
 ///
-/// A healthy one holds calibration data for sharpness, dark spots and white balance, a checksum word behind each, and
-/// the signature "KO" wherever the factory leaves one.
+/// A healthy one holds calibration data for sharpness, dark spots and white balance, behind each the checksum word
+/// that fits it, and the signature "KO" wherever the factory leaves one.
 class EepromDevice
 {
 public:

@@ -43,6 +43,8 @@ private slots:
     void replies();
     void unanswered_data();
     void unanswered();
+    void checksumWordsFitTheirBlocks_data();
+    void checksumWordsFitTheirBlocks();
     void spoiltReply_data();
     void spoiltReply();
     void droppedReply();
@@ -124,7 +126,7 @@ void tst_EmulatorCommandService::replies_data()
                                                << hexBytes("aa 00 11 01 01 0e b9 7a 00 16 60 21 00 02 00 4b 4f");
     QTest::newRow("ReadEEPROM of a checksum word")
         << hexBytes("aa 00 10 12 01 0f 63 61 00 61 60 21 90 19 04 00")
-        << hexBytes("aa 00 13 01 01 0f 23 08 00 16 60 21 00 04 00 01 9c 3a 5f");
+        << hexBytes("aa 00 13 01 01 0f 76 03 00 16 60 21 00 04 00 2d b5 fc cd");
     QTest::newRow("ReadEEPROM beyond the end") << hexBytes("aa 00 10 12 01 10 02 fb 00 61 60 21 ff 1f 02 00")
                                                << hexBytes("aa 00 0d 01 01 10 8c df 00 16 60 21 01");
     QTest::newRow("ReadEEPROM longer than a frame") << hexBytes("aa 00 10 12 01 11 dd fa 00 61 60 21 00 00 f1 03")
@@ -160,6 +162,54 @@ void tst_EmulatorCommandService::unanswered()
     link.peer.send(datagram);
     // Datagrams keep their order on the loopback: the first thing to come back answers the second one sent.
     QCOMPARE(link.peer.ask(request), goodReply);
+}
+
+void tst_EmulatorCommandService::checksumWordsFitTheirBlocks_data()
+{
+    QTest::addColumn<QByteArray>("dataRequest");
+    QTest::addColumn<QByteArray>("wordRequest");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<quint32>("word");
+    QTest::newRow("sharpness") << hexBytes("aa 00 10 12 00 20 b6 f8 00 61 60 21 c0 16 d0 02")
+                               << hexBytes("aa 00 10 12 00 21 88 03 00 61 60 21 90 19 04 00") << 720
+                               << quint32{0xCDFCB52D};
+    QTest::newRow("dark spots") << hexBytes("aa 00 10 12 00 22 ad 56 00 61 60 21 c0 1a 5e 02")
+                                << hexBytes("aa 00 10 12 00 23 d9 62 00 61 60 21 1e 1d 04 00") << 606
+                                << quint32{0xE2C11AFF};
+    QTest::newRow("white balance") << hexBytes("aa 00 10 12 00 24 85 90 00 61 60 21 c0 1e 7c 00")
+                                   << hexBytes("aa 00 10 12 00 25 e9 d7 00 61 60 21 3c 1f 04 00") << 124
+                                   << quint32{0x9F8A6611};
+}
+
+namespace {
+/// The checksum of a calibration block, bit by bit: it starts from the length, and nothing is XORed at the end.
+quint32 blockChecksum(const QByteArray &data)
+{
+    auto crc = static_cast<quint32>(data.size());
+    for (const char byte : data) {
+        crc ^= static_cast<quint8>(byte);
+        for (int bit = 0; bit < 8; ++bit) {
+            crc = (crc & 1) != 0 ? crc >> 1 ^ 0xEDB88320 : crc >> 1;
+        }
+    }
+    return crc;
+}
+} // namespace
+
+void tst_EmulatorCommandService::checksumWordsFitTheirBlocks()
+{
+    QFETCH(QByteArray, dataRequest);
+    QFETCH(QByteArray, wordRequest);
+    QFETCH(int, length);
+    QFETCH(quint32, word);
+    constexpr int headerResultAndCount = 15;
+    Link link;
+    const QByteArray data = link.peer.ask(dataRequest).mid(headerResultAndCount);
+    QCOMPARE(data.size(), length);
+    QCOMPARE(blockChecksum(data), word);
+    const QByteArray stored = link.peer.ask(wordRequest).mid(headerResultAndCount);
+    QCOMPARE(stored.size(), 4);
+    QCOMPARE(qFromLittleEndian<quint32>(stored.constData()), word);
 }
 
 void tst_EmulatorCommandService::spoiltReply_data()
