@@ -62,31 +62,9 @@ QByteArray withWrongLength(QByteArray payload, int change)
     return payload;
 }
 
-struct FaultName
-{
-    FaultKind kind;
-    const char *name;
-};
-
-constexpr std::array<FaultName, 8> faultNames{{
-    {FaultKind::drop, "dropped"},
-    {FaultKind::delay, "delayed"},
-    {FaultKind::duplicate, "sent twice"},
-    {FaultKind::corruptChecksum, "with a wrong checksum"},
-    {FaultKind::wrongLength, "with a wrong length"},
-    {FaultKind::resultCode, "with a result code"},
-    {FaultKind::otherPort, "from another port"},
-    {FaultKind::asRequest, "marked as a request"},
-}};
-
 QString describe(const Fault &fault)
 {
-    for (const FaultName &row : faultNames) {
-        if (row.kind == fault.kind) {
-            return QStringLiteral(", reply %1 (%2)").arg(QLatin1String(row.name)).arg(fault.value);
-        }
-    }
-    return {};
+    return QStringLiteral(", reply %1 (%2)").arg(QLatin1String(rowOf(fault.kind).logText)).arg(fault.value);
 }
 } // namespace
 

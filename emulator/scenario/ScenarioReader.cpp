@@ -13,7 +13,6 @@ namespace {
 constexpr int longestDelay = 3600 * 1000;
 constexpr int mostTimes = 1000000;
 constexpr int largestTree = 256 * 1024 * 1024;
-constexpr int longestDataChange = 1010;
 
 template <class Enum>
 struct EnumName
@@ -41,46 +40,29 @@ constexpr EnumName<ShellTree::Kind> treeKinds[]{
     {ShellTree::Kind::binary, "binary"},
 };
 
-constexpr EnumName<FaultKind> faultKinds[]{
-    {FaultKind::drop, "drop"},
-    {FaultKind::delay, "delay"},
-    {FaultKind::duplicate, "duplicate"},
-    {FaultKind::corruptChecksum, "corruptChecksum"},
-    {FaultKind::wrongLength, "wrongLength"},
-    {FaultKind::resultCode, "resultCode"},
-    {FaultKind::otherPort, "otherPort"},
-    {FaultKind::asRequest, "asRequest"},
-};
-
-/// The kinds of fault that carry a value: its key and range.
-struct FaultValue
-{
-    FaultKind kind;
-    const char *key;
-    int lowest;
-    int highest;
-};
-
-constexpr FaultValue faultValues[]{
-    {FaultKind::delay, "ms", 0, longestDelay},
-    {FaultKind::wrongLength, "bytes", -longestDataChange, longestDataChange},
-    {FaultKind::resultCode, "code", 1, 255},
-};
-
-template <class Enum, std::size_t size>
-void readEnum(const JsonValueReader &reader, const EnumName<Enum> (&names)[size], Enum &out)
+/// The row of `table` whose name the value is; null, and a complaint, when there is none.
+template <class Table>
+auto readRow(const JsonValueReader &reader, const Table &table) -> decltype(&*std::begin(table))
 {
     QString text;
     reader.read(text);
     QStringList known;
-    for (const EnumName<Enum> &row : names) {
+    for (const auto &row : table) {
         if (text == QLatin1String(row.name)) {
-            out = row.value;
-            return;
+            return &row;
         }
         known.append(QLatin1String(row.name));
     }
     reader.complain(QStringLiteral("must be one of ") + known.join(QStringLiteral(", ")));
+    return nullptr;
+}
+
+template <class Enum, std::size_t size>
+void readEnum(const JsonValueReader &reader, const EnumName<Enum> (&names)[size], Enum &out)
+{
+    if (const EnumName<Enum> *row = readRow(reader, names)) {
+        out = row->value;
+    }
 }
 
 void readNonEmpty(const JsonValueReader &reader, QString &out, int longest)
@@ -395,18 +377,26 @@ void readTimes(const JsonValueReader &reader, std::optional<int> &times)
     times = number;
 }
 
+void readFaultKind(const JsonValueReader &reader, JsonObjectReader &object, Fault &fault)
+{
+    const FaultKindRow *row = nullptr;
+    if (!object.with("kind", [&](const JsonValueReader &value) { row = readRow(value, faultKindTable); })) {
+        reader.complain(QStringLiteral("needs a kind"));
+    }
+    if (row == nullptr) {
+        return;
+    }
+    fault.kind = row->kind;
+    if (*row->valueKey != '\0' && !object.read(row->valueKey, fault.value, row->lowest, row->highest)) {
+        reader.complain(QStringLiteral("needs %1").arg(QLatin1String(row->valueKey)));
+    }
+}
+
 Fault readFault(const JsonValueReader &reader, Command command)
 {
     Fault fault;
     JsonObjectReader object(reader);
-    if (!object.with("kind", [&](const JsonValueReader &value) { readEnum(value, faultKinds, fault.kind); })) {
-        reader.complain(QStringLiteral("needs a kind"));
-    }
-    for (const FaultValue &row : faultValues) {
-        if (row.kind == fault.kind && !object.read(row.key, fault.value, row.lowest, row.highest)) {
-            reader.complain(QStringLiteral("needs %1").arg(QLatin1String(row.key)));
-        }
-    }
+    readFaultKind(reader, object, fault);
     object.read("after", fault.after, 0, mostTimes);
     object.with("times", [&](const JsonValueReader &value) { readTimes(value, fault.times); });
     if (command == Command::ReadEEPROM) {

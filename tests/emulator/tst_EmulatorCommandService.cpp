@@ -1,4 +1,5 @@
 #include "emulator/command/CommandService.h"
+#include "emulator/scenario/ScenarioReader.h"
 #include "support/CommandPeer.h"
 #include "support/hexBytes.h"
 
@@ -45,6 +46,7 @@ private slots:
     void unanswered();
     void checksumWordsFitTheirBlocks_data();
     void checksumWordsFitTheirBlocks();
+    void everyFaultHasItsName();
     void spoiltReply_data();
     void spoiltReply();
     void droppedReply();
@@ -210,6 +212,13 @@ void tst_EmulatorCommandService::checksumWordsFitTheirBlocks()
     const QByteArray stored = link.peer.ask(wordRequest).mid(headerResultAndCount);
     QCOMPARE(stored.size(), 4);
     QCOMPARE(qFromLittleEndian<quint32>(stored.constData()), word);
+}
+
+void tst_EmulatorCommandService::everyFaultHasItsName()
+{
+    QCOMPARE(emulator::parseScenario(R"({"faults": {"Ping": [{"kind": "explode"}]}})").error,
+             QStringLiteral("faults.Ping[0].kind: must be one of drop, delay, duplicate, corruptChecksum, wrongLength, "
+                            "resultCode, otherPort, asRequest"));
 }
 
 void tst_EmulatorCommandService::spoiltReply_data()

@@ -220,9 +220,6 @@ void tst_EmulatorScenario::refused_data()
     row("half a hexadecimal pair", R"({"eeprom": {"blocks": [{"address": 1, "hex": "4"}]}})",
         "eeprom.blocks[0].hex: must be pairs of hexadecimal digits");
     row("no such command", R"({"faults": {"ping": []}})", "faults.ping: no such command");
-    row("no such fault", R"({"faults": {"Ping": [{"kind": "explode"}]}})",
-        "faults.Ping[0].kind: must be one of drop, delay, duplicate, corruptChecksum, wrongLength, resultCode, "
-        "otherPort, asRequest");
     row("fault without a kind", R"({"faults": {"Ping": [{}]}})", "faults.Ping[0]: needs a kind");
     row("delay without a time", R"({"faults": {"Ping": [{"kind": "delay"}]}})", "faults.Ping[0]: needs ms");
     row("value of another fault", R"({"faults": {"Ping": [{"kind": "drop", "ms": 1}]}})",
