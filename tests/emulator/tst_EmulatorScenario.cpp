@@ -19,6 +19,8 @@ private slots:
     void refused();
     void shipped_data();
     void shipped();
+    void manualListsShippedScenarios();
+    void manualListsFaultKinds();
 };
 
 void tst_EmulatorScenario::emptyIsHealthy()
@@ -281,6 +283,64 @@ void tst_EmulatorScenario::shipped()
     // A scenario whose EEPROM or movement cannot be built would only show in use.
     CameraDevice device(result.scenario);
     QCOMPARE(device.answer(Command::getCameraState, {}).size(), 89);
+}
+
+namespace {
+/// First cell and the rest of each table row in one chapter of the manual; only rows whose first cell is in code style.
+QMap<QString, QString> manualRows(const QString &heading)
+{
+    QFile manual(QStringLiteral(CAMERA_MANUAL));
+    QMap<QString, QString> rows;
+    if (!manual.open(QIODevice::ReadOnly)) {
+        return rows;
+    }
+    static const QRegularExpression row(QStringLiteral("^\\| `([^`]+)` \\| (.*) \\|$"));
+    const int level = heading.indexOf(QLatin1Char(' '));
+    bool inside = false;
+    const QStringList lines = QString::fromUtf8(manual.readAll()).split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        if (line.startsWith(QLatin1Char('#')) && line.indexOf(QLatin1Char(' ')) <= level) {
+            inside = line == heading;
+        }
+        const QRegularExpressionMatch match = row.match(line);
+        if (inside && match.hasMatch()) {
+            rows.insert(match.captured(1), match.captured(2));
+        }
+    }
+    return rows;
+}
+} // namespace
+
+void tst_EmulatorScenario::manualListsShippedScenarios()
+{
+    QMap<QString, QString> descriptions;
+    const QDir directory(QStringLiteral(CAMERA_SCENARIOS));
+    const QStringList names = directory.entryList({QStringLiteral("*.json")});
+    for (const QString &name : names) {
+        QFile json(directory.filePath(name));
+        QVERIFY(json.open(QIODevice::ReadOnly));
+        descriptions.insert(QFileInfo(name).baseName(), parseScenario(json.readAll()).scenario.description);
+    }
+    const QMap<QString, QString> listed = manualRows(QStringLiteral("## The scenarios"));
+    QCOMPARE(listed.keys(), descriptions.keys());
+    for (auto row = listed.begin(); row != listed.end(); ++row) {
+        QCOMPARE(row.value(), descriptions.value(row.key()));
+    }
+}
+
+void tst_EmulatorScenario::manualListsFaultKinds()
+{
+    const QMap<QString, QString> listed = manualRows(QStringLiteral("### Faults of commands"));
+    QCOMPARE(listed.size(), static_cast<int>(faultKindTable.size()));
+    for (const FaultKindRow &row : faultKindTable) {
+        const QString value =
+            *row.valueKey == '\0'
+                ? QString()
+                : QStringLiteral("`%1`, %2 to %3 | ").arg(QLatin1String(row.valueKey)).arg(row.lowest).arg(row.highest);
+        const QString line = listed.value(QLatin1String(row.name));
+        QVERIFY2(line.startsWith(value.isEmpty() ? QStringLiteral("| ") : value) && line.size() > value.size(),
+                 qPrintable(QStringLiteral("%1: %2").arg(QLatin1String(row.name), line)));
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_EmulatorScenario)
