@@ -1,30 +1,61 @@
 // Datagrams that pass for the camera's: whatever they hold, they end in a completion handler or nowhere.
-// The first input byte chooses what is made of the rest: the datagram as it is, or a reply with a valid header and
-// checksum to the command that the next two bytes name.
+// The first input byte chooses, bit by bit, what is made of the rest: bit 0, the datagram as it is; otherwise a reply
+// with a valid header and checksum to the command that the next two bytes name; with bit 1, of the length that two more
+// bytes say, up to the longest datagram; with bit 2, with a count of EEPROM bytes that fits its length.
 
 #include "camera/client/Camera.h"
 #include "camera/client/UDPTransciever.h"
-#include "camera/codec/PacketCodec.h"
+#include "camera/codec/protocol.h"
+#include "frames.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <QCoreApplication>
-#include <vector>
+#include <utility>
 
 namespace {
-std::vector<std::uint8_t> validReply(const std::uint8_t *data, std::size_t size)
+enum Choice : std::uint8_t {
+    asItIs = 1,
+    ownLength = 2,
+    countFits = 4,
+};
+
+/// Takes the input apart from its begin on; what is no longer there counts as 0.
+class Input
 {
-    KestDataPacket packet;
-    packet.flags = protocol::flag::acknowledgement;
-    packet.cmdSet = data[0];
-    packet.cmdId = static_cast<std::uint16_t>(data[0] >> 4 << 8 | data[1]);
-    const std::size_t payload = std::min<std::size_t>(size - 2, protocol::maxPayloadSize);
-    std::copy_n(data + 2, payload, packet.data.begin());
-    packet.len = static_cast<std::uint16_t>(protocol::headerSize + payload);
-    std::vector<std::uint8_t> frame(protocol::maxFrameSize);
-    int length = 0;
-    dataPacket2CharArray(packet, frame.data(), &length);
-    frame.resize(static_cast<std::size_t>(length));
-    return frame;
+public:
+    Input(const std::uint8_t *data, std::size_t size) : m_next(data), m_end(data + size) {}
+
+    std::uint8_t byte() { return m_next == m_end ? std::uint8_t{0} : *m_next++; }
+    Bytes rest() const { return {m_next, m_end}; }
+
+private:
+    const std::uint8_t *m_next;
+    const std::uint8_t *m_end;
+};
+
+Bytes validReply(std::uint8_t choice, Input in)
+{
+    constexpr std::size_t countOffset = 13; // behind the result code
+    constexpr std::size_t blockOffset = 15;
+    Bytes header(frameHeaderSize);
+    header[3] = protocol::flag::acknowledgement;
+    header[10] = in.byte();
+    header[11] = in.byte();
+    header[10] = static_cast<std::uint8_t>(header[10] << 4 | header[10] >> 4);
+    const bool isLong = (choice & ownLength) != 0;
+    const std::size_t said = isLong ? in.byte() | static_cast<std::size_t>(in.byte()) << 8 : 0;
+    const Bytes payload = in.rest();
+    Bytes frame = header;
+    frame.insert(frame.end(), payload.begin(), payload.end());
+    frame.resize(std::clamp(isLong ? said : frame.size(), frameHeaderSize, longestDatagram));
+    if ((choice & countFits) != 0 && frame.size() >= blockOffset) {
+        const std::size_t count = frame.size() - blockOffset;
+        frame[countOffset] = static_cast<std::uint8_t>(count & 0xFF);
+        frame[countOffset + 1] = static_cast<std::uint8_t>(count >> 8);
+    }
+    return validFrame(std::move(frame));
 }
 } // namespace
 
@@ -41,9 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (size < 3 || !quiet) {
         return 0;
     }
-    const bool raw = (data[0] & 1) != 0;
-    std::vector<std::uint8_t> datagram =
-        raw ? std::vector<std::uint8_t>(data + 1, data + size) : validReply(data + 1, size - 1);
+    Bytes datagram = (data[0] & asItIs) != 0 ? Bytes(data + 1, data + size) : validReply(data[0], {data + 1, size - 1});
     UDPTransciever::handleDatagram(datagram.data(), static_cast<int>(datagram.size()));
     return 0;
 }

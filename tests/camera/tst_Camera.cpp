@@ -55,6 +55,8 @@ private slots:
     void failedReplies_data();
     void failedReplies();
     void failedReadsLeaveTheOutputsAlone();
+    void eepromCountBeyondAFrame_data();
+    void eepromCountBeyondAFrame();
     void cameraStateIsInTheDebugOutput();
     void appIpReport();
     void lateReplySatisfiesTheNextRequest();
@@ -357,6 +359,32 @@ void tst_Camera::failedReadsLeaveTheOutputsAlone()
                  return QStringLiteral("%1 %2 %3 %4").arg(first).arg(length).arg(second).arg(crc);
              }),
              QStringLiteral("-1 4711 -1 4712"));
+}
+
+void tst_Camera::eepromCountBeyondAFrame_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("all that a frame holds") << 1008 << QStringLiteral("0 1008");
+    QTest::newRow("one byte more") << 1009 << QStringLiteral("-1");
+    QTest::newRow("what the frame's length field can say") << 4080 << QStringLiteral("-1");
+    QTest::newRow("what the count can say") << 65535 << QStringLiteral("-1");
+}
+
+void tst_Camera::eepromCountBeyondAFrame()
+{
+    QFETCH(int, count);
+    m_peer->onRequest = [count](const Frame &) {
+        const QByteArray data = counted(QByteArray(count, 'e'));
+        Camera::Get()->ReadEEPROM_Notify(0, reinterpret_cast<const std::uint8_t *>(data.constData()), data.size());
+    };
+    QTEST(make([](Camera &camera) {
+              EEPromBuf buffer;
+              const int result = camera.ReadEEPROM(0, 1, &buffer);
+              return outcome(result, buffer.length());
+          }),
+          "expected");
 }
 
 void tst_Camera::cameraStateIsInTheDebugOutput()

@@ -14,6 +14,25 @@
 
 using emulator::Frame;
 
+namespace {
+/// A reply to `ReadEEPROM` of `length` bytes in all, whose count and checksum fit: bytes 'e' from the EEPROM. Its
+/// length field holds what 12 bits can hold of `length`.
+QByteArray eepromReply(int length)
+{
+    constexpr int beforeTheBlock = 15; // header, result code, count
+    const int count = length - beforeTheBlock;
+    QByteArray frame = QByteArray::fromHex("aa0000010001000000166021") + QByteArray(3, '\0') + QByteArray(count, 'e');
+    frame[1] = static_cast<char>(length >> 8 & 0x0F);
+    frame[2] = static_cast<char>(length & 0xFF);
+    frame[13] = static_cast<char>(count & 0xFF);
+    frame[14] = static_cast<char>(count >> 8 & 0xFF);
+    const quint16 checksum = emulator::frameChecksum(frame);
+    frame[6] = static_cast<char>(checksum >> 8);
+    frame[7] = static_cast<char>(checksum & 0xFF);
+    return frame;
+}
+} // namespace
+
 /// The UDP end of the command protocol: what is sent, and which datagrams count as replies.
 class tst_UDPTransciever : public QObject
 {
@@ -29,6 +48,8 @@ private slots:
     void tooLongFrameAborts();
     void whatIsNoReplyIsIgnored_data();
     void whatIsNoReplyIsIgnored();
+    void onlyWhatARecordHoldsIsAReply_data();
+    void onlyWhatARecordHoldsIsAReply();
     void replyFromAnotherPortIsIgnored();
     void senderWhoseTextContainsThePeerIsAccepted();
     void peerStaysWhenTheCameraAddressChanges();
@@ -146,6 +167,51 @@ void tst_UDPTransciever::whatIsNoReplyIsIgnored()
         m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x05"))));
     };
     QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 5);
+}
+
+void tst_UDPTransciever::onlyWhatARecordHoldsIsAReply_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("overTheSocket");
+    QTest::addColumn<int>("bytesRead");
+
+    struct Row
+    {
+        const char *name;
+        int length;
+        int bytesRead;
+    };
+    // Where the long frame is no reply, the one byte of the frame after it is what was read.
+    for (const Row &row : {Row{"longest frame", 1023, 1008}, Row{"one byte too long", 1024, 1},
+                           Row{"payload of 1024", 1036, 1}, Row{"longest that the length field can say", 4095, 1},
+                           Row{"longer than the length field can say", 4096, 1}, Row{"longest datagram", 65507, 1}}) {
+        QTest::addRow("%s, over the socket", row.name) << row.length << true << row.bytesRead;
+        QTest::addRow("%s, directly", row.name) << row.length << false << row.bytesRead;
+    }
+}
+
+void tst_UDPTransciever::onlyWhatARecordHoldsIsAReply()
+{
+    QFETCH(int, length);
+    QFETCH(bool, overTheSocket);
+    QFETCH(int, bytesRead);
+    m_peer->onRequest = [&](const Frame &) {
+        for (QByteArray frame : {eepromReply(length), eepromReply(16)}) {
+            if (overTheSocket) {
+                m_peer->send(frame);
+            } else {
+                UDPTransciever::handleDatagram(reinterpret_cast<std::uint8_t *>(frame.data()), frame.size());
+            }
+            if (bytesRead > 1) {
+                break; // the long one is the answer
+            }
+        }
+    };
+    EEPromBuf buffer;
+    QCOMPARE(onWorkerThread([&] { return Camera::Get()->ReadEEPROM(0, 1, &buffer); }), 0);
+    QCOMPARE(buffer.length(), bytesRead);
+    const QByteArray read(reinterpret_cast<const char *>(buffer.data()), buffer.length());
+    QCOMPARE(read, QByteArray(bytesRead, 'e'));
 }
 
 void tst_UDPTransciever::replyFromAnotherPortIsIgnored()

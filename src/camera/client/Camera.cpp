@@ -479,7 +479,8 @@ void Camera::ReadEEPROM_Notify(int code, const std::uint8_t *data, int length)
 {
     complete(m_eeprom, code, [&]() -> int {
         constexpr int countSize = 2;
-        if (length < countSize || (data[0] | data[1] << 8) + countSize != length) {
+        constexpr int longest = protocol::maxPayloadSize - protocol::replyDataOffset;
+        if (length < countSize || length > longest || (data[0] | data[1] << 8) + countSize != length) {
             return requestResult::wrongSize;
         }
         EEPromBuf &buffer = *m_eeprom.record;

@@ -187,7 +187,8 @@ int UDPTransciever::receive(std::vector<std::uint8_t> *buffer) const
 
 void UDPTransciever::handleDatagram(std::uint8_t *datagram, int length)
 {
-    if (!packetCheck(datagram, length)) {
+    // The header's length field could say 4095, but no frame is that long, and no record holds it.
+    if (length > protocol::maxFrameSize || !packetCheck(datagram, length)) {
         return;
     }
     KestDataPacket packet;

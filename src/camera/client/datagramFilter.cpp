@@ -1,12 +1,14 @@
 #include "camera/client/datagramFilter.h"
 
+#include "camera/codec/protocol.h"
+
 #include <array>
 #include <linux/filter.h>
 #include <sys/socket.h>
 
 namespace {
 constexpr std::uint32_t udpHeaderSize = 8;
-constexpr std::uint32_t longestFrame = 0xFFF; // the length field has 12 bits
+constexpr std::uint32_t longestFrame = protocol::maxFrameSize;
 constexpr std::uint32_t sourcePortOffset = 0;
 constexpr std::uint32_t keepAll = 0xFFFFFFFF;
 constexpr std::uint32_t drop = 0;
