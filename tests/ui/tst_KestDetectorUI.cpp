@@ -1,11 +1,13 @@
 #include "recordStop.h"
 
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/serveEvents.h"
 #include "ui/widgets/RingsProgressbar.h"
 #include "ui/window/KestDetectorUI.h"
 
 #include <memory>
 #include <QCheckBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -81,12 +83,18 @@ QString rowText(const QTableWidget *table, int row)
     return cells.join(QLatin1Char('|'));
 }
 
+/// The directory dialog that locks the window; null while none is open.
+QFileDialog *openDialog()
+{
+    return qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+}
+
 /// Lets `timer` run `act` on the directory dialog once it is open.
 template <class Act>
 void whenDialogOpens(QTimer &timer, Act act)
 {
     QObject::connect(&timer, &QTimer::timeout, &timer, [&timer, act] {
-        if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
+        if (QFileDialog *dialog = openDialog()) {
             timer.stop();
             act(dialog);
         }
@@ -131,6 +139,9 @@ private slots:
     void disabledStartCannotBeClicked();
     void savePathFromTheDialog();
     void cancelledDialogKeepsPathAndLabel();
+    void dialogOpensAboveTheWorkingFolderEachTime();
+    void waitsEndWhileTheDialogIsOpen();
+    void closingEndsTheProgramWithTheDialogOpen();
     void setSavePathStoresAndShows();
     void recordOfThreeItemsAddsFourRows();
     void recordWithoutItemsAddsItsHeading();
@@ -565,8 +576,8 @@ void tst_KestDetectorUI::savePathFromTheDialog()
         QMetaObject::invokeMethod(dialog, "accept");
     });
     click(QStringLiteral("tbSavePath"));
+    QTRY_COMPARE(Face::Get()->savePath.get(), path);
     QVERIFY(foldersOnly);
-    QCOMPARE(Face::Get()->savePath.get(), path);
     QCOMPARE(find<QLabel>(QStringLiteral("lbSavePath"))->text(), QStringLiteral("Path:") + path);
 }
 
@@ -580,9 +591,59 @@ void tst_KestDetectorUI::cancelledDialogKeepsPathAndLabel()
         dialog->reject();
     });
     click(QStringLiteral("tbSavePath"));
-    QVERIFY(rejected);
+    QTRY_VERIFY(rejected);
+    QTRY_COMPARE(openDialog(), nullptr);
     QCOMPARE(Face::Get()->savePath.get(), QStringLiteral("/kept"));
     QCOMPARE(find<QLabel>(QStringLiteral("lbSavePath"))->text(), QStringLiteral("Path:/kept"));
+}
+
+void tst_KestDetectorUI::dialogOpensAboveTheWorkingFolderEachTime()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.path();
+    QStringList startFolders;
+    for (int press = 0; press < 2; ++press) {
+        Face::Get()->savePath = QString();
+        QTimer timer;
+        whenDialogOpens(timer, [path, &startFolders](QFileDialog *dialog) {
+            startFolders.append(dialog->directory().canonicalPath());
+            dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(path);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        click(QStringLiteral("tbSavePath"));
+        QTRY_COMPARE(Face::Get()->savePath.get(), path);
+    }
+    const QString above = QDir(QStringLiteral("..")).canonicalPath();
+    QCOMPARE(startFolders, (QStringList{above, above}));
+}
+
+/// As those for the shell and for downloads, on this very thread.
+void tst_KestDetectorUI::waitsEndWhileTheDialogIsOpen()
+{
+    constexpr int waitMs = 300;
+    QTimer rescue; // lets a wait below the dialog fail rather than hang
+    rescue.setSingleShot(true);
+    connect(&rescue, &QTimer::timeout, this, [] {
+        if (QFileDialog *dialog = openDialog()) {
+            dialog->reject();
+        }
+    });
+    rescue.start(20 * waitMs);
+    QTimer::singleShot(10, m_window.get(), [this] { click(QStringLiteral("tbSavePath")); });
+    serveEventsUntil(waitMs, [] { return false; });
+    QVERIFY(openDialog() != nullptr);
+    openDialog()->reject();
+    QTRY_COMPARE(openDialog(), nullptr);
+}
+
+void tst_KestDetectorUI::closingEndsTheProgramWithTheDialogOpen()
+{
+    QTimer timer;
+    whenDialogOpens(timer, [this](QFileDialog *) { m_window->close(); });
+    QTimer::singleShot(0, m_window.get(), [this] { click(QStringLiteral("tbSavePath")); });
+    QTimer::singleShot(10000, m_window.get(), [] { QCoreApplication::exit(1); });
+    QCOMPARE(QApplication::exec(), 0);
+    QCOMPARE(openDialog(), nullptr);
 }
 
 void tst_KestDetectorUI::setSavePathStoresAndShows()

@@ -6,6 +6,7 @@
 #include "detector/store/loadSettings.h"
 #include "detector/store/verdict.h"
 #include "ui/widgets/ElidedText.h"
+#include "ui/widgets/FolderQuestion.h"
 #include "ui/widgets/LogTextDelegate.h"
 #include "ui/widgets/RingsProgressbar.h"
 #include "ui/window/stopServices.h"
@@ -15,7 +16,6 @@
 #include <mutex>
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QFileDialog>
 #include <QFont>
 #include <QHeaderView>
 #include <QLabel>
@@ -122,7 +122,8 @@ void nameFontSubstitutes()
 }
 } // namespace
 
-KestDetectorUI::KestDetectorUI(QWidget *parent) : QMainWindow(parent), ui(std::make_unique<Ui::KestDetectorUI>())
+KestDetectorUI::KestDetectorUI(QWidget *parent)
+    : QMainWindow(parent), ui(std::make_unique<Ui::KestDetectorUI>()), m_folderQuestion(new FolderQuestion(this))
 {
     initUI();
     initVal();
@@ -215,6 +216,7 @@ void KestDetectorUI::initConnection()
     link(&Face::signal_setMacAddress, &Window::slot_setMacAddress);
     link(&Face::signal_setWifiPassWord, &Window::slot_setWifiPassWord);
     link(&Face::signal_setConnectStatus, &Window::slot_setConnectStatus);
+    connect(m_folderQuestion, &FolderQuestion::answered, this, &Window::setSavePath);
 }
 
 void KestDetectorUI::showVerdict(int component, int verdict)
@@ -414,10 +416,7 @@ void KestDetectorUI::on_tbNotChooseAll_clicked()
 
 void KestDetectorUI::on_tbSavePath_clicked()
 {
-    const QString path = QFileDialog::getExistingDirectory(nullptr, QString(), QString(), QFileDialog::ShowDirsOnly);
-    if (!path.isEmpty()) {
-        setSavePath(path);
-    }
+    m_folderQuestion->ask(QStringLiteral("../"));
 }
 
 void KestDetectorUI::setSavePath(const QString &path)
@@ -439,6 +438,7 @@ void KestDetectorUI::resizeEvent(QResizeEvent *event)
 
 void KestDetectorUI::closeEvent(QCloseEvent *event)
 {
+    m_folderQuestion->withdraw(); // the program ends with its last window
     stopServices();
     KestDetectorFace::Get()->quitFlag = -1;
     QMainWindow::closeEvent(event);

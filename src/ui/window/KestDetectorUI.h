@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QString>
 
+class FolderQuestion;
 class QLabel;
 class RingsProgressbar;
 
@@ -80,6 +81,7 @@ private:
     void clearResults();
 
     std::unique_ptr<Ui::KestDetectorUI> ui;
+    FolderQuestion *const m_folderQuestion;
     int m_followedTo = 0; ///< the event log's scroll position after it last followed its newest row
     QLabel *m_wifiName = nullptr;
     QLabel *m_wifiPassword = nullptr;
