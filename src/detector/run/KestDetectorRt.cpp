@@ -79,32 +79,11 @@ std::shared_ptr<KestDetectorRt> KestDetectorRt::Get()
     return ptr;
 }
 
-KestDetectorRt::KestDetectorRt() : workerThread(std::make_shared<std::thread>(&KestDetectorRt::func, this)) {}
-
-KestDetectorRt::~KestDetectorRt()
-{
-    killThread();
-}
+KestDetectorRt::KestDetectorRt() : workerThread("runner", exitLimit, [this] { func(); }) {}
 
 void KestDetectorRt::killThread()
 {
-    if (!workerThread->joinable()) {
-        return;
-    }
-    {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        running = false;
-        exited = false;
-        m_cond.notify_all();
-        m_cond.wait_for(lock, exitLimit, [this] { return exited; });
-    }
-    workerThread->join();
-}
-
-void KestDetectorRt::pause(milliseconds time)
-{
-    std::unique_lock<std::mutex> lock(m_mutex);
-    m_cond.wait_for(lock, time, [this] { return !running; });
+    workerThread.stop();
 }
 
 bool KestDetectorRt::takePlan(QList<ComponentTask> *plan)
@@ -121,18 +100,13 @@ bool KestDetectorRt::takePlan(QList<ComponentTask> *plan)
 
 void KestDetectorRt::func()
 {
-    while (running) {
+    while (workerThread.running()) {
         QList<ComponentTask> plan;
         if (takePlan(&plan)) {
             run(plan);
         }
-        pause(requestPoll);
+        workerThread.pause(requestPoll);
     }
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        exited = true;
-    }
-    m_cond.notify_all();
 }
 
 void KestDetectorRt::run(const QList<ComponentTask> &plan)
@@ -142,11 +116,11 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
     bool passed = true;
     int done = 0;
     for (const ComponentTask &task : plan) {
-        if (!running) {
+        if (!workerThread.running()) {
             break;
         }
         passed = runTask(task) && passed;
-        pause(taskPause);
+        workerThread.pause(taskPause);
         ++done;
         emit face->signal_showTotalPersent(static_cast<int>(static_cast<float>(done * 100.0 / plan.size())));
     }

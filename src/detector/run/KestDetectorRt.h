@@ -2,15 +2,12 @@
 
 #include "detector/store/checkLog.h"
 #include "detector/store/ComponentTask.h"
+#include "threads/WorkerThread.h"
 
 #include <atomic>
-#include <chrono>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <QList>
 #include <QObject>
-#include <thread>
 
 /// The runner: one worker thread that executes every detection run, from program start to window close. It looks at
 /// the facade's `runRequest` every 50 ms, runs the requested components one after the other, reports through the
@@ -23,7 +20,6 @@ class KestDetectorRt : public QObject
 public:
     /// The process-wide instance; its creation starts the worker thread.
     static std::shared_ptr<KestDetectorRt> Get();
-    ~KestDetectorRt() override;
 
     /// Stops and joins the worker thread. A run in progress is abandoned at the next task boundary, and its log is
     /// still written. Further calls do nothing.
@@ -42,12 +38,7 @@ private:
     void func();
     bool takePlan(QList<ComponentTask> *plan);
     void run(const QList<ComponentTask> &plan);
-    void pause(std::chrono::milliseconds time);
 
-    std::mutex m_mutex; ///< guards `exited`, and lets `m_cond` wake the worker early
-    std::condition_variable m_cond;
-    std::atomic<bool> running{true};
-    bool exited = false;
     std::atomic<int> m_finishedRuns{0};
-    std::shared_ptr<std::thread> workerThread; ///< last: it starts when everything else is in place
+    WorkerThread workerThread; ///< last: it starts when everything else is in place
 };
