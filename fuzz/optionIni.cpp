@@ -1,7 +1,6 @@
 // option.ini as it may lie there: edited by hand, half written, binary.
 
-#include "detector/store/KestDetectorFace.h"
-#include "detector/store/loadSettings.h"
+#include "detector/store/Settings.h"
 #include "require.h"
 
 #include <QCoreApplication>
@@ -24,9 +23,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return 0;
     }
     file.close();
-    KestDetectorFace *face = KestDetectorFace::Get();
-    loadSettings(path, face);
-    require(face->statusBitList.size() == 64, "64 status bits whatever the file holds");
+    const Settings settings = readSettings(path);
+    require(settings.statusBitList.size() == 64, "64 status bits whatever the file holds");
     QFile::remove(path);
     return 0;
 }

@@ -1,7 +1,7 @@
 #include "micro/session.h"
 
 #include "detector/store/KestDetectorFace.h"
-#include "detector/store/loadSettings.h"
+#include "detector/store/Settings.h"
 #include "peers/camera.h"
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
@@ -15,7 +15,7 @@ int runBenchmarksBesideSession(int &argc, char **argv, const std::function<void(
     benchmark::Initialize(&argc, argv);
     const QCoreApplication application(argc, argv);
     KestDetectorFace *face = KestDetectorFace::Get();
-    loadSettings(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini"), face);
+    face->setSettings(readSettings(settingsPath()));
     face->cameraAddress = QLatin1String(camera::address);
     TelnetInteractive::Get();
     TelnetInteractiveFace::Get();

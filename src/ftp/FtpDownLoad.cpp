@@ -20,11 +20,11 @@ constexpr int failure = -1;
 /// The camera's URL with the login of the settings.
 QUrl withLogin(const QString &text)
 {
-    const KestDetectorFace *face = KestDetectorFace::Get();
+    const Settings &settings = KestDetectorFace::Get()->settings();
     QUrl url(text);
-    url.setPort(face->ftpPort.toInt());
-    url.setUserName(face->ftpName, QUrl::DecodedMode);
-    url.setPassword(face->ftpPsw, QUrl::DecodedMode);
+    url.setPort(settings.ftpPort.toInt());
+    url.setUserName(settings.ftpName, QUrl::DecodedMode);
+    url.setPassword(settings.ftpPsw, QUrl::DecodedMode);
     return url;
 }
 

@@ -83,10 +83,12 @@ void tst_Supervisor::initTestCase()
     };
 
     KestDetectorFace *face = KestDetectorFace::Get();
-    face->username = QStringLiteral("root");
-    face->password = QStringLiteral("secret");
-    face->hostApdUrl = QStringLiteral("/etc/hostapd.conf");
-    face->macAddressUrl = QStringLiteral("/etc/mac");
+    Settings settings;
+    settings.username = QStringLiteral("root");
+    settings.password = QStringLiteral("secret");
+    settings.hostApdUrl = QStringLiteral("/etc/hostapd.conf");
+    settings.macAddressUrl = QStringLiteral("/etc/mac");
+    face->setSettings(settings);
     const auto note = [this](const char *name) {
         return [this, name](const QString &text) { m_events.append(QLatin1String(name) + text); };
     };

@@ -92,7 +92,9 @@ void tst_cameraChecks::video()
 void tst_cameraChecks::videoIgnoresShortBitList()
 {
     reportStatus(m_camera, 0x80000, {});
-    KestDetectorFace::Get()->statusBitList = {true, true, true};
+    Settings settings = KestDetectorFace::Get()->settings();
+    settings.statusBitList = {true, true, true};
+    KestDetectorFace::Get()->setSettings(settings);
     const Outcome outcome = runItem(checkCameraVideo);
     QCOMPARE(outcome.verdict, 0);
     QCOMPARE(outcome.text, QStringLiteral("相机视频流OK\n"));

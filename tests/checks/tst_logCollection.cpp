@@ -63,13 +63,15 @@ void tst_logCollection::init()
     face->savePath = m_folder->path();
     face->macAddress = QStringLiteral("AA:BB:CC:DD:EE:FF");
     face->cameraAddress = QStringLiteral("127.0.0.10");
-    face->zipLogTargetPath = QStringLiteral("/tmp/ftp");
-    face->logPath = QStringLiteral("/var/log");
-    face->privatePath = QStringLiteral("/mnt/private");
-    face->netconfPath = QStringLiteral("/etc/netconf");
-    face->sharefsPath = QStringLiteral("/mnt/sharefs");
-    face->versionPath = QStringLiteral("/etc/kest_version");
-    face->mciInfoPath = QStringLiteral("/proc/mci/mci_info");
+    Settings settings;
+    settings.zipLogTargetPath = QStringLiteral("/tmp/ftp");
+    settings.logPath = QStringLiteral("/var/log");
+    settings.privatePath = QStringLiteral("/mnt/private");
+    settings.netconfPath = QStringLiteral("/etc/netconf");
+    settings.sharefsPath = QStringLiteral("/mnt/sharefs");
+    settings.versionPath = QStringLiteral("/etc/kest_version");
+    settings.mciInfoPath = QStringLiteral("/proc/mci/mci_info");
+    face->setSettings(settings);
 }
 
 QString tst_logCollection::runLog(LogRoutine routine, int *verdict)
@@ -185,9 +187,11 @@ void tst_logCollection::textFileIsWrittenWhenTheCommandFailed()
 void tst_logCollection::valuesAreNotFilledInAgain()
 {
     KestDetectorFace *face = KestDetectorFace::Get();
-    face->zipLogTargetPath = QStringLiteral("/ftp/%2");
-    face->logPath = QStringLiteral("/var/%1");
-    face->versionPath = QStringLiteral("/etc/%1");
+    Settings settings = face->settings();
+    settings.zipLogTargetPath = QStringLiteral("/ftp/%2");
+    settings.logPath = QStringLiteral("/var/%1");
+    settings.versionPath = QStringLiteral("/etc/%1");
+    face->setSettings(settings);
     int verdict = 99;
     runLog(downloadCameraLog, &verdict);
     runLog(downloadVersionLog, &verdict);

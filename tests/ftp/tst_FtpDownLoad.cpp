@@ -90,9 +90,11 @@ void tst_FtpDownLoad::init()
     QVERIFY(m_folder->isValid());
 
     KestDetectorFace *face = KestDetectorFace::Get();
-    face->ftpName = QStringLiteral("kest");
-    face->ftpPsw = QStringLiteral("s3cret@/:");
-    face->ftpPort = QString::number(m_server->port());
+    Settings settings;
+    settings.ftpName = QStringLiteral("kest");
+    settings.ftpPsw = QStringLiteral("s3cret@/:");
+    settings.ftpPort = QString::number(m_server->port());
+    face->setSettings(settings);
     face->quitFlag = 0;
 }
 
@@ -191,10 +193,12 @@ void tst_FtpDownLoad::failureLeavesNothingOpen()
     QFETCH(QString, url);
     QFETCH(QString, port);
     QFETCH(QString, password);
+    Settings settings = KestDetectorFace::Get()->settings();
     if (!port.isEmpty()) {
-        KestDetectorFace::Get()->ftpPort = port;
+        settings.ftpPort = port;
     }
-    KestDetectorFace::Get()->ftpPsw = password;
+    settings.ftpPsw = password;
+    KestDetectorFace::Get()->setSettings(settings);
 
     QCOMPARE(download(url, path(QStringLiteral("file"))), -1);
     QCOMPARE(contentOf(path(QStringLiteral("file"))), QByteArray());

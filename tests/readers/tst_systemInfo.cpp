@@ -31,8 +31,10 @@ void tst_systemInfo::init()
 {
     m_shell.reset();
     KestDetectorFace *face = KestDetectorFace::Get();
-    face->hostApdUrl = QStringLiteral("/etc/hostapd.conf");
-    face->macAddressUrl = QStringLiteral("/sys/class/net/wlan0/address");
+    Settings settings;
+    settings.hostApdUrl = QStringLiteral("/etc/hostapd.conf");
+    settings.macAddressUrl = QStringLiteral("/sys/class/net/wlan0/address");
+    face->setSettings(settings);
     face->macAddress = QStringLiteral("00:00:00:00:00:00");
 }
 

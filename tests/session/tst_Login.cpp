@@ -22,8 +22,10 @@ void tst_Login::everyLoginSucceeds()
     QVERIFY(m_camera.start());
     KestDetectorFace *face = KestDetectorFace::Get();
     face->cameraAddress = QStringLiteral("127.0.0.10");
-    face->username = QStringLiteral("root");
-    face->password = QStringLiteral("camera");
+    Settings settings;
+    settings.username = QStringLiteral("root");
+    settings.password = QStringLiteral("camera");
+    face->setSettings(settings);
     int succeeded = 0;
     for (int count = 0; count < 100; ++count) {
         succeeded += TelnetInteractive::Get()->telnetConnectToHost() ? 1 : 0;
@@ -33,7 +35,9 @@ void tst_Login::everyLoginSucceeds()
 
 void tst_Login::wrongPasswordDoesNot()
 {
-    KestDetectorFace::Get()->password = QStringLiteral("wrong");
+    Settings settings = KestDetectorFace::Get()->settings();
+    settings.password = QStringLiteral("wrong");
+    KestDetectorFace::Get()->setSettings(settings);
     QVERIFY(!TelnetInteractive::Get()->telnetConnectToHost());
     QVERIFY(m_camera.stop());
 }

@@ -94,8 +94,10 @@ void tst_TelnetInteractive::initTestCase()
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     face->cameraAddress = QStringLiteral("127.0.0.10");
-    face->username = QStringLiteral("root");
-    face->password = QStringLiteral("secret");
+    Settings settings;
+    settings.username = QStringLiteral("root");
+    settings.password = QStringLiteral("secret");
+    face->setSettings(settings);
     TelnetInteractive::Get();
     TelnetInteractiveFace::Get();
 }

@@ -24,6 +24,14 @@ QList<bool> statusBits(const QList<int> &examined)
     }
     return bits;
 }
+
+void expectStatus(quint64 expected, const QList<bool> &examined)
+{
+    Settings settings;
+    settings.cameraStatusMask = ~expected;
+    settings.statusBitList = examined;
+    KestDetectorFace::Get()->setSettings(settings);
+}
 } // namespace
 
 /// The helpers that all check routines share.
@@ -58,8 +66,7 @@ void tst_checkHelpers::cleanup()
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     face->quitFlag = 0;
-    face->cameraStatusMask = 0;
-    face->statusBitList.clear();
+    face->setSettings(Settings());
 }
 
 void tst_checkHelpers::componentName_data()
@@ -113,8 +120,7 @@ void tst_checkHelpers::cameraStatusList()
     QFETCH(quint64, status);
     QFETCH(quint64, expected);
     QFETCH(QList<bool>, bits);
-    KestDetectorFace::Get()->cameraStatusMask = ~expected;
-    KestDetectorFace::Get()->statusBitList = bits;
+    expectStatus(expected, bits);
     QTEST(getCameraStatusList(status), "positions");
 }
 
@@ -130,8 +136,7 @@ void tst_checkHelpers::cameraStatusListWritesADebugLine_data()
 void tst_checkHelpers::cameraStatusListWritesADebugLine()
 {
     QFETCH(quint64, status);
-    KestDetectorFace::Get()->cameraStatusMask = ~Q_UINT64_C(1);
-    KestDetectorFace::Get()->statusBitList = statusBits({0, 1, 2, 3});
+    expectStatus(1, statusBits({0, 1, 2, 3}));
     const MessageSpy spy;
     getCameraStatusList(status);
     QTEST(spy.messages(), "messages");

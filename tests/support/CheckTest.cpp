@@ -5,11 +5,13 @@
 void reportStatus(ScriptedCamera &camera, quint64 status, const QList<int> &examined)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
-    face->cameraStatusMask = ~Q_UINT64_C(0);
-    face->statusBitList.clear();
+    Settings settings = face->settings();
+    settings.cameraStatusMask = ~Q_UINT64_C(0);
+    settings.statusBitList.clear();
     for (int position = 0; position < 64; ++position) {
-        face->statusBitList.append(examined.contains(position));
+        settings.statusBitList.append(examined.contains(position));
     }
+    face->setSettings(settings);
     camera.answer(1, 0x1C1, QByteArray(4, 0) + littleEndian(status, 8) + QByteArray(76, 0));
 }
 

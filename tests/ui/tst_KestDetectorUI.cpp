@@ -243,12 +243,14 @@ void tst_KestDetectorUI::opensWithEveryBoxUnticked()
 void tst_KestDetectorUI::opensWithoutSettingsFile()
 {
     QVERIFY(!QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini")));
-    Face::Get()->username = QStringLiteral("from before");
+    Settings before;
+    before.username = QStringLiteral("from before");
+    Face::Get()->setSettings(before);
     const KestDetectorUI window;
-    QCOMPARE(Face::Get()->username, QString());
-    QCOMPARE(Face::Get()->logPath, QString());
-    QCOMPARE(Face::Get()->cameraStatusMask, quint64{0xFFFFFFFFFFFFFFFFU});
-    QCOMPARE(Face::Get()->statusBitList.count(false), 64);
+    QCOMPARE(Face::Get()->settings().username, QString());
+    QCOMPARE(Face::Get()->settings().logPath, QString());
+    QCOMPARE(Face::Get()->settings().cameraStatusMask, quint64{0xFFFFFFFFFFFFFFFFU});
+    QCOMPARE(Face::Get()->settings().statusBitList.count(false), 64);
 }
 
 void tst_KestDetectorUI::readsTheSettingsFileBesideTheProgram()
@@ -261,7 +263,7 @@ void tst_KestDetectorUI::readsTheSettingsFileBesideTheProgram()
         const KestDetectorUI window;
     }
     QVERIFY(file.remove());
-    QCOMPARE(Face::Get()->username, QStringLiteral("operator"));
+    QCOMPARE(Face::Get()->settings().username, QStringLiteral("operator"));
 }
 
 void tst_KestDetectorUI::componentVerdict_data()

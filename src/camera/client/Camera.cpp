@@ -6,15 +6,13 @@
 #include "detector/readers/systemInfo.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/networkHelpers.h"
+#include "detector/store/Settings.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
 #include <chrono>
-#include <QCoreApplication>
 #include <QDebug>
-#include <QHostAddress>
-#include <QSettings>
 
 /// One command of the camera: who answers it and how long the answer may take.
 struct DeviceCommand
@@ -80,21 +78,6 @@ KestDataPacket makeRequest(const DeviceCommand &command, std::initializer_list<u
     std::transform(payload.begin(), payload.end(), packet.data.begin(),
                    [](unsigned value) { return static_cast<std::uint8_t>(value & 0xFFU); });
     return packet;
-}
-
-/// An option.ini address of the camera. A file that is just being edited may hold anything: what is no dotted IPv4
-/// address counts as a link that is not configured.
-QString configuredAddress(const QSettings &settings, const QString &key)
-{
-    QString text = settings.value(key).toString();
-    const QHostAddress address(text);
-    if (address.protocol() != QAbstractSocket::IPv4Protocol || address.toString() != text) {
-        if (!text.isEmpty()) {
-            qWarning().noquote() << "option.ini:" << key << "is no IPv4 address:" << text;
-        }
-        return {};
-    }
-    return text;
 }
 
 QString subnetPrefix(const QString &address)
@@ -512,20 +495,21 @@ void Camera::func()
 void Camera::connectOnce()
 {
     KestDetectorFace *face = KestDetectorFace::Get();
-    const QSettings settings(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini"),
-                             QSettings::IniFormat);
-    const QString usb = configuredAddress(settings, QStringLiteral("BaseOption/usb"));
-    const QString wifi = configuredAddress(settings, QStringLiteral("BaseOption/wifi"));
-    const QString usbPrefix = subnetPrefix(usb);
-    const QString wifiPrefix = subnetPrefix(wifi);
+    const Settings settings = readSettings(settingsPath());
+    const QList<SettingProblem> problems = settings.addressProblems();
+    for (const SettingProblem &problem : problems) {
+        qWarning().noquote() << "option.ini:" << problem.text();
+    }
+    const QString usbPrefix = subnetPrefix(settings.usb);
+    const QString wifiPrefix = subnetPrefix(settings.wifi);
 
     const IpInfo own = getIPInfo(usbPrefix, wifiPrefix);
     const QString pcAddress = !own.first.isEmpty() ? own.first : own.second;
     QString cameraAddress;
-    if (!usb.isEmpty() && pcAddress.contains(usbPrefix)) {
-        cameraAddress = usb;
-    } else if (!wifi.isEmpty() && pcAddress.contains(wifiPrefix)) {
-        cameraAddress = wifi;
+    if (!settings.usb.isEmpty() && pcAddress.contains(usbPrefix)) {
+        cameraAddress = settings.usb;
+    } else if (!settings.wifi.isEmpty() && pcAddress.contains(wifiPrefix)) {
+        cameraAddress = settings.wifi;
     }
     face->pcAddress = pcAddress;
     face->cameraAddress = cameraAddress;

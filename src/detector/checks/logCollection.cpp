@@ -36,7 +36,7 @@ constexpr std::array itemTable = {
     LogItem{9, QT_TRANSLATE_NOOP("QObject", "sharefs"), downloadSharefsLog},
 };
 
-using Setting = QString KestDetectorFace::*;
+using Setting = QString Settings::*;
 
 /// A directory of the camera that is fetched as one packed file.
 struct Archive
@@ -47,10 +47,10 @@ struct Archive
     int removeStep;
 };
 
-constexpr Archive cameraLog = {"log.tar.gz", &KestDetectorFace::logPath, 7, 8};
-constexpr Archive privateLog = {"private.tar.gz", &KestDetectorFace::privatePath, 9, 10};
-constexpr Archive netConf = {"netconf.tar.gz", &KestDetectorFace::netconfPath, 15, 16};
-constexpr Archive sharefs = {"sharefs.tar.gz", &KestDetectorFace::sharefsPath, 19, 20};
+constexpr Archive cameraLog = {"log.tar.gz", &Settings::logPath, 7, 8};
+constexpr Archive privateLog = {"private.tar.gz", &Settings::privatePath, 9, 10};
+constexpr Archive netConf = {"netconf.tar.gz", &Settings::netconfPath, 15, 16};
+constexpr Archive sharefs = {"sharefs.tar.gz", &Settings::sharefsPath, 19, 20};
 
 /// A shell command whose output is kept.
 struct TextLog
@@ -64,9 +64,9 @@ struct TextLog
 constexpr TextLog dmesg = {"dmesg\n", nullptr, 11, "dmesg.txt"};
 constexpr TextLog pstreePs = {"pstree && ps\n", nullptr, 12, "pstree_ps.txt"};
 constexpr TextLog ifconfig = {"ifconfig -a\n", nullptr, 13, "ifconfig.txt"};
-constexpr TextLog version = {"cat %1\n", &KestDetectorFace::versionPath, 14, "kest_verison.txt"};
+constexpr TextLog version = {"cat %1\n", &Settings::versionPath, 14, "kest_verison.txt"};
 constexpr TextLog iwDevAp0Scan = {"iw dev ap0 scan\n", nullptr, 17, "iw_dev_ap0_scan.txt"};
-constexpr TextLog mciInfo = {"cat %1\n", &KestDetectorFace::mciInfoPath, 18, "mci_info.txt"};
+constexpr TextLog mciInfo = {"cat %1\n", &Settings::mciInfoPath, 18, "mci_info.txt"};
 
 /// The file's path in the folder of the day, which exists afterwards if it can be created.
 QString localPath(const QString &date, const QString &fileName)
@@ -81,20 +81,21 @@ QString localPath(const QString &date, const QString &fileName)
 QString downloadArchive(const Archive &archive, int *verdict, const QString &date)
 {
     const KestDetectorFace *face = KestDetectorFace::Get();
+    const Settings &settings = face->settings();
     TelnetInteractiveFace *shell = TelnetInteractiveFace::Get();
     const QString name = QLatin1String(archive.name);
     QString reply;
     // Several values go into one arg(): a "%1" inside a path is not a place to fill.
-    *verdict =
-        shell->telnet(QStringLiteral("tar -zcvf %1/%2 %3\n").arg(face->zipLogTargetPath, name, face->*archive.source),
-                      archive.packStep, &reply);
+    *verdict = shell->telnet(
+        QStringLiteral("tar -zcvf %1/%2 %3\n").arg(settings.zipLogTargetPath, name, settings.*archive.source),
+        archive.packStep, &reply);
     if (face->stopRequested()) {
         return {}; // the download would be given up at once, and an earlier archive be lost for it
     }
     const QString url = QStringLiteral("ftp://%1/%2").arg(face->cameraAddress.get(), name);
     FtpDownLoadFace::Get()->ftpDownLoad(url, localPath(date, name));
-    *verdict =
-        shell->telnet(QStringLiteral("rm -rf %1/%2\n").arg(face->zipLogTargetPath, name), archive.removeStep, &reply);
+    *verdict = shell->telnet(QStringLiteral("rm -rf %1/%2\n").arg(settings.zipLogTargetPath, name), archive.removeStep,
+                             &reply);
     return {};
 }
 
@@ -119,7 +120,7 @@ QString downloadText(const TextLog &log, int *verdict, const QString &date)
 {
     QString command = QLatin1String(log.command);
     if (log.argument != nullptr) {
-        command = command.arg(KestDetectorFace::Get()->*log.argument);
+        command = command.arg(KestDetectorFace::Get()->settings().*log.argument);
     }
     QString reply;
     *verdict = TelnetInteractiveFace::Get()->telnet(command, log.step, &reply);

@@ -42,7 +42,7 @@ QString getSysWifiInfo(int *verdict, QString &ssid, QString &password)
     ssid.clear();
     password.clear();
     QString reply;
-    *verdict = printFile(KestDetectorFace::Get()->hostApdUrl, &reply);
+    *verdict = printFile(KestDetectorFace::Get()->settings().hostApdUrl, &reply);
     if (*verdict != 0) {
         return QObject::tr("获取Wifi信息失败.");
     }
@@ -57,7 +57,7 @@ QString getSysMacAddress(int *verdict, QString &mac)
     mac.clear();
     KestDetectorFace *face = KestDetectorFace::Get();
     QString reply;
-    *verdict = printFile(face->macAddressUrl, &reply);
+    *verdict = printFile(face->settings().macAddressUrl, &reply);
     if (*verdict != 0) {
         return QObject::tr("获取Mac地址失败.");
     }

@@ -3,6 +3,7 @@
 #include "detector/store/checkLog.h"
 #include "detector/store/ComponentTask.h"
 #include "detector/store/Guarded.h"
+#include "detector/store/Settings.h"
 
 #include <atomic>
 #include <mutex>
@@ -44,24 +45,10 @@ public:
     Guarded<QString> wifiPassword;
     Guarded<QString> macAddress; ///< "AA:BB:CC:DD:EE:FF", empty while unknown; names the log folder
 
-    // Settings, one for each key of option.ini.
-    QString username;
-    QString password;
-    QString ftpName;
-    QString ftpPsw;
-    QString ftpPort; ///< kept as text
-    QString logPath;
-    QString privatePath;
-    QString versionPath;
-    QString netconfPath;
-    QString mciInfoPath;
-    QString sharefsPath;
-    QString zipLogTargetPath; ///< the camera's archive directory, which is its FTP server's root
-    QString hostApdUrl;
-    QString macAddressUrl;
-    QString tfCardInfoUrl;
-    quint64 cameraStatusMask = 0; ///< complement of the expected status word
-    QList<bool> statusBitList;    ///< entry i: whether status bit i is examined; 64 entries once loaded
+    /// What option.ini said at start.
+    const Settings &settings() const { return m_settings; }
+    /// To be called once, before any worker exists: everybody reads the settings without a lock.
+    void setSettings(const Settings &settings) { m_settings = settings; }
 
     /// Whether the program is closing: the routines of a run end early. Set once, by `requestStop`, from any thread.
     bool stopRequested() const { return m_stopRequested; }
@@ -93,5 +80,6 @@ signals:
 private:
     KestDetectorFace();
 
+    Settings m_settings;
     std::atomic<bool> m_stopRequested{false};
 };

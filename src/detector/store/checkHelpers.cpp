@@ -74,12 +74,12 @@ QList<int> getCameraStatusList(quint64 status)
     if (status == 0) {
         return {};
     }
-    const KestDetectorFace *face = KestDetectorFace::Get();
+    const Settings &settings = KestDetectorFace::Get()->settings();
     // The mask is the complement of the expected word, so a bit that differs from what is expected comes out as 0.
-    quint64 asExpected = status ^ face->cameraStatusMask;
+    quint64 asExpected = status ^ settings.cameraStatusMask;
     QList<int> positions;
-    for (int position = 0; position < face->statusBitList.size(); ++position) {
-        if ((asExpected & 1U) == 0 && face->statusBitList.at(position)) {
+    for (int position = 0; position < settings.statusBitList.size(); ++position) {
+        if ((asExpected & 1U) == 0 && settings.statusBitList.at(position)) {
             positions.append(position);
         }
         asExpected >>= 1;

@@ -120,7 +120,7 @@ void TelnetInteractive::slot_telnetReplyFinished(const QString &text)
         if (text.contains(loginPrompt)) {
             writeToLog(text);
             step = awaitPasswordPrompt;
-            telnet->sendData(KestDetectorFace::Get()->username + QLatin1Char('\n'));
+            telnet->sendData(KestDetectorFace::Get()->settings().username + QLatin1Char('\n'));
         }
     } else if (step == awaitPasswordPrompt || step == awaitShellPrompt) {
         // Whatever follows the name is taken for the password prompt. It is often just the echo of the name, and a
@@ -171,5 +171,5 @@ void TelnetInteractive::slot_telnetConnectionError(QAbstractSocket::SocketError)
 void TelnetInteractive::sendPassword()
 {
     m_passwordDelay.stop();
-    telnet->sendData(KestDetectorFace::Get()->password + QLatin1Char('\n'));
+    telnet->sendData(KestDetectorFace::Get()->settings().password + QLatin1Char('\n'));
 }

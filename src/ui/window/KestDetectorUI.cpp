@@ -3,7 +3,7 @@
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
-#include "detector/store/loadSettings.h"
+#include "detector/store/Settings.h"
 #include "detector/store/verdict.h"
 #include "ui/widgets/ElidedText.h"
 #include "ui/widgets/FolderQuestion.h"
@@ -187,7 +187,7 @@ void KestDetectorUI::initUI()
 
 void KestDetectorUI::initVal()
 {
-    loadSettings(QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini"), KestDetectorFace::Get());
+    KestDetectorFace::Get()->setSettings(readSettings(settingsPath()));
 }
 
 void KestDetectorUI::initConnection()

@@ -26,7 +26,7 @@ class KestDetectorUI : public QMainWindow
     Q_DISABLE_COPY(KestDetectorUI)
 
 public:
-    /// Loads the settings into the facade, too: build the window before any thread that reads them.
+    /// Reads the settings into the facade, too: build the window before any thread that reads them.
     explicit KestDetectorUI(QWidget *parent = nullptr);
     ~KestDetectorUI() override;
 
