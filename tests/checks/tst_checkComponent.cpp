@@ -78,7 +78,7 @@ void tst_checkComponent::initTestCase()
 
 void tst_checkComponent::init()
 {
-    KestDetectorFace::Get()->checkLogList = QList<checkLog>();
+    KestDetectorFace::Get()->run.post({}); // drops the records of the test before
 }
 
 void tst_checkComponent::runsItems_data()
@@ -133,7 +133,7 @@ void tst_checkComponent::recordIsAppended()
 {
     runComponent(fakeComponent, {0});
     runComponent(fakeComponent, {1, 2});
-    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList;
+    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList();
     QCOMPARE(logs.size(), 2);
     QCOMPARE(logs.at(0).component, 2);
     QCOMPARE(texts(logs.at(0)), QStringList{"0|OK\n|report\n"});

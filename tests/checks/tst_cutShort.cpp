@@ -46,7 +46,7 @@ void tst_cutShort::itemThatHadNoTimeIsNotRecorded()
     const Outcome outcome = runComponent(fakeComponent, {0, 1});
     QCOMPARE(outcome.verdict, 3);
     QCOMPARE(outcome.text, QStringLiteral("OK\n"));
-    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList;
+    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList();
     QCOMPARE(logs.size(), 1);
     QCOMPARE(logs.constFirst().itemLogs.size(), 1);
     QCOMPARE(logs.constFirst().itemLogs.constFirst().message, QStringLiteral("OK\n"));

@@ -59,7 +59,7 @@ void tst_logCollection::init()
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
     KestDetectorFace *face = KestDetectorFace::Get();
-    face->checkLogList = QList<checkLog>();
+    face->run.post({}); // drops the records of the test before
     face->savePath = m_folder->path();
     face->macAddress = QStringLiteral("AA:BB:CC:DD:EE:FF");
     face->cameraAddress = QStringLiteral("127.0.0.10");
@@ -276,7 +276,7 @@ void tst_logCollection::component()
     QTEST(spy.events(), "events");
     QTEST(texts(spy.logs().constFirst()), "records");
     // The detection log has no block for it.
-    QVERIFY(KestDetectorFace::Get()->checkLogList.get().isEmpty());
+    QVERIFY(KestDetectorFace::Get()->checkLogList().isEmpty());
 }
 
 void tst_logCollection::allItems()

@@ -48,7 +48,7 @@ void tst_placeholderChecks::walksItems()
     QCOMPARE(outcome.verdict, 0);
     QCOMPARE(outcome.text, QString());
     QTEST(spy.events(), "events");
-    QVERIFY(KestDetectorFace::Get()->checkLogList.get().isEmpty());
+    QVERIFY(KestDetectorFace::Get()->checkLogList().isEmpty());
 }
 
 void tst_placeholderChecks::itemPasses_data()

@@ -72,15 +72,10 @@ void tst_Runner::run(const QList<ComponentTask> &plan)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     const int before = KestDetectorRt::Get()->finishedRuns();
-    {
-        const std::lock_guard<std::mutex> lock(face->handOver);
-        face->checkLogList = QList<checkLog>();
-        face->taskList = plan;
-        face->runRequest = 1;
-    }
+    QVERIFY(face->run.post(plan));
     QTRY_COMPARE_WITH_TIMEOUT(KestDetectorRt::Get()->finishedRuns(), before + 1, 30000);
     QCoreApplication::processEvents();
-    QCOMPARE(face->runRequest.load(), 0);
+    QCOMPARE(face->runRequest(), 0);
 }
 
 QByteArray tst_Runner::savedLog() const
@@ -159,12 +154,11 @@ void tst_Runner::runIsActiveFromTakingThePlanToItsEnd()
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     const int before = KestDetectorRt::Get()->finishedRuns();
-    face->taskList = QList<ComponentTask>{{componentId::fan, {0}}};
-    face->runRequest = 1;
-    QTRY_VERIFY(face->runActive);
-    QCOMPARE(face->runRequest.load(), 1);
-    QTRY_VERIFY(!face->runActive);
-    QCOMPARE(face->runRequest.load(), 0);
+    QVERIFY(face->run.post({{componentId::fan, {0}}}));
+    QTRY_VERIFY(face->run.isActive());
+    QCOMPARE(face->runRequest(), 1);
+    QTRY_VERIFY(!face->run.isActive());
+    QCOMPARE(face->runRequest(), 0);
     QTRY_COMPARE(KestDetectorRt::Get()->finishedRuns(), before + 1);
 }
 

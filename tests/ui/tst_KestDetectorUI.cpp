@@ -182,11 +182,10 @@ void tst_KestDetectorUI::initTestCase()
 
 void tst_KestDetectorUI::init()
 {
-    Face::Get()->runActive = false;
-    Face::Get()->runRequest = 0;
+    Face::Get()->run.finish();
+    Face::Get()->run.post({}); // the lists of the test before are gone
+    Face::Get()->run.finish();
     Face::Get()->quitFlag = 0;
-    Face::Get()->taskList = QList<ComponentTask>();
-    Face::Get()->checkLogList = QList<checkLog>();
     stopRecord = StopRecord();
     m_window = std::make_unique<KestDetectorUI>();
     m_window->resize(1000, 700);
@@ -494,7 +493,8 @@ void tst_KestDetectorUI::startPostsThePlan()
 {
     QFETCH(const QStringList, boxes);
     QFETCH(const QString, plan);
-    Face::Get()->taskList = QList<ComponentTask>{{4, {1, 2}}};
+    Face::Get()->run.post({{4, {1, 2}}});
+    Face::Get()->run.finish();
     if (boxes == selectAllBoxes()) {
         click(QStringLiteral("tbChooseAll"));
     } else {
@@ -503,13 +503,13 @@ void tst_KestDetectorUI::startPostsThePlan()
         }
     }
     click(QStringLiteral("tbStart"));
-    QCOMPARE(planText(Face::Get()->taskList), plan);
-    QCOMPARE(Face::Get()->runRequest.load(), 1);
+    QCOMPARE(planText(Face::Get()->taskList()), plan);
+    QCOMPARE(Face::Get()->runRequest(), 1);
 }
 
 void tst_KestDetectorUI::startClearsTheLastRun()
 {
-    Face::Get()->checkLogList = QList<checkLog>{record(0, {})};
+    Face::Get()->run.append(record(0, {}));
     for (const VerdictSignal signal :
          {&Face::signal_showCameraCheckResult, &Face::signal_showGimbalCheckResult,
           &Face::signal_showBatteryCheckResult, &Face::signal_showFanCheckResult, &Face::signal_showKeyBoardCheckResult,
@@ -523,7 +523,7 @@ void tst_KestDetectorUI::startClearsTheLastRun()
 
     click(QStringLiteral("tbStart"));
     verifyNoResult();
-    QCOMPARE(Face::Get()->checkLogList.get().size(), 0);
+    QCOMPARE(Face::Get()->checkLogList().size(), 0);
 }
 
 void tst_KestDetectorUI::startWithNoBoxShowsNoResultAndRequestsARun()
@@ -532,8 +532,8 @@ void tst_KestDetectorUI::startWithNoBoxShowsNoResultAndRequestsARun()
     emit Face::Get()->signal_showCameraCheckResult(0);
     click(QStringLiteral("tbStart"));
     verifyNoResult();
-    QCOMPARE(planText(Face::Get()->taskList), QString());
-    QCOMPARE(Face::Get()->runRequest.load(), 1);
+    QCOMPARE(planText(Face::Get()->taskList()), QString());
+    QCOMPARE(Face::Get()->runRequest(), 1);
 }
 
 void tst_KestDetectorUI::startDoesNotDisableItself()
@@ -547,14 +547,15 @@ void tst_KestDetectorUI::startDuringARunChangesNothing()
     clickBox(QStringLiteral("cbCamera"));
     emit Face::Get()->signal_showCameraCheckResult(0);
     emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
-    Face::Get()->taskList = QList<ComponentTask>{{4, {1, 2}}};
-    Face::Get()->checkLogList = QList<checkLog>{record(0, {})};
-    Face::Get()->runActive = true;
+    Face::Get()->run.post({{4, {1, 2}}});
+    QVERIFY(Face::Get()->run.take(QString()));
+    Face::Get()->run.append(record(0, {}));
 
     click(QStringLiteral("tbStart"));
-    QCOMPARE(planText(Face::Get()->taskList), QStringLiteral("4:1,2"));
-    QCOMPARE(Face::Get()->checkLogList.get().size(), 1);
-    QCOMPARE(Face::Get()->runRequest.load(), 0);
+    QCOMPARE(planText(Face::Get()->taskList()), QStringLiteral("4:1,2"));
+    QCOMPARE(Face::Get()->checkLogList().size(), 1);
+    Face::Get()->run.finish();
+    QCOMPARE(Face::Get()->runRequest(), 0); // and no second run waits
     QCOMPARE(log()->rowCount(), 2);
     QCOMPARE(find<QLabel>(QStringLiteral("lbCamera"))->accessibleDescription(), QStringLiteral("OK"));
 }
@@ -563,7 +564,7 @@ void tst_KestDetectorUI::disabledStartCannotBeClicked()
 {
     emit Face::Get()->signal_setButtonEnable(false);
     click(QStringLiteral("tbStart"));
-    QCOMPARE(Face::Get()->runRequest.load(), 0);
+    QCOMPARE(Face::Get()->runRequest(), 0);
 }
 
 void tst_KestDetectorUI::savePathFromTheDialog()

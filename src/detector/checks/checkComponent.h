@@ -71,7 +71,7 @@ QString checkComponent(int component, int verdictIfNotAllPassed, const std::arra
         component, verdictIfNotAllPassed, table, items, [](const CheckItem &item) { return item.check != nullptr; },
         [](const CheckItem &item, int *itemVerdict, QString &detail) { return item.check(itemVerdict, detail); });
     KestDetectorFace *face = KestDetectorFace::Get();
-    face->checkLogList.with([&result](QList<checkLog> &logs) { logs.append(result.record); });
+    face->run.append(result.record);
     emit face->signal_showCheckLog(result.record);
     *verdict = result.verdict;
     return result.text;

@@ -86,24 +86,12 @@ void KestDetectorRt::killThread()
     workerThread.stop();
 }
 
-bool KestDetectorRt::takePlan(QList<ComponentTask> *plan)
-{
-    KestDetectorFace *face = KestDetectorFace::Get();
-    const std::lock_guard<std::mutex> lock(face->handOver);
-    if (face->runRequest != 1) {
-        return false;
-    }
-    face->runActive = true;
-    *plan = face->taskList;
-    return true;
-}
-
 void KestDetectorRt::func()
 {
+    KestDetectorFace *face = KestDetectorFace::Get();
     while (workerThread.running()) {
-        QList<ComponentTask> plan;
-        if (takePlan(&plan)) {
-            run(plan);
+        if (const auto plan = face->run.take(face->macAddress)) {
+            run(*plan);
         }
         workerThread.pause(requestPoll);
     }
@@ -124,16 +112,10 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
         ++done;
         emit face->signal_showTotalPersent(static_cast<int>(static_cast<float>(done * 100.0 / plan.size())));
     }
-    // Taken before the window may start the next run, which clears the list.
-    const QList<checkLog> logs = face->checkLogList;
-    {
-        const std::lock_guard<std::mutex> lock(face->handOver);
-        face->runRequest = 0;
-        face->runActive = false;
-    }
+    const RunEnd end = face->run.finish();
     emit face->signal_showCheckResult(passed);
     emit face->signal_setButtonEnable(true);
-    saveDetectoryLog(logs);
+    saveDetectoryLog(end.logs);
     ++m_finishedRuns;
 }
 

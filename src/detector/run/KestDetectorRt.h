@@ -36,7 +36,6 @@ private:
     KestDetectorRt();
 
     void func();
-    bool takePlan(QList<ComponentTask> *plan);
     void run(const QList<ComponentTask> &plan);
 
     std::atomic<int> m_finishedRuns{0};

@@ -3,10 +3,10 @@
 #include "detector/store/checkLog.h"
 #include "detector/store/ComponentTask.h"
 #include "detector/store/Guarded.h"
+#include "detector/store/RunExchange.h"
 #include "detector/store/Settings.h"
 
 #include <atomic>
-#include <mutex>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -25,14 +25,11 @@ public:
     /// Creates the instance on first use; it lives until the process ends.
     static KestDetectorFace *Get();
 
-    // The run request. The window writes taskList and clears checkLogList before it sets runRequest to 1; the runner
-    // sets it back to 0. `handOver` makes both steps one: the window holds it while it posts a plan, the runner while
-    // it takes one.
-    std::mutex handOver;
-    std::atomic<int> runRequest{0};     ///< 1 = run requested, 0 = idle
-    std::atomic<bool> runActive{false}; ///< true from the moment the runner has taken a plan until the run's end
-    Guarded<QList<ComponentTask>> taskList;
-    Guarded<QList<checkLog>> checkLogList;
+    /// The run on its way from Start to its end; the next three read it.
+    RunExchange run;
+    int runRequest() const { return run.runRequest(); }
+    QList<ComponentTask> taskList() const { return run.taskList(); }
+    QList<checkLog> checkLogList() const { return run.checkLogList(); }
     Guarded<QString> savePath; ///< the operator's folder; at first the application's directory
 
     std::atomic<int> quitFlag{0}; ///< not 0: waiting telnet and FTP calls give up

@@ -13,7 +13,6 @@
 #include "ui_KestDetectorUI.h"
 
 #include <array>
-#include <mutex>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFont>
@@ -381,21 +380,16 @@ void KestDetectorUI::slot_setConnectStatus(bool connected)
 
 void KestDetectorUI::on_tbStart_clicked()
 {
-    KestDetectorFace *face = KestDetectorFace::Get();
-    const std::lock_guard<std::mutex> posting(face->handOver);
-    if (face->runActive) {
-        return; // pressed before the runner could disable the button; the log of its run must stay
-    }
     QList<ComponentTask> plan;
     for (const Component &component : components()) {
         if ((ui.get()->*component.box)->isChecked()) {
             plan.append({component.id, component.items});
         }
     }
-    clearResults();
-    face->taskList = plan;
-    face->checkLogList = QList<checkLog>();
-    face->runRequest = 1;
+    if (KestDetectorFace::Get()->run.post(plan)) {
+        clearResults();
+    }
+    // Otherwise it was pressed before the runner could disable it: what its run has shown so far must stay.
 }
 
 void KestDetectorUI::on_tbChooseAll_clicked()

@@ -1,0 +1,91 @@
+#include "detector/store/RunExchange.h"
+
+bool RunExchange::post(const QList<ComponentTask> &plan)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_active) {
+        return false;
+    }
+    m_plan = plan;
+    m_run.logs.clear();
+    m_requested = true;
+    return true;
+}
+
+std::optional<QList<ComponentTask>> RunExchange::take(const QString &macAddress)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_requested || m_active) {
+        return std::nullopt;
+    }
+    m_active = true;
+    m_run.identity = {macAddress, QDateTime::currentDateTime()};
+    m_run.camera = RunEnd::Camera::Kept;
+    m_knownMac = macAddress;
+    return m_plan;
+}
+
+void RunExchange::append(const checkLog &log)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_run.logs.append(log);
+}
+
+RunEnd RunExchange::finish()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_requested = false;
+    m_active = false;
+    return m_run;
+}
+
+void RunExchange::noteLinkLost()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_active && m_run.camera == RunEnd::Camera::Kept) {
+        m_run.camera = RunEnd::Camera::Lost;
+    }
+}
+
+void RunExchange::noteCamera(const QString &macAddress)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_active || macAddress.isEmpty()) {
+        return;
+    }
+    if (m_knownMac.isEmpty()) {
+        m_knownMac = macAddress;
+    } else if (macAddress != m_knownMac) {
+        m_run.camera = RunEnd::Camera::Changed;
+    }
+}
+
+bool RunExchange::isActive() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_active;
+}
+
+int RunExchange::runRequest() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_requested ? 1 : 0;
+}
+
+QList<ComponentTask> RunExchange::taskList() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_plan;
+}
+
+QList<checkLog> RunExchange::checkLogList() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_run.logs;
+}
+
+RunIdentity RunExchange::identity() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_run.identity;
+}

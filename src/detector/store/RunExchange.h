@@ -1,0 +1,71 @@
+#pragma once
+
+#include "detector/store/checkLog.h"
+#include "detector/store/ComponentTask.h"
+
+#include <mutex>
+#include <optional>
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+/// Whose run it is: fixed at its begin.
+struct RunIdentity
+{
+    QString macAddress; ///< of the camera; empty: unknown
+    QDateTime begin;    ///< local time
+};
+
+/// What a run has left when it ends.
+struct RunEnd
+{
+    enum class Camera {
+        Kept,    ///< nothing else was noticed than one camera on one link
+        Lost,    ///< the link was dropped at least once
+        Changed, ///< a camera with another MAC address was there
+    };
+
+    RunIdentity identity;
+    QList<checkLog> logs; ///< in the order in which the components ran
+    Camera camera = Camera::Kept;
+};
+
+/// How a run changes hands: the window posts a plan, the runner takes it, the component routines append their records,
+/// and the runner finishes it. Meanwhile the supervisor notes what becomes of the camera. Every call is from any
+/// thread; one mutex guards everything.
+class RunExchange
+{
+public:
+    RunExchange() = default;
+    RunExchange(const RunExchange &) = delete;
+    RunExchange &operator=(const RunExchange &) = delete;
+
+    /// Requests a run and drops the records of the one before; false, and nothing else, while a run is under way. A
+    /// plan that nobody has taken yet is replaced.
+    bool post(const QList<ComponentTask> &plan);
+    /// The posted plan, if there is one: the run is under way from here until `finish`. `macAddress` is the camera's of
+    /// this moment.
+    std::optional<QList<ComponentTask>> take(const QString &macAddress);
+    void append(const checkLog &log);
+    /// The run is over, and the next may be posted. Hands out what is left of it.
+    RunEnd finish();
+
+    /// The link to the camera is dropped: the run under way, if any, cannot vouch for its camera any more.
+    void noteLinkLost();
+    /// A camera tells its MAC address. One that is empty says nothing; the first one that a run hears of is its own.
+    void noteCamera(const QString &macAddress);
+
+    bool isActive() const;                 ///< from `take` to `finish`
+    int runRequest() const;                ///< 1 from `post` to `finish`, 0 when idle
+    QList<ComponentTask> taskList() const; ///< the plan posted last
+    QList<checkLog> checkLogList() const;  ///< the records of the run posted last
+    RunIdentity identity() const;          ///< of the run under way, or of the last one
+
+private:
+    mutable std::mutex m_mutex;
+    bool m_requested = false;
+    bool m_active = false;
+    QList<ComponentTask> m_plan;
+    RunEnd m_run;
+    QString m_knownMac; ///< the run's own camera, as soon as it is known
+};
