@@ -57,7 +57,7 @@ QByteArray encodeFrame(const Frame &frame)
 
 std::optional<Frame> decodeFrame(const QByteArray &datagram)
 {
-    if (datagram.size() < Frame::headerSize || datagram.at(0) != startMark) {
+    if (datagram.size() < Frame::headerSize || datagram.size() > Frame::maxSize || datagram.at(0) != startMark) {
         return std::nullopt;
     }
     const std::uint16_t versionAndLength = bigEndianAt(datagram, 1);

@@ -34,7 +34,8 @@ std::uint16_t frameChecksum(const QByteArray &bytes);
 /// The frame as a datagram. The payload must not be longer than `Frame::maxPayload`.
 QByteArray encodeFrame(const Frame &frame);
 
-/// Empty when the datagram is not exactly one frame with a matching length and checksum.
+/// Empty when the datagram is not exactly one frame, of at most `Frame::maxSize` bytes, with a matching length and
+/// checksum.
 std::optional<Frame> decodeFrame(const QByteArray &datagram);
 
 } // namespace emulator

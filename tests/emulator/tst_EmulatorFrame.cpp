@@ -103,6 +103,8 @@ void tst_EmulatorFrame::refused_data()
     QTest::newRow("length too short by one") << hexBytes("aa 00 0b 12 00 07 bc 9b 00 61 60 22");
     QTest::newRow("byte behind the frame") << hexBytes("aa 00 0c 12 00 07 bc 9b 00 61 60 22 00");
     QTest::newRow("wrong checksum") << hexBytes("aa 00 0c 12 00 07 bc 9a 00 61 60 22");
+    QTest::newRow("one byte longer than a frame may be, otherwise right")
+        << hexBytes("aa 04 00 12 00 07 5b f9 00 61 60 22") + QByteArray(1012, '\0');
     QTest::newRow("checksum bytes swapped") << hexBytes("aa 00 0c 12 00 07 9b bc 00 61 60 22");
 }
 
