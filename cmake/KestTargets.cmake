@@ -35,9 +35,11 @@ function(kest_add_preload name source)
     endif()
 endfunction()
 
-# kest_add_test(<name> SOURCES ... LINK ... [ENVIRONMENT ...] [TIMEOUT s] [STATION]): a Qt Test program that lives in
-# a directory of its own, because the station keeps option.ini and log.txt beside the executable.
-# STATION marks a test that binds the station's or the camera's fixed ports; such tests never share a network.
+# kest_add_test(<name> SOURCES ... LINK ... [ENVIRONMENT ...] [TIMEOUT s] [STATION | PORT_23 | CAGE]): a Qt Test program
+# that lives in a directory of its own, because the station keeps option.ini and log.txt beside the executable.
+# STATION marks a test that binds the station's or the camera's fixed ports, PORT_23 one that listens on TCP port 23 as
+# well, CAGE one that starts the emulated camera's shell. None of these ever shares a network with another one, and where
+# the system does not allow what they need they are skipped; scripts/own-network.sh decides when they run.
 # Qt's libraries are not instrumented: the thread sanitizer sees neither their locks nor their atomics, and would take
 # every queued signal for a race. It leaves out what happens inside such libraries and watches all of our own code.
 set(kest_test_environment
@@ -55,33 +57,31 @@ file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/tmp)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/runtime)
 file(CHMOD ${CMAKE_BINARY_DIR}/tests/runtime PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 
-# Where private networks are allowed, each test that uses the fixed ports gets one: then all tests can run side by side.
-set(kest_private_networks FALSE)
-foreach(way "unshare;-n" "unshare;-r;-n")
-    execute_process(COMMAND ${way} true RESULT_VARIABLE refused OUTPUT_QUIET ERROR_QUIET)
-    if(refused EQUAL 0)
-        set(kest_private_networks TRUE)
-    endif()
-endforeach()
-
 # Temporary files and the desktop's run-time files stay inside the build folder.
 function(kest_add_test name)
-    cmake_parse_arguments(arg "STATION" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(arg "STATION;PORT_23;CAGE" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LINK} Qt5::Test kest_flags)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
-    set(network)
-    if(arg_STATION AND kest_private_networks)
-        set(network ${PROJECT_SOURCE_DIR}/scripts/own-network.sh)
-    endif()
-    add_test(NAME ${name} COMMAND ${network} $<TARGET_FILE:${name}> WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
-    set_tests_properties(${name} PROPERTIES
-        TIMEOUT ${arg_TIMEOUT}
-        ENVIRONMENT "${kest_test_environment};${arg_ENVIRONMENT}")
-    if(arg_STATION AND NOT kest_private_networks)
-        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK station_ports)
+    set(network)
+    set(limit TIMEOUT ${arg_TIMEOUT})
+    if(arg_STATION OR arg_PORT_23 OR arg_CAGE)
+        set(network ${PROJECT_SOURCE_DIR}/scripts/own-network.sh)
+        # It may have to wait for its turn first.
+        set(limit TIMEOUT 3600 TIMEOUT_AFTER_MATCH "${arg_TIMEOUT}\\;own-network.sh: begins in")
     endif()
+    if(arg_PORT_23 OR arg_CAGE)
+        list(APPEND network --port-23)
+    endif()
+    if(arg_CAGE)
+        list(APPEND network --cage)
+    endif()
+    add_test(NAME ${name} COMMAND ${network} $<TARGET_FILE:${name}> WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+    set_tests_properties(${name} PROPERTIES
+        ${limit}
+        SKIP_REGULAR_EXPRESSION "own-network.sh: cannot be run here"
+        ENVIRONMENT "${kest_test_environment};${arg_ENVIRONMENT}")
 endfunction()

@@ -1,4 +1,4 @@
-# Shared by run, test and .ci/run: packages, building, and an environment in which port 23 may be used.
+# Shared by run, test, .ci/run and what else builds: packages, building, and running the tests.
 # To be sourced with the project's folder as the current directory.
 
 build_packages="g++ cmake ninja-build qtbase5-dev libboost-dev busybox-static python3 python3-pyftpdlib fonts-wqy-microhei"
@@ -30,6 +30,36 @@ install_missing()
         apt-get install -y -q --no-install-recommends "${missing[@]}"
 }
 
+# give_back: what root has made in the build folders goes to the owner of the project, who can then go on without sudo.
+give_back()
+{
+    [ "$(id -u)" -eq 0 ] || return 0
+    local folder
+    for folder in build build-*; do
+        if [ -d "$folder" ]; then
+            chown -R -h --reference=. "$folder"
+        fi
+    done
+}
+trap give_back EXIT
+
+# may_write FOLDER: whether everything in it is ours to write; tells what helps if not. An absent one has to be made.
+may_write()
+{
+    local folder=$1
+    local foreign=
+    if [ -d "$folder" ]; then
+        foreign=$(find "$folder" ! -user "$(id -u)" ! -type l ! -writable -print -quit)
+    elif [ ! -w . ]; then
+        foreign=$PWD
+    fi
+    if [ -n "$foreign" ]; then
+        echo "$foreign belongs to $(stat -c %U "$foreign") and cannot be written to. Build as that user, or take it over:" \
+            "sudo chown -R $(id -un) '$PWD'" >&2
+        return 1
+    fi
+}
+
 # build PRESET [CMAKE BUILD OPTIONS]: configures on the first call, then builds what has changed.
 build()
 {
@@ -39,31 +69,21 @@ build()
     if [ "$preset" != default ]; then
         folder=build-$preset
     fi
+    may_write "$folder" || return
     if [ ! -f "$folder/build.ninja" ]; then
         cmake --preset "$preset"
     fi
     cmake --build --preset "$preset" "$@"
 }
 
-# find_low_ports: sets the array low_ports to the words that go before a command so that the emulated camera may listen
-# on port 23 in it: none where that is permitted anyway, else a network and user namespace of its own.
-find_low_ports()
+# run_tests PRESET [CTEST OPTIONS]: what the system does not allow is skipped, and told in the end.
+run_tests()
 {
-    low_ports=(env)
-    local first_free
-    first_free=$(cat /proc/sys/net/ipv4/ip_unprivileged_port_start 2>/dev/null || echo 1024)
-    if [ "$(id -u)" -eq 0 ] || [ "$first_free" -le 23 ]; then
-        return
+    local status=0
+    ctest --preset "$@" || status=$?
+    local refusal
+    if ! refusal=$(scripts/own-network.sh --port-23 --cage true 2>&1); then
+        echo "Tests that need the emulated camera's shell were skipped: $refusal"
     fi
-    if ! unshare -r -n true 2>/dev/null; then
-        cat >&2 <<'END'
-The emulated camera's shell listens on port 23, which an ordinary user may not open here, and this system allows no
-user namespaces. One of these helps:
-  - run the command as root (sudo);
-  - sudo sysctl net.ipv4.ip_unprivileged_port_start=23
-  - sudo sysctl kernel.unprivileged_userns_clone=1
-END
-        return 1
-    fi
-    low_ports=(unshare -r -n sh -c 'busybox ip link set lo up && exec "$@"' sh)
+    return $status
 }

@@ -2,14 +2,13 @@
 # Runs the emulated camera with the scenario file $1 and the station together; called by ./run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/common.sh
 
 output=build/run
 mkdir -p "$output"
-ready=$(mktemp "$output/ready.XXXXXX")
 
 station=
-build/bin/camera-emulator --scenario "$1" >"$ready" &
-emulator=$!
+emulator=
 end_both()
 {
     # The station saves the log of a run that it has to cut short, so it goes first, while its camera is still there.
@@ -17,24 +16,21 @@ end_both()
         kill "$program" 2>/dev/null || true
         wait "$program" 2>/dev/null || true
     done
-    rm -f "$ready"
+    give_back
 }
 trap end_both EXIT
 trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-for _ in $(seq 300); do
-    if grep -q ready "$ready" || ! kill -0 "$emulator" 2>/dev/null; then
-        break
-    fi
-    sleep 0.1
-done
-if ! grep -q ready "$ready"; then
+exec {from_camera}< <(exec build/bin/camera-emulator --scenario "$1")
+emulator=$!
+# Its first line comes when all of its services listen.
+if ! read -r -t 30 line <&"$from_camera" || [[ $line != ready* ]]; then
     echo "The emulated camera did not start." >&2
     exit 1
 fi
-cat "$ready"
+echo "$line"
 
 options=()
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
