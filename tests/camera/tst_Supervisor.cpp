@@ -1,9 +1,9 @@
-#include "../session/ShellPeer.h"
 #include "camera/client/Camera.h"
 #include "camera/client/UDPTransciever.h"
 #include "DatagramPeer.h"
 #include "detector/store/KestDetectorFace.h"
 #include "support/MessageSpy.h"
+#include "support/ScriptedShellServer.h"
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
@@ -50,7 +50,7 @@ private:
     int count(int command) const;
 
     std::unique_ptr<DatagramPeer> m_peer;
-    std::unique_ptr<ShellPeer> m_shell;
+    std::unique_ptr<ScriptedShellServer> m_shell;
     QStringList m_events;
     int m_pingsToDrop = 0;
     bool m_answerRegistration = false;
@@ -60,7 +60,7 @@ void tst_Supervisor::initTestCase()
 {
     m_peer = std::make_unique<DatagramPeer>();
     QVERIFY(m_peer->isListening());
-    m_shell = std::make_unique<ShellPeer>();
+    m_shell = std::make_unique<ScriptedShellServer>();
     QVERIFY(m_shell->isListening());
     m_shell->autoLogin();
     m_shell->onLine = [this](const QByteArray &line) {

@@ -1,6 +1,7 @@
 #include "detector/checks/logCollection.h"
 #include "detector/store/KestDetectorFace.h"
 #include "support/CheckTest.h"
+#include "support/fileContent.h"
 #include "support/MessageSpy.h"
 #include "support/ScriptedShell.h"
 
@@ -15,11 +16,6 @@ using LogRoutine = QString (*)(int *, const QString &);
 Q_DECLARE_METATYPE(LogRoutine)
 
 namespace {
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
 } // namespace
 
 class tst_logCollection : public QObject
@@ -173,7 +169,7 @@ void tst_logCollection::text()
     QCOMPARE(runLog(routine, &verdict), QString());
     QCOMPARE(verdict, 0);
     QCOMPARE(m_shell.calls(), QStringList{call});
-    QCOMPARE(contentOf(folder() + file), QByteArray("echo\r\n\xE8\xBE\x93\xE5\x87\xBA line\r\n~ # "));
+    QCOMPARE(fileContent(folder() + file), QByteArray("echo\r\n\xE8\xBE\x93\xE5\x87\xBA line\r\n~ # "));
 }
 
 void tst_logCollection::textFileIsWrittenWhenTheCommandFailed()
@@ -181,7 +177,7 @@ void tst_logCollection::textFileIsWrittenWhenTheCommandFailed()
     int verdict = 99;
     runLog(downloadDmesgLog, &verdict);
     QCOMPARE(verdict, -1);
-    QCOMPARE(contentOf(folder() + QStringLiteral("/dmesg.txt")), QByteArray());
+    QCOMPARE(fileContent(folder() + QStringLiteral("/dmesg.txt")), QByteArray());
 }
 
 void tst_logCollection::valuesAreNotFilledInAgain()
@@ -207,7 +203,7 @@ void tst_logCollection::laterLogReplacesTheEarlierOne()
     runLog(downloadDmesgLog, &verdict);
     m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("second\r\n~ # "));
     runLog(downloadDmesgLog, &verdict);
-    QCOMPARE(contentOf(folder() + QStringLiteral("/dmesg.txt")), QByteArray("second\r\n~ # "));
+    QCOMPARE(fileContent(folder() + QStringLiteral("/dmesg.txt")), QByteArray("second\r\n~ # "));
 }
 
 void tst_logCollection::folderWithoutMacAddress()
@@ -313,7 +309,7 @@ void tst_logCollection::closingLeavesEarlierFilesAlone()
     KestDetectorFace::Get()->requestStop();
     runLog(downloadDmesgLog, &verdict);
     QCOMPARE(verdict, -1);
-    QCOMPARE(contentOf(folder() + QStringLiteral("/dmesg.txt")), QByteArray("reply\r\n~ # "));
+    QCOMPARE(fileContent(folder() + QStringLiteral("/dmesg.txt")), QByteArray("reply\r\n~ # "));
     runLog(downloadCameraLog, &verdict);
     QCOMPARE(m_shell.calls(), QStringList({QStringLiteral("shell 11 dmesg"),
                                            QStringLiteral("shell 7 tar -zcvf /tmp/ftp/log.tar.gz /var/log")}));
@@ -321,7 +317,7 @@ void tst_logCollection::closingLeavesEarlierFilesAlone()
     // What has come all the same is kept.
     m_shell.answer(QStringLiteral("ifconfig -a\n"), QStringLiteral("ap0\r\n~ # "));
     runLog(downloadIfconfLog, &verdict);
-    QCOMPARE(contentOf(folder() + QStringLiteral("/ifconfig.txt")), QByteArray("ap0\r\n~ # "));
+    QCOMPARE(fileContent(folder() + QStringLiteral("/ifconfig.txt")), QByteArray("ap0\r\n~ # "));
 }
 
 QTEST_GUILESS_MAIN(tst_logCollection)

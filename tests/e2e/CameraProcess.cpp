@@ -1,5 +1,7 @@
 #include "CameraProcess.h"
 
+#include "support/fileContent.h"
+
 #include <csignal>
 #include <QDirIterator>
 #include <QElapsedTimer>
@@ -18,11 +20,8 @@ QVector<pid_t> familyOf(pid_t process)
     for (int i = 0; i < family.size(); ++i) {
         QDirIterator tasks(QStringLiteral("/proc/%1/task").arg(family.at(i)), QDir::Dirs | QDir::NoDotAndDotDot);
         while (tasks.hasNext()) {
-            QFile children(tasks.next() + QStringLiteral("/children"));
-            if (!children.open(QIODevice::ReadOnly)) {
-                continue;
-            }
-            const QList<QByteArray> numbers = children.readAll().simplified().split(' ');
+            const QByteArray children = fileContent(tasks.next() + QStringLiteral("/children"), {});
+            const QList<QByteArray> numbers = children.simplified().split(' ');
             for (const QByteArray &child : numbers) {
                 if (!child.isEmpty()) {
                     family.append(static_cast<pid_t>(child.toInt()));

@@ -1,13 +1,11 @@
 #include "LogFile.h"
 
+#include "support/fileContent.h"
 #include "waiting.h"
-
-#include <QFile>
 
 QByteArray LogFile::content() const
 {
-    QFile file(m_path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return fileContent(m_path, {});
 }
 
 bool LogFile::waitFor(const QByteArray &text, int times, int limitMs) const

@@ -23,7 +23,7 @@ private:
     void playAll();
 
     std::vector<Story> m_stories;
-    std::vector<Outcome> m_outcomes;
+    std::vector<StoryOutcome> m_outcomes;
 };
 
 /// Calls `work(i)` for each i below `count`, up to `width` at a time, each on a thread of its own in a private network;

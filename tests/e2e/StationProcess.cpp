@@ -1,5 +1,7 @@
 #include "StationProcess.h"
 
+#include "support/fileContent.h"
+
 #include <csignal>
 #include <QDir>
 #include <QDirIterator>
@@ -25,10 +27,7 @@ StationProcess::StationProcess()
         !QFile::copy(QString::fromLocal8Bit(original), program)) {
         qWarning("The station cannot be put into %s", qPrintable(m_folder.path()));
     }
-    QFile ini(QStringLiteral(KEST_SOURCE_DIR "/emulator/option.ini"));
-    if (ini.open(QIODevice::ReadOnly)) {
-        writeOptionIni(ini.readAll());
-    }
+    writeOptionIni(fileContent(QStringLiteral(KEST_SOURCE_DIR "/emulator/option.ini")));
     setVariable(QStringLiteral("TMPDIR"), m_temporary.path());
     // Qt would make one of its own among the temporary files.
     setVariable(QStringLiteral("XDG_RUNTIME_DIR"), m_capture.path());
@@ -62,8 +61,7 @@ void StationProcess::removeOptionIni() const
 
 QByteArray StationProcess::optionIni() const
 {
-    QFile file(iniPath(folder()));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return fileContent(iniPath(folder()), {});
 }
 
 void StationProcess::start(const QString &components, const QStringList &options)
@@ -127,8 +125,7 @@ QString StationProcess::runFolder() const
 
 QByteArray StationProcess::saved(const QString &fileName) const
 {
-    QFile file(runFolder() + QLatin1Char('/') + fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    return fileContent(runFolder() + QLatin1Char('/') + fileName);
 }
 
 LogFile StationProcess::diagnosticLog() const
@@ -143,9 +140,8 @@ QMap<QString, QByteArray> StationProcess::allSaved() const
     QMap<QString, QByteArray> files;
     QDirIterator entries(logs.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
-        QFile file(entries.next());
-        files.insert(logs.relativeFilePath(file.fileName()).remove(date),
-                     file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)"));
+        const QString path = entries.next();
+        files.insert(logs.relativeFilePath(path).remove(date), fileContent(path));
     }
     return files;
 }

@@ -10,7 +10,7 @@ QString act(const Story::Act &action, Scene &scene)
 }
 
 /// From the camera's start to the station's end; what went wrong, or an empty text.
-QString playInto(const Story &story, Scene &scene, Outcome *outcome)
+QString playInto(const Story &story, Scene &scene, StoryOutcome *outcome)
 {
     if (story.hasCamera && !(story.shippedScenario.isEmpty() ? scene.camera.start(story.scenario)
                                                              : scene.camera.startShipped(story.shippedScenario))) {
@@ -30,9 +30,9 @@ QString playInto(const Story &story, Scene &scene, Outcome *outcome)
 }
 } // namespace
 
-Outcome play(const Story &story)
+StoryOutcome play(const Story &story)
 {
-    Outcome outcome;
+    StoryOutcome outcome;
     Scene scene;
     outcome.problem = playInto(story, scene, &outcome);
     if (outcome.problem.startsWith(cannotBePlayed)) {
@@ -49,7 +49,7 @@ Outcome play(const Story &story)
     return outcome;
 }
 
-void compare(const Story &story, const Outcome &outcome)
+void compare(const Story &story, const StoryOutcome &outcome)
 {
     if (!outcome.skipped.isEmpty()) {
         QTest::qSkip(qPrintable(outcome.skipped), __FILE__, __LINE__);

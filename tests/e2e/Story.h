@@ -44,7 +44,7 @@ struct Story
 };
 
 /// What became of a story.
-struct Outcome
+struct StoryOutcome
 {
     QString problem; ///< empty: the story could be played
     QString skipped; ///< not empty: why it could not be played here
@@ -59,7 +59,7 @@ struct Outcome
 /// For an `Act` that needs what the system may forbid: its result starts with this text.
 inline const QString cannotBePlayed = QStringLiteral("cannot be played here: ");
 
-Outcome play(const Story &story);
+StoryOutcome play(const Story &story);
 
 /// Compares with what the story expects; to be the last statement of a test function.
-void compare(const Story &story, const Outcome &outcome);
+void compare(const Story &story, const StoryOutcome &outcome);

@@ -1,3 +1,4 @@
+#include "queries.h"
 #include "Stage.h"
 #include "waiting.h"
 
@@ -40,40 +41,37 @@ enum class Way {
 struct Series
 {
     const char *name;
-    const char *scenario; ///< null: there is no camera
+    QByteArray scenario; ///< null: there is no camera
     Way way;
     bool passes; ///< whether every component would pass, given time
 };
 
-#define ALWAYS(kind) "[{\"kind\": " kind ", \"times\": \"always\"}]"
-#define ALL_QUERIES(faults)                                                                                            \
-    "{\"faults\": {\"getCameraState\": " faults ", \"getTFCardStatus\": " faults ", \"getTFCardUsedStatus\": " faults  \
-    ", \"getBatteryInfo\": " faults ", \"getBatteryStatus\": " faults ", \"getBatteryEscFactoryCheck\": " faults       \
-    ", \"getGimbalDeviceInfo\": " faults ", \"getGimbalESCDevicesCheck\": " faults ", \"ReadEEPROM\": " faults "}}"
-
 constexpr char healthy[] = "{}";
-constexpr char noAnswer[] = ALL_QUERIES(ALWAYS("\"drop\""));
-constexpr char slowAnswer[] = ALL_QUERIES(ALWAYS("\"delay\", \"ms\": 400"));
 constexpr char hangingShell[] = R"({"shell": {"files": {"/bin/mount": "#!/bin/sh\nexec sleep 60\n"}}})";
 
-constexpr char noRegistration[] = R"({"faults": {"registerPC": [{"kind": "drop", "times": "always"}]}})";
 constexpr char silentShell[] = R"({"shell": {"fault": "silent"}})";
 constexpr char floodingShell[] = R"({"shell": {"fault": "flood"}})";
 constexpr char stalledFtp[] = R"({"ftp": {"fault": "stall"}})";
 
-constexpr Series allSeries[] = {
+QByteArray noAnswer()
+{
+    return faulty(namesOfAllQueries(), fault("drop", always));
+}
+
+const Series allSeries[] = {
     {"healthy camera", healthy, Way::window, true},
     {"healthy camera, other moments", healthy, Way::window, true},
-    {"no camera", nullptr, Way::window, false},
-    {"camera that answers no query", noAnswer, Way::window, false},
-    {"camera that answers late", slowAnswer, Way::window, true},
-    {"camera that answers no registration", noRegistration, Way::window, false},
+    {"no camera", {}, Way::window, false},
+    {"camera that answers no query", noAnswer(), Way::window, false},
+    {"camera that answers late", faulty(namesOfAllQueries(), fault("delay", always, R"(, "ms": 400)")), Way::window,
+     true},
+    {"camera that answers no registration", faulty({"registerPC"}, fault("drop", always)), Way::window, false},
     {"shell that says nothing", silentShell, Way::window, false},
     {"shell that floods", floodingShell, Way::window, false},
     {"shell command that hangs", hangingShell, Way::window, false},
     {"FTP transfer that hangs", stalledFtp, Way::window, true},
     {"SIGTERM, healthy camera", healthy, Way::signal, true},
-    {"SIGTERM, camera that answers no query", noAnswer, Way::signal, false},
+    {"SIGTERM, camera that answers no query", noAnswer(), Way::signal, false},
 };
 constexpr int seriesCount = sizeof allSeries / sizeof allSeries[0];
 
@@ -142,7 +140,7 @@ QStringList endAtAllMoments(int number)
 {
     const Series &series = allSeries[number];
     CameraProcess camera;
-    if (series.scenario != nullptr && !camera.start(series.scenario)) {
+    if (!series.scenario.isNull() && !camera.start(series.scenario)) {
         return {QStringLiteral("the camera does not start")};
     }
     QStringList problems;
@@ -152,7 +150,7 @@ QStringList endAtAllMoments(int number)
             problems.append(problem);
         }
     }
-    if (series.scenario != nullptr && !camera.stop()) {
+    if (!series.scenario.isNull() && !camera.stop()) {
         problems.append(QStringLiteral("the camera does not stop"));
     }
     return problems;

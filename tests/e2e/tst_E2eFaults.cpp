@@ -1,4 +1,5 @@
 #include "expectedLogs.h"
+#include "queries.h"
 #include "StoryTest.h"
 
 #include <csignal>
@@ -14,37 +15,9 @@ protected:
 };
 
 namespace {
-/// Every command that a run of the window's plan asks.
-QByteArrayList queries()
-{
-    return {"getCameraState",      "getTFCardStatus",          "getTFCardUsedStatus",
-            "getBatteryInfo",      "getBatteryStatus",         "getBatteryEscFactoryCheck",
-            "getGimbalDeviceInfo", "getGimbalESCDevicesCheck", "ReadEEPROM"};
-}
-
 constexpr int noCamera = 3;
 
-/// A scenario in which each of `commands` suffers `faults` (the elements of a JSON array).
-QByteArray faulty(const QByteArrayList &commands, const QByteArray &faults)
-{
-    QByteArrayList entries;
-    for (const QByteArray &command : commands) {
-        entries.append('"' + command + "\": [" + faults + ']');
-    }
-    return "{\"faults\": {" + entries.join(", ") + "}}";
-}
-
-QByteArray fault(const QByteArray &kind, const QByteArray &times, const QByteArray &value = {})
-{
-    return R"({"kind": ")" + kind + R"(", "times": )" + times + value + '}';
-}
-
-QByteArray always()
-{
-    return "\"always\"";
-}
-
-Story allQueries(const char *name, const QByteArray &scenario, const char *verdicts, const QByteArray &log)
+Story asking(const char *name, const QByteArray &scenario, const char *verdicts, const QByteArray &log)
 {
     Story story(name, QStringLiteral("camera,gimbal,battery,tfcard,lens,pcba"));
     story.scenario = scenario;
@@ -239,47 +212,48 @@ std::vector<Story> queryStories()
     // These three look the same from the station: nothing that it may take for the reply.
     for (const char *kind : {"drop", "corruptChecksum", "otherPort", "asRequest"}) {
         const QByteArray name = kind;
-        stories.push_back(allQueries(name + ", always", faulty(queries(), fault(kind, always())), allNg, unanswered()));
-        stories.push_back(allQueries(name + ", once", faulty(queries(), fault(kind, "1")), lensOk, first()));
-        stories.push_back(allQueries(name + ", twice", faulty(queries(), fault(kind, "2")), lensOk, firstTwo()));
+        stories.push_back(
+            asking(name + ", always", faulty(namesOfAllQueries(), fault(kind, always)), allNg, unanswered()));
+        stories.push_back(asking(name + ", once", faulty(namesOfAllQueries(), fault(kind, "1")), lensOk, first()));
+        stories.push_back(asking(name + ", twice", faulty(namesOfAllQueries(), fault(kind, "2")), lensOk, firstTwo()));
     }
     const QByteArray refused = R"(, "code": 128)";
-    stories.push_back(allQueries("resultCode, always", faulty(queries(), fault("resultCode", always(), refused)), allNg,
-                                 unanswered()));
+    stories.push_back(asking("resultCode, always", faulty(namesOfAllQueries(), fault("resultCode", always, refused)),
+                             allNg, unanswered()));
     stories.push_back(
-        allQueries("resultCode, once", faulty(queries(), fault("resultCode", "1", refused)), lensOk, first()));
-    stories.push_back(
-        allQueries("resultCode, twice", faulty(queries(), fault("resultCode", "2", refused)), lensOk, firstTwo()));
+        asking("resultCode, once", faulty(namesOfAllQueries(), fault("resultCode", "1", refused)), lensOk, first()));
+    stories.push_back(asking("resultCode, twice", faulty(namesOfAllQueries(), fault("resultCode", "2", refused)),
+                             lensOk, firstTwo()));
     for (const char *bytes : {"1", "-1"}) {
         const QByteArray change = R"(, "bytes": )" + QByteArray(bytes);
         const QByteArray name = "wrongLength by " + QByteArray(bytes);
-        stories.push_back(allQueries(name + ", always", faulty(queries(), fault("wrongLength", always(), change)),
-                                     allNg, wrongLength()));
-        stories.push_back(allQueries(name + ", once", faulty(queries(), fault("wrongLength", "1", change)), lensOk,
-                                     firstWrongLength()));
+        stories.push_back(asking(name + ", always", faulty(namesOfAllQueries(), fault("wrongLength", always, change)),
+                                 allNg, wrongLength()));
+        stories.push_back(asking(name + ", once", faulty(namesOfAllQueries(), fault("wrongLength", "1", change)),
+                                 lensOk, firstWrongLength()));
     }
     stories.push_back(
-        allQueries("duplicate, always", faulty(queries(), fault("duplicate", always())), allOk, wellLog()));
+        asking("duplicate, always", faulty(namesOfAllQueries(), fault("duplicate", always)), allOk, wellLog()));
     stories.push_back(
-        allQueries("duplicate, three times", faulty(queries(), fault("duplicate", "3")), allOk, wellLog()));
+        asking("duplicate, three times", faulty(namesOfAllQueries(), fault("duplicate", "3")), allOk, wellLog()));
 
     std::vector<Story> late{
-        allQueries("delay by 1.9 s, always", faulty(queries(), fault("delay", always(), R"(, "ms": 1900)")), allOk,
-                   wellLog()),
-        allQueries("delay by 2.1 s, once", faulty(queries(), fault("delay", "1", late21)), lensOk, firstLate()),
-        allQueries(
+        asking("delay by 1.9 s, always", faulty(namesOfAllQueries(), fault("delay", always, R"(, "ms": 1900)")), allOk,
+               wellLog()),
+        asking("delay by 2.1 s, once", faulty(namesOfAllQueries(), fault("delay", "1", late21)), lensOk, firstLate()),
+        asking(
             "delay by 2.1 s, always, of what is asked once",
             faulty({"getBatteryInfo", "getBatteryStatus", "getTFCardStatus", "ReadEEPROM", "getBatteryEscFactoryCheck"},
-                   fault("delay", always(), late21)),
+                   fault("delay", always, late21)),
             "Camera: OK, Gimbal: OK, Battery: NG, TF Card: NG, Lens: OK, PCBA: OK, Result: NG", lateReports()),
-        allQueries("delay by 2.1 s, which serves the next query",
-                   faulty({"getGimbalDeviceInfo", "getGimbalESCDevicesCheck"},
-                          fault("delay", "1", late21) + ", " + fault("drop", "1")),
-                   servedByLateVerdicts, servedByLate()),
-        allQueries("delay by 2.3 s and 0.2 s, so that the replies change places",
-                   faulty({"getGimbalDeviceInfo", "getGimbalESCDevicesCheck"},
-                          fault("delay", "1", R"(, "ms": 2300)") + ", " + fault("delay", "1", R"(, "ms": 200)")),
-                   servedByLateVerdicts, servedByLate()),
+        asking("delay by 2.1 s, which serves the next query",
+               faulty({"getGimbalDeviceInfo", "getGimbalESCDevicesCheck"},
+                      fault("delay", "1", late21) + ", " + fault("drop", "1")),
+               servedByLateVerdicts, servedByLate()),
+        asking("delay by 2.3 s and 0.2 s, so that the replies change places",
+               faulty({"getGimbalDeviceInfo", "getGimbalESCDevicesCheck"},
+                      fault("delay", "1", R"(, "ms": 2300)") + ", " + fault("delay", "1", R"(, "ms": 200)")),
+               servedByLateVerdicts, servedByLate()),
     };
     for (Story &story : late) {
         story.calm = true;
@@ -306,24 +280,24 @@ Story registration(const char *name, const QByteArray &faults, int exitCode)
 std::vector<Story> registrationStories()
 {
     std::vector<Story> stories{
-        registration("drop, always", fault("drop", always()), noCamera),
+        registration("drop, always", fault("drop", always), noCamera),
         registration("drop, twice", fault("drop", "2"), 0),
-        registration("corruptChecksum, always", fault("corruptChecksum", always()), noCamera),
+        registration("corruptChecksum, always", fault("corruptChecksum", always), noCamera),
         registration("corruptChecksum, once", fault("corruptChecksum", "1"), 0),
-        registration("otherPort, always", fault("otherPort", always()), noCamera),
+        registration("otherPort, always", fault("otherPort", always), noCamera),
         registration("otherPort, once", fault("otherPort", "1"), 0),
-        registration("asRequest, always", fault("asRequest", always()), noCamera),
+        registration("asRequest, always", fault("asRequest", always), noCamera),
         registration("asRequest, once", fault("asRequest", "1"), 0),
-        registration("resultCode, always", fault("resultCode", always(), R"(, "code": 252)"), noCamera),
+        registration("resultCode, always", fault("resultCode", always, R"(, "code": 252)"), noCamera),
         registration("resultCode, twice", fault("resultCode", "2", R"(, "code": 252)"), 0),
         // Only the result byte of this reply counts.
-        registration("wrongLength by 1, always", fault("wrongLength", always(), R"(, "bytes": 1)"), 0),
-        registration("wrongLength by -1, always", fault("wrongLength", always(), R"(, "bytes": -1)"), 0),
-        registration("duplicate, always", fault("duplicate", always()), 0),
+        registration("wrongLength by 1, always", fault("wrongLength", always, R"(, "bytes": 1)"), 0),
+        registration("wrongLength by -1, always", fault("wrongLength", always, R"(, "bytes": -1)"), 0),
+        registration("duplicate, always", fault("duplicate", always), 0),
         // Given 1 s, asked again after another: at 1.9 s nobody waits, at 2.1 s the next registration does.
-        registration("delay by 0.9 s, always", fault("delay", always(), R"(, "ms": 900)"), 0),
-        registration("delay by 1.9 s, always", fault("delay", always(), R"(, "ms": 1900)"), noCamera),
-        registration("delay by 2.1 s, always", fault("delay", always(), R"(, "ms": 2100)"), 0),
+        registration("delay by 0.9 s, always", fault("delay", always, R"(, "ms": 900)"), 0),
+        registration("delay by 1.9 s, always", fault("delay", always, R"(, "ms": 1900)"), noCamera),
+        registration("delay by 2.1 s, always", fault("delay", always, R"(, "ms": 2100)"), 0),
     };
     for (Story &story : stories) {
         story.calm = story.name.contains("delay");
@@ -374,11 +348,11 @@ std::vector<Story> pingStories()
         ping("wrongLength by 1, twice", fault("wrongLength", "2", R"(, "bytes": 1)"), false),
         ping("wrongLength by 1, three times", fault("wrongLength", "3", R"(, "bytes": 1)"), true),
         // The reply has no data that it could lose.
-        ping("wrongLength by -1, always", fault("wrongLength", always(), R"(, "bytes": -1)"), false),
-        ping("duplicate, always", fault("duplicate", always()), false),
-        ping("delay by 1.9 s, always", fault("delay", always(), R"(, "ms": 1900)"), false, 5),
+        ping("wrongLength by -1, always", fault("wrongLength", always, R"(, "bytes": -1)"), false),
+        ping("duplicate, always", fault("duplicate", always), false),
+        ping("delay by 1.9 s, always", fault("delay", always, R"(, "ms": 1900)"), false, 5),
         // Given 2 s, asked again after another: at 2.1 s nobody waits.
-        ping("delay by 2.1 s, always", fault("delay", always(), R"(, "ms": 2100)"), true),
+        ping("delay by 2.1 s, always", fault("delay", always, R"(, "ms": 2100)"), true),
     };
     for (Story &story : stories) {
         story.calm = story.name.contains("delay");

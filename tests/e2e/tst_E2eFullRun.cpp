@@ -1,6 +1,7 @@
 #include "CameraProcess.h"
 #include "expectedLogs.h"
 #include "StationProcess.h"
+#include "support/fileContent.h"
 
 #include <QImage>
 #include <QtTest>
@@ -36,9 +37,8 @@ QMap<QString, QByteArray> tree(const QString &folder)
     QMap<QString, QByteArray> files;
     QDirIterator entries(folder, QDir::Files | QDir::Hidden | QDir::NoSymLinks, QDirIterator::Subdirectories);
     while (entries.hasNext()) {
-        QFile file(entries.next());
-        files.insert(QDir(folder).relativeFilePath(file.fileName()),
-                     file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(unreadable)"));
+        const QString path = entries.next();
+        files.insert(QDir(folder).relativeFilePath(path), fileContent(path));
     }
     return files;
 }

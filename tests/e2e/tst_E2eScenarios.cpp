@@ -1,6 +1,7 @@
 #include "emulator/scenario/ScenarioReader.h"
 #include "expectedLogs.h"
 #include "Stage.h"
+#include "support/fileContent.h"
 
 #include <csignal>
 #include <memory>
@@ -433,9 +434,8 @@ void tst_E2eScenarios::ofItemsThatTheWindowDoesNotRequest_data()
 void tst_E2eScenarios::ofItemsThatTheWindowDoesNotRequest()
 {
     QFETCH(QString, scenario);
-    QFile file(QStringLiteral(KEST_SOURCE_DIR "/emulator/scenarios/") + scenario + QStringLiteral(".json"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const emulator::ScenarioResult result = emulator::parseScenario(file.readAll());
+    const emulator::ScenarioResult result = emulator::parseScenario(
+        fileContent(QStringLiteral(KEST_SOURCE_DIR "/emulator/scenarios/") + scenario + QStringLiteral(".json")));
     QCOMPARE(result.error, QString());
     QVERIFY(!result.scenario.description.isEmpty());
 }

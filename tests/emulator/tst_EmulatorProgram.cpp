@@ -1,5 +1,6 @@
 #include "support/CommandPeer.h"
 #include "support/EmulatorProcess.h"
+#include "support/fileContent.h"
 #include "support/FtpPeer.h"
 #include "support/hexBytes.h"
 #include "support/processesWith.h"
@@ -15,8 +16,7 @@ const QByteArray pong = hexBytes("aa 00 0d 01 00 07 c6 53 00 16 60 22 00");
 
 QByteArray mounts()
 {
-    QFile file(QStringLiteral("/proc/self/mounts"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return fileContent(QStringLiteral("/proc/self/mounts"));
 }
 } // namespace
 
@@ -219,9 +219,7 @@ void tst_EmulatorProgram::listensOnOneAddressOnly()
     QFETCH(QByteArray, port);
     const auto listeners = [&table, &port] {
         QSet<QByteArray> addresses;
-        QFile file(table);
-        const bool readable = file.open(QIODevice::ReadOnly);
-        const QList<QByteArray> lines = readable ? file.readAll().split('\n') : QList<QByteArray>();
+        const QList<QByteArray> lines = fileContent(table, {}).split('\n');
         for (const QByteArray &line : lines) {
             // proc(5): number, local address, remote address (all zero: anybody's), ...
             const QList<QByteArray> fields = line.simplified().split(' ');

@@ -1,5 +1,6 @@
 #include "emulator/command/CameraDevice.h"
 #include "emulator/scenario/ScenarioReader.h"
+#include "support/fileContent.h"
 
 #include <QtTest>
 
@@ -275,9 +276,7 @@ void tst_EmulatorScenario::shipped_data()
 void tst_EmulatorScenario::shipped()
 {
     QFETCH(QString, file);
-    QFile json(file);
-    QVERIFY(json.open(QIODevice::ReadOnly));
-    const ScenarioResult result = parseScenario(json.readAll());
+    const ScenarioResult result = parseScenario(fileContent(file));
     QCOMPARE(result.error, QString());
     QVERIFY(result.scenario.description.endsWith(QLatin1Char('.')));
     // A scenario whose EEPROM or movement cannot be built would only show in use.

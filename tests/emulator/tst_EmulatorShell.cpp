@@ -1,4 +1,5 @@
 #include "support/EmulatorProcess.h"
+#include "support/fileContent.h"
 #include "support/processesWith.h"
 #include "support/ShellPeer.h"
 
@@ -182,9 +183,7 @@ void tst_EmulatorShell::hostFilesStayUntouched()
     peer.send(command.replace("%1", file.fileName().toUtf8()) + '\n');
     QVERIFY(!peer.readUntil("\r\ndone\r\n").isEmpty());
 
-    QFile after(file.fileName());
-    QVERIFY(after.open(QIODevice::ReadOnly));
-    QCOMPARE(after.readAll(), secret);
+    QCOMPARE(fileContent(file.fileName()), secret);
     QVERIFY(own.stop());
 }
 

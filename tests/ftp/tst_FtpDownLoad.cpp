@@ -1,6 +1,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "ftp/FtpDownLoad.h"
 #include "ftp/FtpDownLoadFace.h"
+#include "support/fileContent.h"
 #include "support/MessageSpy.h"
 #include "support/onWorkerThread.h"
 #include "support/ScriptedFtpServer.h"
@@ -23,12 +24,6 @@ const QString smallUrl = QStringLiteral("ftp://127.0.0.1/small.tar.gz");
 const QString otherUrl = QStringLiteral("ftp://127.0.0.1/other.tar.gz");
 const QByteArray smallContent = QByteArrayLiteral("all \0 the \r\n bytes \xFF as they are\n");
 const QByteArray otherContent = QByteArray().leftJustified(100000, 'o');
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
 
 /// Whether this process holds the file open.
 bool isOpen(const QString &path)
@@ -138,7 +133,7 @@ void tst_FtpDownLoad::downloads()
     earlier.close();
 
     QCOMPARE(download(url, path(QStringLiteral("file"))), 0);
-    QCOMPARE(contentOf(path(QStringLiteral("file"))), content);
+    QCOMPARE(fileContent(path(QStringLiteral("file"))), content);
     QVERIFY(!isOpen(path(QStringLiteral("file"))));
 }
 
@@ -147,7 +142,7 @@ void tst_FtpDownLoad::noNetworkPluginIsLoaded()
     const QStringList folders = QCoreApplication::libraryPaths();
     const FtpDownLoad another;
     QCOMPARE(QCoreApplication::libraryPaths(), folders);
-    const QByteArray mapped = contentOf(QStringLiteral("/proc/self/maps"));
+    const QByteArray mapped = fileContent(QStringLiteral("/proc/self/maps"));
     QVERIFY(mapped.contains("libQt5Network"));
     QVERIFY(!mapped.contains("/plugins/bearer/"));
 }
@@ -160,8 +155,8 @@ void tst_FtpDownLoad::earlierFileIsReplacedNotRewritten()
     const QString kept = path(QStringLiteral("kept"));
     QCOMPARE(link(QFile::encodeName(earlier).constData(), QFile::encodeName(kept).constData()), 0);
     QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(smallUrl, earlier); }), 0);
-    QCOMPARE(contentOf(earlier), smallContent);
-    QCOMPARE(contentOf(kept), otherContent);
+    QCOMPARE(fileContent(earlier), smallContent);
+    QCOMPARE(fileContent(kept), otherContent);
 }
 
 void tst_FtpDownLoad::linkIsFollowed()
@@ -172,7 +167,7 @@ void tst_FtpDownLoad::linkIsFollowed()
     QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(otherUrl, target); }), 0);
     QVERIFY(QFile::link(target, link));
     QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(smallUrl, link); }), 0);
-    QCOMPARE(contentOf(target), smallContent);
+    QCOMPARE(fileContent(target), smallContent);
 }
 
 void tst_FtpDownLoad::failureLeavesNothingOpen_data()
@@ -201,13 +196,13 @@ void tst_FtpDownLoad::failureLeavesNothingOpen()
     KestDetectorFace::Get()->setSettings(settings);
 
     QCOMPARE(download(url, path(QStringLiteral("file"))), -1);
-    QCOMPARE(contentOf(path(QStringLiteral("file"))), QByteArray());
+    QCOMPARE(fileContent(path(QStringLiteral("file"))), QByteArray());
     QVERIFY(!isOpen(path(QStringLiteral("file"))));
 
     // The failed one does not stand in the way of the next.
     init();
     QCOMPARE(download(smallUrl, path(QStringLiteral("next"))), 0);
-    QCOMPARE(contentOf(path(QStringLiteral("next"))), smallContent);
+    QCOMPARE(fileContent(path(QStringLiteral("next"))), smallContent);
 }
 
 void tst_FtpDownLoad::passwordStaysOutOfTheDebugOutput()
@@ -240,7 +235,7 @@ void tst_FtpDownLoad::serverWithoutHelpIsGoodEnough()
 {
     m_server->refuseHelp();
     QCOMPARE(download(smallUrl, path(QStringLiteral("file"))), 0);
-    QCOMPARE(contentOf(path(QStringLiteral("file"))), smallContent);
+    QCOMPARE(fileContent(path(QStringLiteral("file"))), smallContent);
 }
 
 void tst_FtpDownLoad::serverThatClosesInTheMiddleIsNoticed()
@@ -251,7 +246,7 @@ void tst_FtpDownLoad::serverThatClosesInTheMiddleIsNoticed()
     clock.start();
     QCOMPARE(download(smallUrl, path(QStringLiteral("file"))), -1);
     QVERIFY(clock.elapsed() < 5000);
-    QCOMPARE(contentOf(path(QStringLiteral("file"))), smallContent.left(10));
+    QCOMPARE(fileContent(path(QStringLiteral("file"))), smallContent.left(10));
     QVERIFY(!isOpen(path(QStringLiteral("file"))));
 }
 
@@ -263,7 +258,7 @@ void tst_FtpDownLoad::finishThatIsAlreadyThereIsSeenAtTheDeadline()
     QObject busy;
     connect(manager, &QNetworkAccessManager::finished, &busy, [] { QTest::qSleep(10500); });
     QCOMPARE(download(smallUrl, path(QStringLiteral("file"))), 0);
-    QCOMPARE(contentOf(path(QStringLiteral("file"))), smallContent);
+    QCOMPARE(fileContent(path(QStringLiteral("file"))), smallContent);
 }
 
 void tst_FtpDownLoad::silentServerEndsTheWait()
@@ -297,7 +292,7 @@ void tst_FtpDownLoad::lateEndOfATimedOutDownload()
     // Nobody waits any more, but the data still belong to their own file.
     m_server->release();
     QTRY_VERIFY(!isOpen(path(QStringLiteral("late"))));
-    QCOMPARE(contentOf(path(QStringLiteral("late"))), smallContent);
+    QCOMPARE(fileContent(path(QStringLiteral("late"))), smallContent);
 
     // Its end does not count for the next one, which fails.
     m_server->stallAfter(-1);
@@ -314,10 +309,10 @@ void tst_FtpDownLoad::hangingDownloadDoesNotReachTheNextOne()
     m_server->stallAfter(-1);
     QTimer::singleShot(0, this, [this] { m_server->release(); });
     QCOMPARE(download(otherUrl, path(QStringLiteral("next"))), 0);
-    QCOMPARE(contentOf(path(QStringLiteral("next"))), otherContent);
+    QCOMPARE(fileContent(path(QStringLiteral("next"))), otherContent);
     QTest::qWait(200);
-    QCOMPARE(contentOf(path(QStringLiteral("next"))), otherContent);
-    QCOMPARE(contentOf(path(QStringLiteral("hanging"))), smallContent.left(10));
+    QCOMPARE(fileContent(path(QStringLiteral("next"))), otherContent);
+    QCOMPARE(fileContent(path(QStringLiteral("hanging"))), smallContent.left(10));
     QVERIFY(!isOpen(path(QStringLiteral("hanging"))));
 }
 
@@ -327,7 +322,7 @@ void tst_FtpDownLoad::connectionIsNotKeptForTheNextDownload()
     // A camera that restarts in between would leave a dead one.
     QTRY_COMPARE(m_server->sessionCount(), 0);
     QCOMPARE(download(otherUrl, path(QStringLiteral("file"))), 0);
-    QCOMPARE(contentOf(path(QStringLiteral("file"))), otherContent);
+    QCOMPARE(fileContent(path(QStringLiteral("file"))), otherContent);
 }
 
 void tst_FtpDownLoad::waitUsesNoProcessorTime()
@@ -349,7 +344,7 @@ void tst_FtpDownLoad::eventLoopStaysResponsive()
     connect(&ticks, &QTimer::timeout, this, [&turns] { ++turns; });
     ticks.start(0);
     QCOMPARE(download(QStringLiteral("ftp://127.0.0.1/large"), path(QStringLiteral("large"))), 0);
-    QCOMPARE(contentOf(path(QStringLiteral("large"))), large);
+    QCOMPARE(fileContent(path(QStringLiteral("large"))), large);
     // Taken in one piece it would be a handful.
     QVERIFY2(turns >= 8, qPrintable(QString::number(turns)));
 }
@@ -359,9 +354,9 @@ void tst_FtpDownLoad::faceReturnsTheWorkersResult()
     FtpDownLoadFace *face = FtpDownLoadFace::Get();
     const QString file = path(QStringLiteral("file"));
     QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(smallUrl, file); }), 0);
-    QCOMPARE(contentOf(file), smallContent);
+    QCOMPARE(fileContent(file), smallContent);
     QCOMPARE(onWorkerThread([&] { return face->ftpDownLoad(QStringLiteral("ftp://127.0.0.1/missing"), file); }), -1);
-    QCOMPARE(contentOf(file), QByteArray());
+    QCOMPARE(fileContent(file), QByteArray());
     // The GUI thread cannot wait for itself.
     QCOMPARE(face->ftpDownLoad(smallUrl, file), -1);
 }

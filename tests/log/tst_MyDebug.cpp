@@ -1,4 +1,5 @@
 #include "log/MyDebug.h"
+#include "support/fileContent.h"
 
 #include <functional>
 #include <limits>
@@ -27,8 +28,7 @@ QString logPath()
 
 QByteArray logBytes()
 {
-    QFile file(logPath());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no log file");
+    return fileContent(logPath());
 }
 
 void putLogBytes(const QByteArray &bytes)
@@ -312,8 +312,7 @@ void tst_MyDebug::worksInDirectoryWithBlanks()
 
     QCOMPARE(QProcess::execute(program, {QString::fromLatin1(writeRecordArgument)}), 0);
 
-    QVERIFY(log.open(QIODevice::ReadOnly));
-    const QByteArray bytes = log.readAll();
+    const QByteArray bytes = fileContent(log.fileName());
     QCOMPARE(bytes.size(), 1024001 + stampSize + 13);
     QVERIFY(bytes.endsWith(" : new  $#$\r\n"));
 }

@@ -1,6 +1,7 @@
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
+#include "support/fileContent.h"
 
 #include <QtTest>
 
@@ -42,8 +43,7 @@ QString tst_DetectionLog::path(const QString &identifier) const
 
 QByteArray tst_DetectionLog::written() const
 {
-    QFile file(path(QStringLiteral("AABBCCDDEEFF")));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    return fileContent(path(QStringLiteral("AABBCCDDEEFF")));
 }
 
 void tst_DetectionLog::init()

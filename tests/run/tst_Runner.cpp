@@ -3,6 +3,7 @@
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
+#include "support/fileContent.h"
 
 #include <QtTest>
 
@@ -80,9 +81,9 @@ void tst_Runner::run(const QList<ComponentTask> &plan)
 
 QByteArray tst_Runner::savedLog() const
 {
-    QFile file(m_folder.path() + QStringLiteral("/log/") + QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd")) +
-               QStringLiteral("_AABBCCDDEEFF/DetectorLog.txt"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    return fileContent(m_folder.path() + QStringLiteral("/log/") +
+                       QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd")) +
+                       QStringLiteral("_AABBCCDDEEFF/DetectorLog.txt"));
 }
 
 void tst_Runner::emptyPlan()

@@ -1,6 +1,7 @@
 #include "detector/store/KestDetectorFace.h"
-#include "ShellPeer.h"
+#include "support/fileContent.h"
 #include "support/MessageSpy.h"
+#include "support/ScriptedShellServer.h"
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
@@ -54,7 +55,7 @@ private:
     int connectNow();
     Reply command(const QString &line);
 
-    std::unique_ptr<ShellPeer> m_peer;
+    std::unique_ptr<ScriptedShellServer> m_peer;
 };
 
 /// Starts a blocking call on a thread of its own.
@@ -104,7 +105,7 @@ void tst_TelnetInteractive::initTestCase()
 
 void tst_TelnetInteractive::init()
 {
-    m_peer = std::make_unique<ShellPeer>();
+    m_peer = std::make_unique<ScriptedShellServer>();
     QVERIFY2(m_peer->isListening(), "127.0.0.10:23 cannot be opened here");
 }
 
@@ -353,10 +354,9 @@ void tst_TelnetInteractive::trafficIsInTheDiagnosticLog()
         QTimer::singleShot(100, m_peer.get(), [this] { m_peer->say("two\r\n~ # "); });
     };
     QCOMPARE(command(QStringLiteral("cat\n")).result, 0);
-    QVERIFY(file.open(QIODevice::ReadOnly));
     // The two blanks belong to each piece of a record; the time stamps are cut away.
     QByteArray texts;
-    const QByteArrayList records = file.readAll().replace("$#$\r\n", "\x01").split('\x01');
+    const QByteArrayList records = fileContent(file.fileName()).replace("$#$\r\n", "\x01").split('\x01');
     for (const QByteArray &record : records) {
         texts += record.mid(int(qstrlen("2024.05.06 07:08:09 : "))) + '|';
     }

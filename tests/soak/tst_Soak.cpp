@@ -1,5 +1,6 @@
 #include "CameraProcess.h"
 #include "isolation.h"
+#include "queries.h"
 #include "StationProcess.h"
 #include "waiting.h"
 
@@ -57,19 +58,7 @@ constexpr qint64 growthOfSettled = mebibyte;
 constexpr qint64 growthOfYoung = 12 * mebibyte;
 constexpr int runLimitMs = 180000;
 
-/// How often one run asks a command of a healthy camera, and how often there shall be a fault, in runs.
-struct Asked
-{
-    const char *command;
-    int perRun;
-    int runsPerFault;
-};
-
-constexpr Asked asked[] = {
-    {"getCameraState", 4, 16},   {"getGimbalDeviceInfo", 3, 24},      {"getBatteryInfo", 1, 24},
-    {"getBatteryStatus", 1, 24}, {"getTFCardStatus", 1, 24},          {"getTFCardUsedStatus", 1, 24},
-    {"ReadEEPROM", 1, 30},       {"getGimbalESCDevicesCheck", 4, 24}, {"getBatteryEscFactoryCheck", 1, 30},
-};
+constexpr int runsPerFault = 20; ///< of each query
 
 constexpr const char *kinds[] = {
     R"("drop")",
@@ -106,9 +95,9 @@ QByteArray drawFaults(QRandomGenerator &random, int requests, int gap)
 QByteArray drawScenario(QRandomGenerator &random, int runs)
 {
     QByteArrayList faults;
-    for (const Asked &row : asked) {
-        faults.append('"' + QByteArray(row.command) +
-                      "\": " + drawFaults(random, row.perRun * runs, row.perRun * row.runsPerFault));
+    for (const Query &query : allQueries) {
+        faults.append('"' + QByteArray(query.command) +
+                      "\": " + drawFaults(random, query.perRun * runs, query.perRun * runsPerFault));
     }
     // Every minute or so three pings in a row fail, and the link drops and comes back.
     QByteArrayList pings;

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "support/fileContent.h"
+
 #include <QByteArray>
 #include <QDir>
-#include <QFile>
 #include <QString>
 #include <QStringList>
 
@@ -12,9 +13,9 @@ inline QStringList processesWith(const QByteArray &text)
     QStringList found;
     const QStringList names = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs);
     for (const QString &name : names) {
-        QFile file(QStringLiteral("/proc/%1/cmdline").arg(name));
-        const bool readable = name.toInt() > 0 && file.open(QIODevice::ReadOnly);
-        const QByteArray commandLine = readable ? file.readAll().replace('\0', ' ') : QByteArray();
+        const QByteArray commandLine =
+            name.toInt() > 0 ? fileContent(QStringLiteral("/proc/%1/cmdline").arg(name), {}).replace('\0', ' ')
+                             : QByteArray();
         if (commandLine.contains(text)) {
             found.append(name + QLatin1Char(' ') + QString::fromUtf8(commandLine));
         }

@@ -1,38 +1,38 @@
-#include "ShellPeer.h"
+#include "support/ScriptedShellServer.h"
 
 #include <QHostAddress>
 
-ShellPeer::ShellPeer()
+ScriptedShellServer::ScriptedShellServer()
 {
-    connect(&m_server, &QTcpServer::newConnection, this, &ShellPeer::accept);
+    connect(&m_server, &QTcpServer::newConnection, this, &ScriptedShellServer::accept);
     m_server.listen(QHostAddress(QStringLiteral("127.0.0.10")), 23);
 }
 
-void ShellPeer::accept()
+void ScriptedShellServer::accept()
 {
     m_socket = m_server.nextPendingConnection();
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     ++m_connections;
     m_line.clear();
-    connect(m_socket, &QTcpSocket::readyRead, this, &ShellPeer::read);
+    connect(m_socket, &QTcpSocket::readyRead, this, &ScriptedShellServer::read);
     if (m_autoLogin) {
         say("(none) login: ");
     }
 }
 
-void ShellPeer::say(const QByteArray &text)
+void ScriptedShellServer::say(const QByteArray &text)
 {
     m_socket->write(text);
     m_socket->flush();
 }
 
-void ShellPeer::autoLogin()
+void ScriptedShellServer::autoLogin()
 {
     m_autoLogin = true;
     onLine = [this](const QByteArray &line) { say(line == "root" ? "root\r\nPassword: " : "\r\n~ # "); };
 }
 
-void ShellPeer::read()
+void ScriptedShellServer::read()
 {
     constexpr char interpretAsCommand = '\xff';
     const QByteArray bytes = m_socket->readAll();

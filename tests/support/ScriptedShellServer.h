@@ -9,12 +9,12 @@
 
 /// The camera's end of a shell connection, scripted: listens on 127.0.0.10:23 in this thread's event loop, keeps the
 /// text that it has received and says what it is told to say. Telnet negotiation is skipped on receipt; none is sent.
-class ShellPeer : public QObject
+class ScriptedShellServer : public QObject
 {
     Q_OBJECT
 
 public:
-    ShellPeer();
+    ScriptedShellServer();
 
     bool isListening() const { return m_server.isListening(); }
     int connections() const { return m_connections; }
