@@ -1,0 +1,108 @@
+#include "record/wholeFile.h"
+
+#include <csignal>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <sys/resource.h>
+
+namespace {
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+}
+
+/// Makes writing beyond `bytes` fail as on a full disk, for as long as it lives.
+class SmallFiles
+{
+public:
+    explicit SmallFiles(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit small{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallFiles()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    Q_DISABLE_COPY(SmallFiles)
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int);
+};
+} // namespace
+
+/// Files that are there completely or not at all.
+class tst_wholeFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void writesAndReplaces();
+    void tellsWhyNot_data();
+    void tellsWhyNot();
+    void leavesTheEarlierFileWhenTheDiskIsFull_data();
+    void leavesTheEarlierFileWhenTheDiskIsFull();
+};
+
+void tst_wholeFile::writesAndReplaces()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("记录.json"));
+    QCOMPARE(writeWholeFile(path, QByteArray(100000, 'a')), QString());
+    QCOMPARE(contentOf(path), QByteArray(100000, 'a'));
+    QCOMPARE(writeWholeFile(path, "b\n"), QString());
+    QCOMPARE(contentOf(path), QByteArray("b\n"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("记录.json")});
+}
+
+void tst_wholeFile::tellsWhyNot_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("no such folder") << "none/record.json"
+                                    << "No such file or directory";
+    QTest::newRow("below a file") << "file/record.json"
+                                  << "Not a directory";
+    QTest::newRow("a folder has the name") << "folder"
+                                           << "Filename refers to a directory";
+}
+
+void tst_wholeFile::tellsWhyNot()
+{
+    QFETCH(QString, path);
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder")));
+    QFile file(folder.filePath(QStringLiteral("file")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QTEST(writeWholeFile(folder.filePath(path), "a"), "reason");
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList({QStringLiteral("file"), QStringLiteral("folder")}));
+}
+
+void tst_wholeFile::leavesTheEarlierFileWhenTheDiskIsFull_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::newRow("a few bytes over") << 5000;
+    QTest::newRow("much over") << 100000;
+}
+
+void tst_wholeFile::leavesTheEarlierFileWhenTheDiskIsFull()
+{
+    QFETCH(int, size);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("record.json"));
+    QCOMPARE(writeWholeFile(path, "earlier"), QString());
+    const SmallFiles limit(4096);
+    QCOMPARE(writeWholeFile(path, QByteArray(size, 'a')), QStringLiteral("File too large"));
+    QCOMPARE(contentOf(path), QByteArray("earlier"));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("record.json")});
+}
+
+QTEST_GUILESS_MAIN(tst_wholeFile)
+#include "tst_wholeFile.moc"
