@@ -43,6 +43,7 @@ private slots:
     void whatBecameOfTheCamera_data();
     void whatBecameOfTheCamera();
     void whatHappensBetweenRunsConcernsNone();
+    void unsavedFilesBelongToOneRun();
     void everyPlanIsTakenOnce();
 };
 
@@ -186,6 +187,21 @@ void tst_RunExchange::whatHappensBetweenRunsConcernsNone()
     QVERIFY(run.finish().camera == Camera::Kept);
     run.noteLinkLost();
     QVERIFY(run.finish().camera == Camera::Kept);
+}
+
+void tst_RunExchange::unsavedFilesBelongToOneRun()
+{
+    RunExchange run;
+    run.post({});
+    run.take(cameraA);
+    run.noteUnsaved({QStringLiteral("/a/dmesg.txt"), QStringLiteral("Read-only file system")});
+    const RunEnd end = run.finish();
+    QCOMPARE(end.unsaved.size(), 1);
+    QCOMPARE(end.unsaved.constFirst().path, QStringLiteral("/a/dmesg.txt"));
+    QCOMPARE(end.unsaved.constFirst().reason, QStringLiteral("Read-only file system"));
+    run.post({});
+    run.take(cameraA);
+    QVERIFY(run.finish().unsaved.isEmpty());
 }
 
 void tst_RunExchange::everyPlanIsTakenOnce()

@@ -3,13 +3,22 @@
 #include "detector/store/checkLog.h"
 #include "detector/store/ComponentTask.h"
 #include "detector/store/Guarded.h"
+#include "detector/store/Notices.h"
 #include "detector/store/RunExchange.h"
+#include "detector/store/Safeguards.h"
 #include "detector/store/Settings.h"
 
 #include <atomic>
 #include <QList>
 #include <QObject>
 #include <QString>
+
+/// The camera's shell as the supervisor knows it.
+enum class ShellState {
+    None,      ///< no link, or no login has succeeded since it came up
+    Up,        ///< logged in
+    Regaining, ///< was up on this link, and its connection has gone
+};
 
 /// The process-wide meeting point of the worker side and the window: the settings, the state of the run and of the
 /// link, and the signals that tell the window what to show.
@@ -32,10 +41,13 @@ public:
     QList<checkLog> checkLogList() const { return run.checkLogList(); }
     Guarded<QString> savePath; ///< the operator's folder; at first the application's directory
 
+    Notices notices; ///< what the operator is told in plain words
+
     std::atomic<int> quitFlag{0}; ///< not 0: waiting telnet and FTP calls give up
 
     // The link, written by the camera supervisor and by the WiFi and MAC readers.
     std::atomic<bool> connectState{false};
+    std::atomic<ShellState> shellState{ShellState::None};
     Guarded<QString> pcAddress;     ///< the PC's own IPv4 address on the camera's network
     Guarded<QString> cameraAddress; ///< the camera's IPv4 address: host of telnet and FTP
     Guarded<QString> wifiName;
@@ -44,6 +56,7 @@ public:
 
     /// What option.ini said at start.
     const Settings &settings() const { return m_settings; }
+    Safeguards safeguards() const { return Safeguards(m_settings.safeguards); }
     /// To be called once, before any worker exists: everybody reads the settings without a lock.
     void setSettings(const Settings &settings) { m_settings = settings; }
 

@@ -21,6 +21,7 @@ std::optional<QList<ComponentTask>> RunExchange::take(const QString &macAddress)
     m_active = true;
     m_run.identity = {macAddress, QDateTime::currentDateTime()};
     m_run.camera = RunEnd::Camera::Kept;
+    m_run.unsaved.clear();
     m_knownMac = macAddress;
     return m_plan;
 }
@@ -29,6 +30,12 @@ void RunExchange::append(const checkLog &log)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_run.logs.append(log);
+}
+
+void RunExchange::noteUnsaved(const UnsavedFile &file)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_run.unsaved.append(file);
 }
 
 RunEnd RunExchange::finish()

@@ -16,6 +16,13 @@ struct RunIdentity
     QDateTime begin;    ///< local time
 };
 
+/// A file that the run should have left and did not.
+struct UnsavedFile
+{
+    QString path;
+    QString reason; ///< the system's own words: "No space left on device"
+};
+
 /// What a run has left when it ends.
 struct RunEnd
 {
@@ -28,6 +35,7 @@ struct RunEnd
     RunIdentity identity;
     QList<checkLog> logs; ///< in the order in which the components ran
     Camera camera = Camera::Kept;
+    QList<UnsavedFile> unsaved;
 };
 
 /// How a run changes hands: the window posts a plan, the runner takes it, the component routines append their records,
@@ -47,6 +55,7 @@ public:
     /// this moment.
     std::optional<QList<ComponentTask>> take(const QString &macAddress);
     void append(const checkLog &log);
+    void noteUnsaved(const UnsavedFile &file);
     /// The run is over, and the next may be posted. Hands out what is left of it.
     RunEnd finish();
 
