@@ -57,14 +57,16 @@ file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/tmp)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/tests/runtime)
 file(CHMOD ${CMAKE_BINARY_DIR}/tests/runtime PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 
-# Temporary files and the desktop's run-time files stay inside the build folder.
-function(kest_add_test name)
-    cmake_parse_arguments(arg "STATION;PORT_23;CAGE" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
-    add_executable(${name} ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE ${arg_LINK} Qt5::Test kest_flags)
-    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+# kest_register_test(<name> COMMAND ... [FOLDER dir] [ENVIRONMENT ...] [TIMEOUT s] [STATION] [PORT_23] [CAGE]): what
+# kest_add_test does for a command that is no Qt Test program. Temporary files and the desktop's run-time files stay inside
+# the build folder.
+function(kest_register_test name)
+    cmake_parse_arguments(arg "STATION;PORT_23;CAGE" "TIMEOUT;FOLDER" "COMMAND;ENVIRONMENT" ${ARGN})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
+    endif()
+    if(NOT arg_FOLDER)
+        set(arg_FOLDER ${CMAKE_CURRENT_BINARY_DIR})
     endif()
     set(network)
     set(limit TIMEOUT ${arg_TIMEOUT})
@@ -79,9 +81,24 @@ function(kest_add_test name)
     if(arg_CAGE)
         list(APPEND network --cage)
     endif()
-    add_test(NAME ${name} COMMAND ${network} $<TARGET_FILE:${name}> WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+    add_test(NAME ${name} COMMAND ${network} ${arg_COMMAND} WORKING_DIRECTORY ${arg_FOLDER})
     set_tests_properties(${name} PROPERTIES
         ${limit}
         SKIP_REGULAR_EXPRESSION "own-network.sh: cannot be run here"
         ENVIRONMENT "${kest_test_environment};${arg_ENVIRONMENT}")
+endfunction()
+
+function(kest_add_test name)
+    cmake_parse_arguments(arg "STATION;PORT_23;CAGE" "TIMEOUT" "SOURCES;LINK;ENVIRONMENT" ${ARGN})
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE ${arg_LINK} Qt5::Test kest_flags)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+    set(needs)
+    foreach(need STATION PORT_23 CAGE)
+        if(arg_${need})
+            list(APPEND needs ${need})
+        endif()
+    endforeach()
+    kest_register_test(${name} COMMAND $<TARGET_FILE:${name}> FOLDER ${CMAKE_BINARY_DIR}/tests/${name}
+        ENVIRONMENT ${arg_ENVIRONMENT} TIMEOUT ${arg_TIMEOUT} ${needs})
 endfunction()

@@ -5,8 +5,8 @@
 
 Every relative link of README.md, emulator/README.md and docs/*.md leads to a file, and to a heading of it where it names
 one. Every path in code style that begins with a folder of the project exists, and so does every source file that is named
-without its folder. README.md has at most 250 lines. Prints each offence as "file:line: reason"; exit code 1 when there is
-one.
+without its folder. README.md has at most 250 lines, and its table of settings has those that the station reads. Prints each
+offence as "file:line: reason"; exit code 1 when there is one.
 """
 import pathlib
 import re
@@ -78,6 +78,26 @@ def document_offences(project, document, tops, names):
             yield f'{document.relative_to(project)}:{number}: {reason}'
 
 
+def settings_offences(project):
+    """The keys of the table in Settings.cpp against those of the README's."""
+    read = set(re.findall(r'"([A-Z]\w+/\w+)"', (project / 'src/detector/store/Settings.cpp').read_text(encoding='utf-8')))
+    listed = set()
+    section = None
+    for _, line, _ in lines_of(project / 'README.md'):
+        heading = re.match(r'\| \*\*`\[(\w+)\]`\*\* \|', line)
+        key = re.match(r'\| `(\w+)` \|', line)
+        if heading:
+            section = heading.group(1)
+        elif not line.startswith('|'):
+            section = None
+        elif key and section:
+            listed.add(f'{section}/{key.group(1)}')
+    for key in sorted(read - listed):
+        yield f'README.md: the setting {key} is not in its table'
+    for key in sorted(listed - read):
+        yield f'README.md: the station reads no setting {key}'
+
+
 def main():
     project = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).parent.parent).resolve()
     tops = {entry.name for entry in project.iterdir()
@@ -86,6 +106,7 @@ def main():
     names |= {entry.name for entry in project.iterdir()}
     documents = [project / 'README.md', project / 'emulator' / 'README.md', *sorted((project / 'docs').glob('*.md'))]
     offences = [offence for document in documents for offence in document_offences(project, document, tops, names)]
+    offences += settings_offences(project)
     length = len((project / 'README.md').read_text(encoding='utf-8').splitlines())
     if length > LONGEST_README:
         offences.append(f'README.md: {length} lines, at most {LONGEST_README}: a newcomer has to finish it')

@@ -76,7 +76,7 @@ def minimal_camera():
 
 
 def emulated_camera():
-    return Running(arguments.emulator, '--address', CAMERA)
+    return Running(arguments.emulator, '--address', CAMERA, '--no-shell', '--no-ftp')
 
 
 def client_output():
