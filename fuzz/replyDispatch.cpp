@@ -73,6 +73,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return 0;
     }
     Bytes datagram = (data[0] & asItIs) != 0 ? Bytes(data + 1, data + size) : validReply(data[0], {data + 1, size - 1});
-    UDPTransciever::handleDatagram(datagram.data(), static_cast<int>(datagram.size()));
+    static Camera camera([](KestDataPacket &) { return 0; });
+    static const UDPTransciever transciever(nullptr, {},
+                                            [](protocol::Command command, int code, const std::uint8_t *reply,
+                                               int length) { camera.handleReply(command, code, reply, length); });
+    transciever.handleDatagram(datagram.data(), static_cast<int>(datagram.size()));
     return 0;
 }

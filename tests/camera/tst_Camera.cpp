@@ -1,14 +1,15 @@
-#include "camera/client/Camera.h"
-#include "camera/client/UDPTransciever.h"
+#include "camera/client/deviceCommands.h"
 #include "camera/codec/KestDataPacket.h"
 #include "DatagramPeer.h"
-#include "detector/store/KestDetectorFace.h"
+#include "OwnClient.h"
 #include "support/MessageSpy.h"
 #include "support/onWorkerThread.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <QtTest>
+#include <thread>
 
 using emulator::Frame;
 
@@ -46,9 +47,8 @@ class tst_Camera : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void init();
-    void cleanupTestCase();
+    void cleanup();
 
     void exchange_data();
     void exchange();
@@ -62,39 +62,39 @@ private slots:
     void lateReplySatisfiesTheNextRequest();
     void doubledReplyIsHarmless();
     void abandonedRequestsReturnAtOnce();
+    void waitTimes_data();
+    void waitTimes();
+    void unansweredRequestWaitsItsTime();
+    void replyThatNoCommandExpectsIsTold();
+    void requestThatIsNotSentIsTold();
 
 private:
     QString make(const Request &request);
 
     std::unique_ptr<DatagramPeer> m_peer;
+    std::unique_ptr<OwnClient> m_client;
     QByteArray m_reply; ///< result code and data that the peer answers with
 };
 
-void tst_Camera::initTestCase()
-{
-    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
-    UDPTransciever::Get(); // takes the address before the supervisor, which finds no camera here, empties it
-}
-
 void tst_Camera::init()
 {
-    m_peer.reset(); // the port is free again
     m_peer = std::make_unique<DatagramPeer>();
     QVERIFY(m_peer->isListening());
     m_peer->onRequest = [this](const Frame &request) {
         m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, m_reply)));
     };
+    m_client = std::make_unique<OwnClient>();
 }
 
-void tst_Camera::cleanupTestCase()
+void tst_Camera::cleanup()
 {
-    UDPTransciever::Get()->killThread();
-    Camera::Get()->killThread();
+    m_client.reset();
+    m_peer.reset();
 }
 
 QString tst_Camera::make(const Request &request)
 {
-    return onWorkerThread([&] { return request(*Camera::Get()); });
+    return onWorkerThread([&] { return request(m_client->camera); });
 }
 
 void tst_Camera::exchange_data()
@@ -375,9 +375,9 @@ void tst_Camera::eepromCountBeyondAFrame_data()
 void tst_Camera::eepromCountBeyondAFrame()
 {
     QFETCH(int, count);
-    m_peer->onRequest = [count](const Frame &) {
+    m_peer->onRequest = [&](const Frame &) {
         const QByteArray data = counted(QByteArray(count, 'e'));
-        Camera::Get()->ReadEEPROM_Notify(0, reinterpret_cast<const std::uint8_t *>(data.constData()), data.size());
+        m_client->camera.ReadEEPROM_Notify(0, reinterpret_cast<const std::uint8_t *>(data.constData()), data.size());
     };
     QTEST(make([](Camera &camera) {
               EEPromBuf buffer;
@@ -409,18 +409,20 @@ void tst_Camera::appIpReport()
 
 void tst_Camera::lateReplySatisfiesTheNextRequest()
 {
-    // The reply comes 2.1 s after its request: after the first ping has given up, while the second one waits.
+    // The reply to the first ping comes when that one has given up: it is sent when the second one is there.
+    std::optional<Frame> first;
     int pings = 0;
     m_peer->onRequest = [&](const Frame &request) {
         if (++pings == 1) {
-            QTimer::singleShot(2100, Qt::PreciseTimer, m_peer.get(), [this, request] {
-                m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0'))));
-            });
+            first = request;
+        } else {
+            m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(*first, QByteArray(1, '\0'))));
         }
     };
     QCOMPARE(make([](Camera &camera) { return outcome(camera.Ping()); }), QStringLiteral("118"));
     QCOMPARE(make([](Camera &camera) { return outcome(camera.Ping()); }), QStringLiteral("0"));
     QCOMPARE(pings, 2);
+    QVERIFY(m_peer->requests().at(0).sequence != m_peer->requests().at(1).sequence);
 }
 
 void tst_Camera::doubledReplyIsHarmless()
@@ -442,7 +444,7 @@ void tst_Camera::doubledReplyIsHarmless()
 
 void tst_Camera::abandonedRequestsReturnAtOnce()
 {
-    m_peer->onRequest = [](const Frame &) { Camera::Get()->abandonRequests(); };
+    m_peer->onRequest = [this](const Frame &) { m_client->camera.abandonRequests(); };
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(make([](Camera &camera) { return outcome(camera.setGimbalFactoryCheck(1)); }), QStringLiteral("118"));
@@ -451,6 +453,93 @@ void tst_Camera::abandonedRequestsReturnAtOnce()
     QCOMPARE(make([](Camera &camera) { return outcome(camera.Ping()); }), QStringLiteral("118"));
     QVERIFY(clock.elapsed() < 1500);
     QCOMPARE(m_peer->datagrams().size(), 0);
+}
+
+void tst_Camera::waitTimes_data()
+{
+    QTest::addColumn<int>("wait");
+    QTest::addColumn<int>("milliseconds");
+
+    const auto row = [](const char *name, const DeviceCommand &command, int milliseconds) {
+        QTest::newRow(name) << static_cast<int>(command.wait.count()) << milliseconds;
+    };
+    row("registerPC", deviceCommand::registerPC, 1000);
+    row("Ping", deviceCommand::Ping, 2000);
+    row("getCameraState", deviceCommand::getCameraState, 2000);
+    row("getTFCardStatus", deviceCommand::getTFCardStatus, 2000);
+    row("getTFCardUsedStatus", deviceCommand::getTFCardUsedStatus, 2000);
+    row("getBatteryInfo", deviceCommand::getBatteryInfo, 2000);
+    row("getBatteryStatus", deviceCommand::getBatteryStatus, 2000);
+    row("getBatteryEscFactoryCheck", deviceCommand::getBatteryEscFactoryCheck, 3000);
+    row("getGimbalDeviceInfo", deviceCommand::getGimbalDeviceInfo, 2000);
+    row("fetchGimbalState", deviceCommand::fetchGimbalState, 2000);
+    row("getGimbalESCDevicesCheck", deviceCommand::getGimbalESCDevicesCheck, 2000);
+    row("setGimbalAnguVeloPosi", deviceCommand::setGimbalAnguVeloPosi, 3000);
+    row("setGimbalFactoryCheck", deviceCommand::setGimbalFactoryCheck, 2000);
+    row("ReadEEPROM", deviceCommand::ReadEEPROM, 3000);
+}
+
+void tst_Camera::waitTimes()
+{
+    QFETCH(int, wait);
+    QTEST(wait, "milliseconds");
+}
+
+void tst_Camera::unansweredRequestWaitsItsTime()
+{
+    // The longest and the shortest wait, one beside the other; the other commands' are in the table above.
+    m_peer->onRequest = nullptr;
+    const auto timed = [](const std::function<void()> &request) {
+        QElapsedTimer clock;
+        clock.start();
+        request();
+        return clock.elapsed();
+    };
+    qint64 registration = 0;
+    const qint64 eeprom = onWorkerThread([&] {
+        std::thread other([&] { registration = timed([&] { m_client->camera.registerPC(QString()); }); });
+        const qint64 time = timed([&] {
+            EEPromBuf buffer;
+            m_client->camera.ReadEEPROM(0, 1, &buffer);
+        });
+        other.join();
+        return time;
+    });
+    QVERIFY2(registration >= 1000 && registration < 2000, qPrintable(QString::number(registration)));
+    QVERIFY2(eeprom >= 3000 && eeprom < 4000, qPrintable(QString::number(eeprom)));
+}
+
+void tst_Camera::replyThatNoCommandExpectsIsTold()
+{
+    m_peer->onRequest = [this](const Frame &request) {
+        Frame unknown = DatagramPeer::replyTo(request, QByteArray(1, '\0'));
+        unknown.commandId = 0x23;
+        for (int count = 0; count < 100; ++count) {
+            m_peer->send(emulator::encodeFrame(unknown));
+        }
+        unknown.commandSet = 7;
+        m_peer->send(emulator::encodeFrame(unknown));
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0'))));
+    };
+    const MessageSpy spy;
+    QCOMPARE(make([](Camera &camera) { return outcome(camera.Ping()); }), QStringLiteral("0"));
+    // Once, and not a hundred times: whoever sends these could send millions.
+    QCOMPARE(spy.messages(), QStringList{QStringLiteral("A reply to a command that is never sent: (Factory) 0x0023")});
+}
+
+void tst_Camera::requestThatIsNotSentIsTold()
+{
+    int sends = 0;
+    Camera camera([&sends](KestDataPacket &) {
+        ++sends;
+        return -1;
+    });
+    const MessageSpy spy;
+    std::thread other([&] { camera.registerPC(QString()); });
+    QCOMPARE(camera.registerPC(QStringLiteral("127.0.0.1")), 118);
+    other.join();
+    QCOMPARE(sends, 2);
+    QCOMPARE(spy.messages(), QStringList{QStringLiteral("A request was not sent: (Universal) 0x0020")});
 }
 
 QTEST_GUILESS_MAIN(tst_Camera)

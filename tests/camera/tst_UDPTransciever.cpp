@@ -1,8 +1,6 @@
-#include "camera/client/Camera.h"
-#include "camera/client/UDPTransciever.h"
 #include "camera/codec/KestDataPacket.h"
 #include "DatagramPeer.h"
-#include "detector/store/KestDetectorFace.h"
+#include "OwnClient.h"
 #include "support/MessageSpy.h"
 #include "support/onWorkerThread.h"
 
@@ -39,11 +37,11 @@ class tst_UDPTransciever : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void init();
-    void cleanupTestCase();
+    void cleanup();
 
     void sendsCarrySequenceNumbers();
+    void numbersBeginAnewAfterTheLast();
     void longestFrameIsSent();
     void tooLongFrameAborts();
     void whatIsNoReplyIsIgnored_data();
@@ -61,26 +59,23 @@ private slots:
 private:
     static KestDataPacket ping();
 
-    std::unique_ptr<DatagramPeer> m_peer;
-};
+    int pingFromAWorker();
 
-void tst_UDPTransciever::initTestCase()
-{
-    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
-}
+    std::unique_ptr<DatagramPeer> m_peer;
+    std::unique_ptr<OwnClient> m_client;
+};
 
 void tst_UDPTransciever::init()
 {
-    m_peer.reset(); // the port is free again
     m_peer = std::make_unique<DatagramPeer>();
     QVERIFY(m_peer->isListening());
+    m_client = std::make_unique<OwnClient>();
 }
 
-void tst_UDPTransciever::cleanupTestCase()
+void tst_UDPTransciever::cleanup()
 {
-    UDPTransciever::Get()->killThread();
-    Camera::Get()->abandonRequests();
-    Camera::Get()->killThread();
+    m_client.reset();
+    m_peer.reset();
 }
 
 KestDataPacket tst_UDPTransciever::ping()
@@ -94,11 +89,16 @@ KestDataPacket tst_UDPTransciever::ping()
     return packet;
 }
 
+int tst_UDPTransciever::pingFromAWorker()
+{
+    return onWorkerThread([this] { return m_client->camera.Ping(); });
+}
+
 void tst_UDPTransciever::sendsCarrySequenceNumbers()
 {
     KestDataPacket packet = ping();
     for (const int number : {1, 2, 3}) {
-        QCOMPARE(UDPTransciever::Get()->sendPacket(packet), 12);
+        QCOMPARE(m_client->transciever.sendPacket(packet), 12);
         QCOMPARE(int{packet.seq}, number);
     }
     QTRY_COMPARE(m_peer->datagrams().size(), 3);
@@ -107,19 +107,41 @@ void tst_UDPTransciever::sendsCarrySequenceNumbers()
     QCOMPARE(m_peer->datagrams().at(2), QByteArray::fromHex("aa000c1200037cde00616022"));
 }
 
+void tst_UDPTransciever::numbersBeginAnewAfterTheLast()
+{
+    KestDataPacket packet = ping();
+    {
+        // Whoever sends, all frames of the program are numbered together: these go where nobody listens.
+        OwnClient elsewhere(QStringLiteral("127.0.0.11"), 7778);
+        while (packet.seq != 65533) {
+            QCOMPARE(elsewhere.transciever.sendPacket(packet), 12);
+        }
+    }
+    for (const int number : {65534, 65535, 0, 1}) {
+        QCOMPARE(m_client->transciever.sendPacket(packet), 12);
+        QCOMPARE(int{packet.seq}, number);
+    }
+    QTRY_COMPARE(m_peer->datagrams().size(), 4);
+    QList<int> numbers;
+    const QList<Frame> requests = m_peer->requests();
+    for (const Frame &frame : requests) {
+        numbers.append(frame.sequence);
+    }
+    QCOMPARE(numbers, QList<int>({65534, 65535, 0, 1}));
+}
+
 void tst_UDPTransciever::longestFrameIsSent()
 {
     KestDataPacket packet = ping();
     packet.len = 1023;
     packet.data.fill(0x5A);
-    QCOMPARE(UDPTransciever::Get()->sendPacket(packet), 1023);
+    QCOMPARE(m_client->transciever.sendPacket(packet), 1023);
     QTRY_COMPARE(m_peer->requests().size(), 1);
     QCOMPARE(m_peer->requests().constFirst().payload, QByteArray(1011, '\x5A'));
 }
 
 void tst_UDPTransciever::tooLongFrameAborts()
 {
-    UDPTransciever::Get();
     int output[2] = {-1, -1};
     QVERIFY(pipe(output) == 0);
     const pid_t child = fork();
@@ -128,7 +150,7 @@ void tst_UDPTransciever::tooLongFrameAborts()
         std::signal(SIGABRT, SIG_DFL);
         KestDataPacket packet = ping();
         packet.len = 1024;
-        UDPTransciever::Get()->sendPacket(packet);
+        m_client->transciever.sendPacket(packet);
         _exit(0);
     }
     close(output[1]);
@@ -166,7 +188,7 @@ void tst_UDPTransciever::whatIsNoReplyIsIgnored()
         m_peer->send(datagram);
         m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x05"))));
     };
-    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 5);
+    QCOMPARE(pingFromAWorker(), 5);
 }
 
 void tst_UDPTransciever::onlyWhatARecordHoldsIsAReply_data()
@@ -200,7 +222,7 @@ void tst_UDPTransciever::onlyWhatARecordHoldsIsAReply()
             if (overTheSocket) {
                 m_peer->send(frame);
             } else {
-                UDPTransciever::handleDatagram(reinterpret_cast<std::uint8_t *>(frame.data()), frame.size());
+                m_client->transciever.handleDatagram(reinterpret_cast<std::uint8_t *>(frame.data()), frame.size());
             }
             if (bytesRead > 1) {
                 break; // the long one is the answer
@@ -208,7 +230,7 @@ void tst_UDPTransciever::onlyWhatARecordHoldsIsAReply()
         }
     };
     EEPromBuf buffer;
-    QCOMPARE(onWorkerThread([&] { return Camera::Get()->ReadEEPROM(0, 1, &buffer); }), 0);
+    QCOMPARE(onWorkerThread([&] { return m_client->camera.ReadEEPROM(0, 1, &buffer); }), 0);
     QCOMPARE(buffer.length(), bytesRead);
     const QByteArray read(reinterpret_cast<const char *>(buffer.data()), buffer.length());
     QCOMPARE(read, QByteArray(bytesRead, 'e'));
@@ -222,19 +244,21 @@ void tst_UDPTransciever::replyFromAnotherPortIsIgnored()
         other.send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x09"))));
         m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x05"))));
     };
-    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 5);
+    QCOMPARE(pingFromAWorker(), 5);
 }
 
 void tst_UDPTransciever::senderWhoseTextContainsThePeerIsAccepted()
 {
     // "127.0.0.10" contains "127.0.0.1", as an IPv4-mapped IPv6 text contains the IPv4 text.
     KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.1");
-    const auto other = std::make_unique<UDPTransciever>(nullptr, UDPortArgs{7778, 9999, "192.168.88.10"});
-    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
+    const UDPTransciever other(nullptr, {7778, 9999, "192.168.88.10"},
+                               [this](protocol::Command command, int code, const std::uint8_t *data, int length) {
+                                   m_client->camera.handleReply(command, code, data, length);
+                               });
     m_peer->onRequest = [&](const Frame &request) {
         m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x06"))), 7778);
     };
-    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 6);
+    QCOMPARE(pingFromAWorker(), 6);
 }
 
 void tst_UDPTransciever::peerStaysWhenTheCameraAddressChanges()
@@ -243,8 +267,7 @@ void tst_UDPTransciever::peerStaysWhenTheCameraAddressChanges()
     m_peer->onRequest = [&](const Frame &request) {
         m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0'))));
     };
-    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 0);
-    KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.10");
+    QCOMPARE(pingFromAWorker(), 0);
 }
 
 void tst_UDPTransciever::garbageAndFloodAreSurvived()
@@ -258,19 +281,19 @@ void tst_UDPTransciever::garbageAndFloodAreSurvived()
             m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0'))));
         });
     };
-    QCOMPARE(onWorkerThread([] { return Camera::Get()->Ping(); }), 0);
+    QCOMPARE(pingFromAWorker(), 0);
 }
 
 void tst_UDPTransciever::concurrentSendsDoNotMix()
 {
     constexpr int sends = 100; // both together fit into the peer's receive buffer
-    const auto sender = [](std::uint16_t id) {
+    const auto sender = [this](std::uint16_t id) {
         KestDataPacket packet = ping();
         packet.cmdId = id;
         packet.len = 112;
         std::fill_n(packet.data.begin(), 100, static_cast<std::uint8_t>(id));
         for (int count = 0; count < sends; ++count) {
-            UDPTransciever::Get()->sendPacket(packet);
+            m_client->transciever.sendPacket(packet);
         }
     };
     std::thread first(sender, std::uint16_t{0x31});

@@ -3,24 +3,13 @@
 #include "camera/client/recordCodec.h"
 #include "camera/client/UDPTransciever.h"
 #include "camera/codec/PacketCodec.h"
-#include "detector/readers/systemInfo.h"
-#include "detector/store/KestDetectorFace.h"
-#include "detector/store/networkHelpers.h"
-#include "detector/store/Settings.h"
-#include "telnet/session/TelnetInteractiveFace.h"
+#include "camera/supervisor/Supervisor.h"
+#include "camera/supervisor/systemInformation.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
-#include <chrono>
 #include <QDebug>
-
-/// One command of the camera: who answers it and how long the answer may take.
-struct DeviceCommand
-{
-    protocol::Device receiver;
-    protocol::Command command;
-    int waitSeconds;
-};
+#include <utility>
 
 /// A block of the camera's sensor EEPROM.
 struct EepromBlock
@@ -30,25 +19,6 @@ struct EepromBlock
 };
 
 namespace {
-using protocol::Device;
-
-namespace deviceCommand {
-constexpr DeviceCommand registerPC{Device::Camera, protocol::command::registerPC, 1};
-constexpr DeviceCommand Ping{Device::Camera, protocol::command::Ping, 2};
-constexpr DeviceCommand getCameraState{Device::Camera, protocol::command::getCameraState, 2};
-constexpr DeviceCommand getTFCardStatus{Device::Camera, protocol::command::getTFCardStatus, 2};
-constexpr DeviceCommand getTFCardUsedStatus{Device::Camera, protocol::command::getTFCardUsedStatus, 2};
-constexpr DeviceCommand getBatteryInfo{Device::Battery, protocol::command::getBatteryInfo, 2};
-constexpr DeviceCommand getBatteryStatus{Device::Battery, protocol::command::getBatteryStatus, 2};
-constexpr DeviceCommand getBatteryEscFactoryCheck{Device::Battery, protocol::command::getBatteryEscFactoryCheck, 3};
-constexpr DeviceCommand getGimbalDeviceInfo{Device::Gimbal, protocol::command::getGimbalDeviceInfo, 2};
-constexpr DeviceCommand fetchGimbalState{Device::Gimbal, protocol::command::fetchGimbalState, 2};
-constexpr DeviceCommand getGimbalESCDevicesCheck{Device::Gimbal, protocol::command::getGimbalESCDevicesCheck, 2};
-constexpr DeviceCommand setGimbalAnguVeloPosi{Device::Gimbal, protocol::command::setGimbalAnguVeloPosi, 3};
-constexpr DeviceCommand setGimbalFactoryCheck{Device::Gimbal, protocol::command::setGimbalFactoryCheck, 2};
-constexpr DeviceCommand ReadEEPROM{Device::Camera, protocol::command::ReadEEPROM, 3};
-} // namespace deviceCommand
-
 namespace eeprom {
 constexpr EepromBlock sfr{5824, 720};
 constexpr EepromBlock sfrCrc{6544, 4};
@@ -63,15 +33,11 @@ constexpr EepromBlock focusMark{4203, 2};
 constexpr EepromBlock factoryMark{8162, 2};
 } // namespace eeprom
 
-constexpr std::chrono::milliseconds supervisorPause(1000);
-constexpr std::chrono::milliseconds exitLimit(2000);
-constexpr int toleratedPings = 2; // the next failure in a row drops the link
-
 KestDataPacket makeRequest(const DeviceCommand &command, std::initializer_list<unsigned> payload)
 {
     KestDataPacket packet;
     packet.len = static_cast<std::uint16_t>(static_cast<std::size_t>(protocol::headerSize) + payload.size());
-    packet.sender = static_cast<std::uint8_t>(Device::Pc);
+    packet.sender = static_cast<std::uint8_t>(protocol::Device::Pc);
     packet.receiver = static_cast<std::uint8_t>(command.receiver);
     packet.cmdSet = static_cast<std::uint8_t>(command.command.set);
     packet.cmdId = command.command.id;
@@ -80,9 +46,9 @@ KestDataPacket makeRequest(const DeviceCommand &command, std::initializer_list<u
     return packet;
 }
 
-QString subnetPrefix(const QString &address)
+QString nameOf(protocol::Command command)
 {
-    return address.left(address.lastIndexOf(QLatin1Char('.')) + 1);
+    return QString::fromStdString(getCmdSetName(static_cast<std::uint8_t>(command.set)) + uint162hexstr(command.id));
 }
 } // namespace
 
@@ -92,11 +58,14 @@ std::shared_ptr<Camera> Camera::Get()
     return ptr;
 }
 
-Camera::Camera()
+// The transceiver comes with the first request: it takes the camera's address from the facade, where the supervisor
+// has put it by then.
+Camera::Camera() : Camera([](KestDataPacket &packet) { return UDPTransciever::Get()->sendPacket(packet); })
 {
-    m_eeprom.record = std::make_shared<EEPromBuf>();
-    m_supervisor = std::make_shared<std::thread>(&Camera::func, this);
+    m_supervisor = std::make_unique<Supervisor>(*this);
 }
+
+Camera::Camera(SendPacket send) : m_send(std::move(send)) {}
 
 Camera::~Camera()
 {
@@ -106,26 +75,20 @@ Camera::~Camera()
 
 void Camera::killThread()
 {
-    if (!m_supervisor->joinable()) {
-        return;
+    if (m_supervisor) {
+        m_supervisor->stop();
     }
-    {
-        std::unique_lock<std::mutex> lock(m_loopMutex);
-        running = false;
-        exited = false;
-        m_loopCond.notify_all();
-        m_loopCond.wait_for(lock, exitLimit, [this] { return exited; });
-    }
-    m_supervisor->join();
+}
+
+Camera::Completion::Completion(Camera *camera, const DeviceCommand &row, Handler notify) : command(row), handler(notify)
+{
+    camera->m_completions.push_back(this);
 }
 
 void Camera::abandonRequests()
 {
     m_abandoned = true;
-    for (Completion *slot : std::initializer_list<Completion *>{
-             &m_registerPC, &m_ping, &m_batteryEscFactoryCheck, &m_gimbalAnguVeloPosi, &m_gimbalFactoryCheck,
-             &m_cameraState, &m_tfCardStatus, &m_tfCardUsedStatus, &m_batteryInfo, &m_batteryStatus,
-             &m_gimbalDeviceInfo, &m_gimbalState, &m_gimbalEscDevicesCheck, &m_eeprom}) {
+    for (Completion *slot : m_completions) {
         // Passing through the mutex makes sure that a waiter has either seen the flag or is already waiting.
         {
             const std::lock_guard<std::mutex> lock(slot->mutex);
@@ -136,17 +99,23 @@ void Camera::abandonRequests()
 
 // Requests
 
+void Camera::send(const DeviceCommand &command, KestDataPacket &packet)
+{
+    if (m_send(packet) < 0) {
+        m_sendFailed.tell(QStringLiteral("A request was not sent:") + nameOf(command.command));
+    }
+}
+
 template <class Take>
-int Camera::request(Completion &slot, KestDataPacket &packet, int waitSeconds, Take take)
+int Camera::request(Completion &slot, KestDataPacket &packet, Take take)
 {
     const std::lock_guard<std::mutex> oneRequest(slot.oneRequest);
     // Held from before the send until the wait begins, or a reply within microseconds would notify nobody.
     std::unique_lock<std::mutex> lock(slot.mutex);
     const std::uint64_t before = slot.completions;
     if (!m_abandoned) {
-        UDPTransciever::Get()->sendPacket(packet);
-        slot.cond.wait_for(lock, std::chrono::seconds(waitSeconds),
-                           [&] { return m_abandoned || slot.completions != before; });
+        send(slot.command, packet);
+        slot.cond.wait_for(lock, slot.command.wait, [&] { return m_abandoned || slot.completions != before; });
     }
     if (slot.completions == before) {
         return requestResult::noReply;
@@ -158,16 +127,16 @@ int Camera::request(Completion &slot, KestDataPacket &packet, int waitSeconds, T
 }
 
 template <class Record>
-int Camera::query(RecordCompletion<Record> &slot, const DeviceCommand &command, Record *out)
+int Camera::query(RecordCompletion<Record> &slot, Record *out)
 {
-    KestDataPacket packet = makeRequest(command, {});
-    return request(slot, packet, command.waitSeconds, [&] { *out = slot.record; });
+    KestDataPacket packet = makeRequest(slot.command, {});
+    return request(slot, packet, [&] { *out = slot.record; });
 }
 
-int Camera::order(Completion &slot, const DeviceCommand &command, std::initializer_list<unsigned> payload)
+int Camera::order(Completion &slot, std::initializer_list<unsigned> payload)
 {
-    KestDataPacket packet = makeRequest(command, payload);
-    return request(slot, packet, command.waitSeconds, [] {});
+    KestDataPacket packet = makeRequest(slot.command, payload);
+    return request(slot, packet, [] {});
 }
 
 void Camera::getPacket4AppIpReport(unsigned long ip, unsigned short port, KestDataPacket *packet)
@@ -181,42 +150,42 @@ int Camera::registerPC(const QString &ip)
 {
     KestDataPacket packet;
     getPacket4AppIpReport(inet_addr(qPrintable(ip)), protocol::pcPort, &packet);
-    return request(m_registerPC, packet, deviceCommand::registerPC.waitSeconds, [] {});
+    return request(m_registerPC, packet, [] {});
 }
 
 int Camera::Ping()
 {
-    return order(m_ping, deviceCommand::Ping);
+    return order(m_ping);
 }
 
 int Camera::getCameraState(CameraStatus *status)
 {
-    return query(m_cameraState, deviceCommand::getCameraState, status);
+    return query(m_cameraState, status);
 }
 
 int Camera::getTFCardStatus(TFCardStatus *status)
 {
-    return query(m_tfCardStatus, deviceCommand::getTFCardStatus, status);
+    return query(m_tfCardStatus, status);
 }
 
 int Camera::getTFCardUsedStatus(TFCardUsedStatus *status)
 {
-    return query(m_tfCardUsedStatus, deviceCommand::getTFCardUsedStatus, status);
+    return query(m_tfCardUsedStatus, status);
 }
 
 int Camera::getBatteryInfo(BatteryInfo *info)
 {
-    return query(m_batteryInfo, deviceCommand::getBatteryInfo, info);
+    return query(m_batteryInfo, info);
 }
 
 int Camera::getBatteryStatus(BatteryStatus *status)
 {
-    return query(m_batteryStatus, deviceCommand::getBatteryStatus, status);
+    return query(m_batteryStatus, status);
 }
 
 int Camera::getBatteryEscFactoryCheck(BatteryCheckResult *check)
 {
-    const int result = order(m_batteryEscFactoryCheck, deviceCommand::getBatteryEscFactoryCheck);
+    const int result = order(m_batteryEscFactoryCheck);
     if (result == requestResult::success) {
         check->result = 0;
     }
@@ -225,17 +194,17 @@ int Camera::getBatteryEscFactoryCheck(BatteryCheckResult *check)
 
 int Camera::getGimbalDeviceInfo(GimbalDeviceInfo *info)
 {
-    return query(m_gimbalDeviceInfo, deviceCommand::getGimbalDeviceInfo, info);
+    return query(m_gimbalDeviceInfo, info);
 }
 
 int Camera::fetchGimbalState(GimbalState *state)
 {
-    return query(m_gimbalState, deviceCommand::fetchGimbalState, state);
+    return query(m_gimbalState, state);
 }
 
 int Camera::getGimbalESCDevicesCheck(GimbalESCDevicesCheck *check)
 {
-    return query(m_gimbalEscDevicesCheck, deviceCommand::getGimbalESCDevicesCheck, check);
+    return query(m_gimbalEscDevicesCheck, check);
 }
 
 int Camera::setGimbalAnguVeloPosi(GimbalAnguVeloPosi values)
@@ -243,14 +212,13 @@ int Camera::setGimbalAnguVeloPosi(GimbalAnguVeloPosi values)
     const auto &v = values.fields;
     qDebug() << "setGimbalAnguVeloPosi" << v[0] << v[1] << v[2] << v[3] << v[4] << v[5];
     const auto high = [](std::uint16_t value) { return unsigned{value} >> 8U; };
-    return order(
-        m_gimbalAnguVeloPosi, deviceCommand::setGimbalAnguVeloPosi,
-        {v[0], high(v[0]), v[1], high(v[1]), v[2], high(v[2]), v[3], high(v[3]), v[4], high(v[4]), v[5], high(v[5])});
+    return order(m_gimbalAnguVeloPosi, {v[0], high(v[0]), v[1], high(v[1]), v[2], high(v[2]), v[3], high(v[3]), v[4],
+                                        high(v[4]), v[5], high(v[5])});
 }
 
 int Camera::setGimbalFactoryCheck(unsigned char mode)
 {
-    return order(m_gimbalFactoryCheck, deviceCommand::setGimbalFactoryCheck, {mode});
+    return order(m_gimbalFactoryCheck, {mode});
 }
 
 int Camera::ReadEEPROM(int address, int length, EEPromBuf *buffer)
@@ -258,8 +226,8 @@ int Camera::ReadEEPROM(int address, int length, EEPromBuf *buffer)
     const auto from = static_cast<unsigned>(address);
     const auto count = static_cast<unsigned>(length);
     KestDataPacket packet = makeRequest(deviceCommand::ReadEEPROM, {from, from >> 8U, count, count >> 8U});
-    return request(m_eeprom, packet, deviceCommand::ReadEEPROM.waitSeconds, [&] {
-        const EEPromBuf &reply = *m_eeprom.record;
+    return request(m_eeprom, packet, [&] {
+        const EEPromBuf &reply = m_eeprom.record;
         buffer->resize(reply.length());
         std::copy_n(reply.data(), reply.length(), buffer->data());
     });
@@ -357,7 +325,23 @@ bool Camera::sensorEEPromFactoryCheck(int *status)
     return readMark(eeprom::factoryMark, status);
 }
 
+void Camera::getSystemInformation()
+{
+    publishSystemInformation();
+}
+
 // Completions, on the receive thread
+
+void Camera::handleReply(protocol::Command command, int code, const std::uint8_t *data, int length)
+{
+    const auto slot = std::find_if(m_completions.begin(), m_completions.end(),
+                                   [&](const Completion *entry) { return entry->command.command == command; });
+    if (slot == m_completions.end()) {
+        m_unknownReply.tell(QStringLiteral("A reply to a command that is never sent:") + nameOf(command));
+        return;
+    }
+    (this->*(*slot)->handler)(code, data, length);
+}
 
 template <class Read>
 void Camera::complete(Completion &slot, int code, Read read)
@@ -365,17 +349,24 @@ void Camera::complete(Completion &slot, int code, Read read)
     {
         const std::lock_guard<std::mutex> lock(slot.mutex);
         slot.result = code != requestResult::success ? code : read();
-        slot.done = true;
         ++slot.completions;
     }
     slot.cond.notify_all();
+}
+
+void Camera::complete(Completion &slot, int code, int length)
+{
+    complete(slot, code, [&] {
+        const int expected = slot.command.replySize;
+        return expected == replyData::ignored || expected == length ? requestResult::success : requestResult::wrongSize;
+    });
 }
 
 template <class Record>
 void Camera::completeRecord(RecordCompletion<Record> &slot, int code, const std::uint8_t *data, int length)
 {
     complete(slot, code, [&]() -> int {
-        if (length != wireSize<Record>) {
+        if (length != slot.command.replySize) {
             return requestResult::wrongSize;
         }
         decode(data, &slot.record);
@@ -383,40 +374,35 @@ void Camera::completeRecord(RecordCompletion<Record> &slot, int code, const std:
     });
 }
 
-void Camera::completeWithoutData(Completion &slot, int code, int length)
+void Camera::registerPC_Notify(int code, const std::uint8_t *, int length)
 {
-    complete(slot, code, [&]() -> int { return length != 0 ? requestResult::wrongSize : requestResult::success; });
+    complete(m_registerPC, code, length);
 }
 
-void Camera::registerPC_Notify(int code, const std::uint8_t *, int)
+void Camera::getBatteryEscFactoryCheck_Notigy(int code, const std::uint8_t *, int length)
 {
-    complete(m_registerPC, code, [] { return requestResult::success; });
-}
-
-void Camera::getBatteryEscFactoryCheck_Notigy(int code, const std::uint8_t *, int)
-{
-    complete(m_batteryEscFactoryCheck, code, [] { return requestResult::success; });
+    complete(m_batteryEscFactoryCheck, code, length);
 }
 
 void Camera::Ping_Notify(int code, const std::uint8_t *, int length)
 {
-    completeWithoutData(m_ping, code, length);
+    complete(m_ping, code, length);
 }
 
 void Camera::setGimbalAnguVeloPosi_Notify(int code, const std::uint8_t *, int length)
 {
-    completeWithoutData(m_gimbalAnguVeloPosi, code, length);
+    complete(m_gimbalAnguVeloPosi, code, length);
 }
 
 void Camera::setGimbalFactoryCheck_Notify(int code, const std::uint8_t *, int length)
 {
-    completeWithoutData(m_gimbalFactoryCheck, code, length);
+    complete(m_gimbalFactoryCheck, code, length);
 }
 
 void Camera::getCameraState_Notify(int code, const std::uint8_t *data, int length)
 {
     completeRecord(m_cameraState, code, data, length);
-    if (code == requestResult::success && length == wireSize<CameraStatus>) {
+    if (code == requestResult::success && length == deviceCommand::getCameraState.replySize) {
         CameraStatus status;
         decode(data, &status);
         qDebug().noquote() << "iCurStatus" << QString::number(status.iCurStatus, 16);
@@ -462,114 +448,12 @@ void Camera::ReadEEPROM_Notify(int code, const std::uint8_t *data, int length)
 {
     complete(m_eeprom, code, [&]() -> int {
         constexpr int countSize = 2;
-        constexpr int longest = protocol::maxPayloadSize - protocol::replyDataOffset;
-        if (length < countSize || length > longest || (data[0] | data[1] << 8) + countSize != length) {
+        if (length < countSize || length > protocol::maxReplyData || (data[0] | data[1] << 8) + countSize != length) {
             return requestResult::wrongSize;
         }
-        EEPromBuf &buffer = *m_eeprom.record;
+        EEPromBuf &buffer = m_eeprom.record;
         buffer.resize(length - countSize);
         std::copy_n(data + countSize, length - countSize, buffer.data());
         return requestResult::success;
     });
-}
-
-// Supervisor
-
-void Camera::func()
-{
-    std::unique_lock<std::mutex> lock(m_loopMutex);
-    while (running) {
-        lock.unlock();
-        if (connected) {
-            pingOnce();
-        } else {
-            connectOnce();
-        }
-        lock.lock();
-        m_loopCond.wait_for(lock, supervisorPause, [this] { return !running; });
-    }
-    exited = true;
-    m_loopCond.notify_all();
-}
-
-void Camera::connectOnce()
-{
-    KestDetectorFace *face = KestDetectorFace::Get();
-    const Settings settings = readSettings(settingsPath());
-    const QList<SettingProblem> problems = settings.addressProblems();
-    for (const SettingProblem &problem : problems) {
-        qWarning().noquote() << "option.ini:" << problem.text();
-    }
-    const QString usbPrefix = subnetPrefix(settings.usb);
-    const QString wifiPrefix = subnetPrefix(settings.wifi);
-
-    const IpInfo own = getIPInfo(usbPrefix, wifiPrefix);
-    const QString pcAddress = !own.first.isEmpty() ? own.first : own.second;
-    QString cameraAddress;
-    if (!settings.usb.isEmpty() && pcAddress.contains(usbPrefix)) {
-        cameraAddress = settings.usb;
-    } else if (!settings.wifi.isEmpty() && pcAddress.contains(wifiPrefix)) {
-        cameraAddress = settings.wifi;
-    }
-    face->pcAddress = pcAddress;
-    face->cameraAddress = cameraAddress;
-
-    const int outcome = pcAddress.isEmpty() ? requestResult::noPcAddress : registerPC(pcAddress);
-    qDebug() << "sConnectIp" << cameraAddress << pcAddress << outcome;
-    if (outcome != requestResult::success) {
-        publishLink(false);
-        return;
-    }
-    TelnetInteractiveFace::Get()->telnetConnectToHost();
-    connected = true;
-    publishLink(true);
-    getSystemInformation();
-}
-
-void Camera::pingOnce()
-{
-    if (Ping() == requestResult::success) {
-        m_failedPings = 0;
-        return;
-    }
-    if (m_abandoned) {
-        return; // the program is closing: the camera may well be there, and the last log needs its MAC address
-    }
-    if (m_failedPings < toleratedPings) {
-        ++m_failedPings;
-        return;
-    }
-    m_failedPings = 0;
-    connected = false;
-    KestDetectorFace *face = KestDetectorFace::Get();
-    face->wifiName = QString();
-    face->wifiPassword = QString();
-    face->macAddress = QString();
-    emit face->signal_setWifiName(QString());
-    emit face->signal_setWifiPassWord(QString());
-    emit face->signal_setMacAddress(QString());
-    publishLink(false);
-}
-
-void Camera::publishLink(bool isConnected)
-{
-    KestDetectorFace *face = KestDetectorFace::Get();
-    face->connectState = isConnected;
-    emit face->signal_setConnectStatus(isConnected);
-}
-
-void Camera::getSystemInformation()
-{
-    KestDetectorFace *face = KestDetectorFace::Get();
-    int verdict = 0;
-    QString ssid;
-    QString password;
-    getSysWifiInfo(&verdict, ssid, password);
-    QString mac;
-    getSysMacAddress(&verdict, mac);
-    face->wifiName = ssid;
-    face->wifiPassword = password;
-    emit face->signal_setWifiName(ssid);
-    emit face->signal_setWifiPassWord(password);
-    emit face->signal_setMacAddress(mac);
 }

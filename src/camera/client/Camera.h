@@ -1,53 +1,61 @@
 #pragma once
 
+#include "camera/client/deviceCommands.h"
 #include "camera/client/EEPromBuf.h"
 #include "camera/client/records.h"
+#include "camera/client/SparingWarning.h"
+#include "camera/codec/requestResult.h"
+#include "camera/supervisor/LinkCommands.h"
 
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <mutex>
 #include <QString>
 #include <QtGlobal>
-#include <thread>
+#include <vector>
 
-struct DeviceCommand;
+class Supervisor;
 struct EepromBlock;
 struct KestDataPacket;
 
-/// Result codes of the requests beside the camera's own (1 to 255, texts from `getErrorMsg`).
-namespace requestResult {
-inline constexpr int success = 0;
-inline constexpr int noReply = 118;      ///< no reply within the command's wait time
-inline constexpr int wrongSize = -1;     ///< the reply data had the wrong length
-inline constexpr int noPcAddress = 9999; ///< supervisor only: no address of the PC lies on the camera's network
-} // namespace requestResult
-
-/// Client of the camera's command service: one blocking method for each command, and the supervisor thread that keeps
-/// the link up (registers the PC once a second until the camera answers, logs in to the shell, reads WiFi and MAC,
-/// then pings once a second and drops the link after the third failed ping in a row).
+/// Client of the camera's command service: one blocking method for each command, and the owner of the supervisor that
+/// keeps the link up.
 ///
 /// Requests may be made from any thread but the GUI thread and the receive thread. They block for at most the
 /// command's wait time, return a `requestResult` or the camera's code, and fill their output only on success.
 /// A late reply to an earlier request completes the next wait for the same command: sequence numbers are not compared.
-class Camera
+class Camera final : public LinkCommands
 {
     Q_DISABLE_COPY(Camera)
 
 public:
+    /// Gives a frame its number and sends it; the bytes sent, or -1. Called from every thread that makes requests.
+    using SendPacket = std::function<int(KestDataPacket &packet)>;
+
+    /// The process-wide client, which talks through the process-wide `UDPTransciever`.
     static std::shared_ptr<Camera> Get();
+
+    /// A client whose requests go out through `send`, and whose replies come in through `handleReply`. It has no
+    /// supervisor: nobody but its owner makes requests, and nobody changes the facade's addresses.
+    explicit Camera(SendPacket send);
     ~Camera();
 
     /// Stops and joins the supervisor thread. Further calls do nothing.
     void killThread();
     /// No reply can come any more: pending and later requests return 118 at once. From any thread.
     void abandonRequests();
-    bool isConnected() const { return connected; }
+    bool requestsAbandoned() const override { return m_abandoned; }
 
-    int registerPC(const QString &ip);
-    int Ping();
+    /// Hands a reply to the completion handler of its command. A command that the station does not know is told in the
+    /// debug output. On the receive thread.
+    void handleReply(protocol::Command command, int code, const std::uint8_t *data, int length);
+
+    int registerPC(const QString &ip) override;
+    int Ping() override;
     int getCameraState(CameraStatus *status);
     int getTFCardStatus(TFCardStatus *status);
     int getTFCardUsedStatus(TFCardUsedStatus *status);
@@ -79,9 +87,10 @@ public:
     bool signatureCheckFocus(int *status);
     bool sensorEEPromFactoryCheck(int *status);
 
-    /// Reads WiFi name, passphrase and MAC address over the shell and publishes them through the facade's signals.
+    /// Reads WiFi name, passphrase and MAC address over the shell, and publishes them: see `publishSystemInformation`.
     void getSystemInformation();
-    /// Fills a registration request with an address (in host order) and a port.
+    /// Fills a registration request. Its payload is `ip` from the most significant byte down, then `port` low byte
+    /// first. `registerPC` passes what `inet_addr` gives, so that on a little-endian PC the address travels reversed.
     static void getPacket4AppIpReport(unsigned long ip, unsigned short port, KestDataPacket *packet);
 
     // Completion handlers, called on the receive thread: result byte, reply data and its length.
@@ -101,69 +110,84 @@ public:
     void ReadEEPROM_Notify(int code, const std::uint8_t *data, int length);
 
 private:
-    /// One command's completion: written by the receive thread, waited for by one caller. `mutex` guards all of it.
+    using Handler = void (Camera::*)(int code, const std::uint8_t *data, int length);
+
+    /// What joins a command, its callers and its completion handler; enters itself into its client's list.
     struct Completion
     {
-        std::int32_t result = 0;
-        bool done = false;
-        std::mutex mutex;
+        Completion(Camera *camera, const DeviceCommand &row, Handler notify);
+        Q_DISABLE_COPY(Completion)
+
+        const DeviceCommand &command;
+        const Handler handler;
+
+        std::mutex oneRequest; ///< one caller at a time: held during a whole request, and taken before `mutex`
+        std::mutex mutex;      ///< guards what follows, between that caller and the receive thread
         std::condition_variable cond;
-        std::uint64_t completions = 0; ///< tells a completion from a spurious wake-up
-        std::mutex oneRequest;         ///< one caller at a time
+        std::int32_t result = 0;       ///< of the last completion
+        std::uint64_t completions = 0; ///< how many there were: tells one from a spurious wake-up
     };
-    /// The completion of a command whose reply carries data: a copy of the last good reply.
+    /// The completion of a command whose reply carries data.
     template <class Record>
     struct RecordCompletion : Completion
     {
-        Record record{};
+        RecordCompletion(Camera *camera, const RecordCommand<Record> &row, Handler notify)
+            : Completion(camera, row, notify)
+        {
+        }
+
+        Record record{}; ///< the last good reply, guarded by `mutex`
     };
 
     Camera();
 
-    void func();
-    void connectOnce();
-    void pingOnce();
-    static void publishLink(bool isConnected);
-
     /// Sends a request and waits for its completion; on success `take` copies the reply while it is guarded.
     template <class Take>
-    int request(Completion &slot, KestDataPacket &packet, int waitSeconds, Take take);
+    int request(Completion &slot, KestDataPacket &packet, Take take);
     template <class Record>
-    int query(RecordCompletion<Record> &slot, const DeviceCommand &command, Record *out);
-    int order(Completion &slot, const DeviceCommand &command, std::initializer_list<unsigned> payload = {});
+    int query(RecordCompletion<Record> &slot, Record *out);
+    int order(Completion &slot, std::initializer_list<unsigned> payload = {});
+    void send(const DeviceCommand &command, KestDataPacket &packet);
+
+    /// Ends the wait for `slot`: with `code`, or, if that is success, with what `read` makes of the reply data.
     template <class Read>
     static void complete(Completion &slot, int code, Read read);
+    static void complete(Completion &slot, int code, int length);
     template <class Record>
     static void completeRecord(RecordCompletion<Record> &slot, int code, const std::uint8_t *data, int length);
-    static void completeWithoutData(Completion &slot, int code, int length);
 
     int readBlock(const EepromBlock &block, EEPromBuf *buffer);
     int readBlockLength(const EepromBlock &block, int *length);
     int readWord(const EepromBlock &block, unsigned int *word);
     bool readMark(const EepromBlock &block, int *status);
 
-    Completion m_registerPC;
-    Completion m_ping;
-    Completion m_batteryEscFactoryCheck;
-    Completion m_gimbalAnguVeloPosi;
-    Completion m_gimbalFactoryCheck;
-    RecordCompletion<CameraStatus> m_cameraState;
-    RecordCompletion<TFCardStatus> m_tfCardStatus;
-    RecordCompletion<TFCardUsedStatus> m_tfCardUsedStatus;
-    RecordCompletion<BatteryInfo> m_batteryInfo;
-    RecordCompletion<BatteryStatus> m_batteryStatus;
-    RecordCompletion<GimbalDeviceInfo> m_gimbalDeviceInfo;
-    RecordCompletion<GimbalState> m_gimbalState;
-    RecordCompletion<GimbalESCDevicesCheck> m_gimbalEscDevicesCheck;
-    RecordCompletion<std::shared_ptr<EEPromBuf>> m_eeprom;
-
+    const SendPacket m_send;
     std::atomic<bool> m_abandoned{false};
-    std::atomic<bool> connected{false};
-    int m_failedPings = 0; ///< supervisor thread only
+    SparingWarning m_sendFailed;
+    SparingWarning m_unknownReply;
 
-    std::mutex m_loopMutex; ///< guards the two flags below
-    std::condition_variable m_loopCond;
-    bool running = true;
-    bool exited = false;
-    std::shared_ptr<std::thread> m_supervisor; ///< last: it starts when everything else is in place
+    std::vector<Completion *> m_completions; ///< all of those below, in their order
+    Completion m_registerPC{this, deviceCommand::registerPC, &Camera::registerPC_Notify};
+    Completion m_ping{this, deviceCommand::Ping, &Camera::Ping_Notify};
+    RecordCompletion<CameraStatus> m_cameraState{this, deviceCommand::getCameraState, &Camera::getCameraState_Notify};
+    RecordCompletion<TFCardStatus> m_tfCardStatus{this, deviceCommand::getTFCardStatus,
+                                                  &Camera::getTFCardStatus_Notify};
+    RecordCompletion<TFCardUsedStatus> m_tfCardUsedStatus{this, deviceCommand::getTFCardUsedStatus,
+                                                          &Camera::getTFCardUsedStatus_Notify};
+    RecordCompletion<BatteryInfo> m_batteryInfo{this, deviceCommand::getBatteryInfo, &Camera::getBatteryInfo_Notify};
+    RecordCompletion<BatteryStatus> m_batteryStatus{this, deviceCommand::getBatteryStatus,
+                                                    &Camera::getBatteryStatus_Notify};
+    Completion m_batteryEscFactoryCheck{this, deviceCommand::getBatteryEscFactoryCheck,
+                                        &Camera::getBatteryEscFactoryCheck_Notigy};
+    RecordCompletion<GimbalDeviceInfo> m_gimbalDeviceInfo{this, deviceCommand::getGimbalDeviceInfo,
+                                                          &Camera::getGimbalDeviceInfo_Notify};
+    RecordCompletion<GimbalState> m_gimbalState{this, deviceCommand::fetchGimbalState,
+                                                &Camera::fetchGimbalState_Notify};
+    RecordCompletion<GimbalESCDevicesCheck> m_gimbalEscDevicesCheck{this, deviceCommand::getGimbalESCDevicesCheck,
+                                                                    &Camera::getGimbalESCDevicesCheck_Notify};
+    Completion m_gimbalAnguVeloPosi{this, deviceCommand::setGimbalAnguVeloPosi, &Camera::setGimbalAnguVeloPosi_Notify};
+    Completion m_gimbalFactoryCheck{this, deviceCommand::setGimbalFactoryCheck, &Camera::setGimbalFactoryCheck_Notify};
+    RecordCompletion<EEPromBuf> m_eeprom{this, deviceCommand::ReadEEPROM, &Camera::ReadEEPROM_Notify};
+
+    std::unique_ptr<Supervisor> m_supervisor; ///< last: it makes requests when everything else is in place
 };

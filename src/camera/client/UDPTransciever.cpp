@@ -16,42 +16,23 @@
 #include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace {
-using Handler = void (Camera::*)(int code, const std::uint8_t *data, int length);
-
-struct Route
-{
-    protocol::Command command;
-    Handler handler;
-};
-
-constexpr std::array routes = {
-    Route{protocol::command::registerPC, &Camera::registerPC_Notify},
-    Route{protocol::command::getTFCardUsedStatus, &Camera::getTFCardUsedStatus_Notify},
-    Route{protocol::command::getTFCardStatus, &Camera::getTFCardStatus_Notify},
-    Route{protocol::command::getCameraState, &Camera::getCameraState_Notify},
-    Route{protocol::command::fetchGimbalState, &Camera::fetchGimbalState_Notify},
-    Route{protocol::command::setGimbalAnguVeloPosi, &Camera::setGimbalAnguVeloPosi_Notify},
-    Route{protocol::command::setGimbalFactoryCheck, &Camera::setGimbalFactoryCheck_Notify},
-    Route{protocol::command::getGimbalDeviceInfo, &Camera::getGimbalDeviceInfo_Notify},
-    Route{protocol::command::getGimbalESCDevicesCheck, &Camera::getGimbalESCDevicesCheck_Notify},
-    Route{protocol::command::getBatteryStatus, &Camera::getBatteryStatus_Notify},
-    Route{protocol::command::getBatteryInfo, &Camera::getBatteryInfo_Notify},
-    Route{protocol::command::getBatteryEscFactoryCheck, &Camera::getBatteryEscFactoryCheck_Notigy},
-    Route{protocol::command::ReadEEPROM, &Camera::ReadEEPROM_Notify},
-    Route{protocol::command::Ping, &Camera::Ping_Notify},
-};
-
 constexpr int pollLimitMs = 5;
 constexpr std::size_t largestDatagram = 65536;
 constexpr std::chrono::milliseconds exitLimit(2000);
 
 std::uint16_t nextSequenceNumber()
 {
-    static std::uint16_t counter = 0; // guarded by the transceiver's socket mutex
-    return ++counter;
+    static std::atomic<std::uint16_t> counter{0};
+    return static_cast<std::uint16_t>(++counter); // the number after 65535 is 0
+}
+
+void deliverToTheClient(protocol::Command command, int code, const std::uint8_t *data, int length)
+{
+    Camera::Get()->handleReply(command, code, data, length);
 }
 } // namespace
 
@@ -67,20 +48,25 @@ std::shared_ptr<UDPTransciever> UDPTransciever::Create(const UDPortArgs &args)
 }
 
 UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args)
-    : QObject(parent), localPort(args.localPort), peerPort(args.peerPort),
-      peerIp(KestDetectorFace::Get()->cameraAddress), m_peerAddress(peerIp), socket(new QUdpSocket(this)),
+    : UDPTransciever(parent, args, deliverToTheClient)
+{
+}
+
+UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args, DeliverReply deliver)
+    : QObject(parent), m_deliver(std::move(deliver)), localPort(args.localPort), peerPort(args.peerPort),
+      peerIp(KestDetectorFace::Get()->cameraAddress), m_peerAddress(peerIp), m_socket(new QUdpSocket(this)),
       m_stopEvent(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {
-    socket->setSocketOption(QAbstractSocket::LowDelayOption, true);
-    socket->setSocketOption(QAbstractSocket::KeepAliveOption, true);
-    if (socket->bind(localPort, QAbstractSocket::ShareAddress | QAbstractSocket::ReuseAddressHint)) {
-        connect(socket, &QUdpSocket::readyRead, this, &UDPTransciever::slot_udpReadyRead);
+    m_socket->setSocketOption(QAbstractSocket::LowDelayOption, true);
+    m_socket->setSocketOption(QAbstractSocket::KeepAliveOption, true);
+    if (m_socket->bind(localPort, QAbstractSocket::ShareAddress | QAbstractSocket::ReuseAddressHint)) {
+        connect(m_socket, &QUdpSocket::readyRead, this, &UDPTransciever::slot_udpReadyRead);
     } else {
-        qWarning("UDP port %d: %s", localPort, qPrintable(socket->errorString()));
+        qWarning("UDP port %d: %s", localPort, qPrintable(m_socket->errorString()));
         // A camera that answers to where a request came from is reached from any port.
-        socket->bind();
+        m_socket->bind();
     }
-    m_descriptor = static_cast<int>(socket->socketDescriptor());
+    m_descriptor = static_cast<int>(m_socket->socketDescriptor());
     if (m_descriptor >= 0 && !dropForeignDatagrams(m_descriptor, static_cast<std::uint16_t>(peerPort))) {
         qWarning("UDP port %d: no filter against floods", localPort);
     }
@@ -118,7 +104,8 @@ void UDPTransciever::killThread()
 
 int UDPTransciever::write(const char *bytes, int length)
 {
-    return static_cast<int>(socket->writeDatagram(bytes, length, m_peerAddress, static_cast<std::uint16_t>(peerPort)));
+    return static_cast<int>(
+        m_socket->writeDatagram(bytes, length, m_peerAddress, static_cast<std::uint16_t>(peerPort)));
 }
 
 int UDPTransciever::send(const char *bytes, int length)
@@ -185,7 +172,7 @@ int UDPTransciever::receive(std::vector<std::uint8_t> *buffer) const
     return fromCamera ? static_cast<int>(size) : 0;
 }
 
-void UDPTransciever::handleDatagram(std::uint8_t *datagram, int length)
+void UDPTransciever::handleDatagram(std::uint8_t *datagram, int length) const
 {
     // The header's length field could say 4095, but no frame is that long, and no record holds it.
     if (length > protocol::maxFrameSize || !packetCheck(datagram, length)) {
@@ -199,11 +186,6 @@ void UDPTransciever::handleDatagram(std::uint8_t *datagram, int length)
     if (isRequest(packet) || packet.len < protocol::minReplySize) {
         return;
     }
-    for (const Route &route : routes) {
-        if (static_cast<std::uint8_t>(route.command.set) == packet.cmdSet && route.command.id == packet.cmdId) {
-            ((*Camera::Get()).*route.handler)(packet.data[0], packet.data.data() + protocol::replyDataOffset,
-                                              packet.len - protocol::minReplySize);
-            return;
-        }
-    }
+    m_deliver({static_cast<protocol::CommandSet>(packet.cmdSet), packet.cmdId}, packet.data[0],
+              packet.data.data() + protocol::replyDataOffset, packet.len - protocol::minReplySize);
 }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "camera/client/UDPortArgs.h"
+#include "camera/codec/protocol.h"
 
 #include <array>
 #include <atomic>
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <QHostAddress>
@@ -17,16 +19,20 @@
 class QUdpSocket;
 struct KestDataPacket;
 
-/// The one UDP socket between the PC and the camera's command service: sends request frames and runs the receive
-/// thread, which hands each well-formed reply from the camera to the matching completion handler of `Camera`.
+/// The UDP socket between the PC and the camera's command service: sends request frames and runs the receive thread,
+/// which hands on each well-formed reply from the camera.
 ///
-/// Any thread may send. One mutex guards the sending side: the socket object, the send buffer and the sequence counter.
+/// Any thread may send. One mutex guards the sending side: the socket object and the send buffer. All transceivers of a
+/// process number their frames together.
 class UDPTransciever : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY(UDPTransciever)
 
 public:
+    /// Takes a reply: its command, its result code, and its data. Called on the receive thread.
+    using DeliverReply = std::function<void(protocol::Command command, int code, const std::uint8_t *data, int length)>;
+
     /// The process-wide instance, set up with the system's ports on first use.
     static std::shared_ptr<UDPTransciever> Get();
     /// The same instance; `args` count only in the call that creates it.
@@ -34,6 +40,8 @@ public:
 
     /// Binds the local port and starts the receive thread. The peer is the camera address that the facade holds now;
     /// it is kept as long as the transceiver lives. A port that cannot be bound is logged, nothing more.
+    UDPTransciever(QObject *parent, const UDPortArgs &args, DeliverReply deliver);
+    /// Likewise, with `Camera::Get()` for the replies.
     UDPTransciever(QObject *parent, const UDPortArgs &args);
     ~UDPTransciever() override;
 
@@ -43,9 +51,9 @@ public:
     /// Aborts the process, in every build, when `packet.len` is 1024 or more.
     int sendPacket(KestDataPacket &packet);
 
-    /// Judges one datagram from the camera and hands a good reply to its completion handler; drops anything else.
-    /// Zeroes the checksum in `datagram`. Called on the receive thread.
-    static void handleDatagram(std::uint8_t *datagram, int length);
+    /// Judges one datagram from the camera and hands on a good reply; drops anything else. Zeroes the checksum in
+    /// `datagram`. Called on the receive thread.
+    void handleDatagram(std::uint8_t *datagram, int length) const;
 
     /// Stops and joins the receive thread. Further calls do nothing.
     void killThread();
@@ -63,11 +71,12 @@ private:
     /// command port. The kernel lets it run beside a send.
     int receive(std::vector<std::uint8_t> *buffer) const;
 
+    const DeliverReply m_deliver;
     std::uint16_t localPort;
     std::int16_t peerPort;
     QString peerIp;
     QHostAddress m_peerAddress; ///< `peerIp`, read once
-    QUdpSocket *socket = nullptr;
+    QUdpSocket *m_socket = nullptr;
     int m_descriptor = -1; ///< of the socket; -1 when it has no port at all: then nothing can be received
     int m_stopEvent = -1;  ///< eventfd(2), written to wake the receive thread for its end
     std::mutex m_socketMutex;

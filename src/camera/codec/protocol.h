@@ -13,6 +13,7 @@ inline constexpr int maxFrameSize = 1023;                         ///< header in
 inline constexpr int maxPayloadSize = maxFrameSize - headerSize;  ///< 1011
 inline constexpr int replyDataOffset = 1;                         ///< payload byte 0 of a reply is the result code
 inline constexpr int minReplySize = headerSize + replyDataOffset; ///< a reply's data are its length less this
+inline constexpr int maxReplyData = maxFrameSize - minReplySize;  ///< 1010
 
 /// Bits of a frame's `flags`.
 namespace flag {
@@ -60,22 +61,4 @@ constexpr bool operator!=(Command left, Command right)
 {
     return !(left == right);
 }
-
-/// The commands that the station sends, named after the methods of `Camera` that send them.
-namespace command {
-inline constexpr Command registerPC{CommandSet::Universal, 0x20};
-inline constexpr Command getTFCardUsedStatus{CommandSet::Camera, 0xF0};
-inline constexpr Command getTFCardStatus{CommandSet::Camera, 0xF1};
-inline constexpr Command getCameraState{CommandSet::Camera, 0x1C1};
-inline constexpr Command fetchGimbalState{CommandSet::Gimbal, 0x01};
-inline constexpr Command setGimbalAnguVeloPosi{CommandSet::Gimbal, 0x06};
-inline constexpr Command setGimbalFactoryCheck{CommandSet::Gimbal, 0x29};
-inline constexpr Command getGimbalDeviceInfo{CommandSet::Gimbal, 0x40};
-inline constexpr Command getGimbalESCDevicesCheck{CommandSet::Gimbal, 0x43};
-inline constexpr Command getBatteryStatus{CommandSet::Battery, 0x1A};
-inline constexpr Command getBatteryInfo{CommandSet::Battery, 0x40};
-inline constexpr Command getBatteryEscFactoryCheck{CommandSet::Battery, 0x61};
-inline constexpr Command ReadEEPROM{CommandSet::Factory, 0x21};
-inline constexpr Command Ping{CommandSet::Factory, 0x22};
-} // namespace command
 } // namespace protocol

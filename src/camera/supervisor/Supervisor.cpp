@@ -1,0 +1,115 @@
+#include "camera/supervisor/Supervisor.h"
+
+#include "camera/codec/requestResult.h"
+#include "camera/supervisor/linkChoice.h"
+#include "camera/supervisor/LinkCommands.h"
+#include "camera/supervisor/systemInformation.h"
+#include "detector/store/IpInfo.h"
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/networkHelpers.h"
+#include "detector/store/Settings.h"
+#include "telnet/session/TelnetInteractiveFace.h"
+
+#include <chrono>
+#include <QDebug>
+
+namespace {
+constexpr std::chrono::milliseconds pauseBetweenRounds(1000);
+constexpr std::chrono::milliseconds exitLimit(2000);
+constexpr int toleratedPings = 2; // the next failure in a row drops the link
+
+void publishLink(bool isConnected)
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->connectState = isConnected;
+    emit face->signal_setConnectStatus(isConnected);
+}
+} // namespace
+
+Supervisor::Supervisor(LinkCommands &commands) : m_commands(commands), m_thread(&Supervisor::func, this) {}
+
+Supervisor::~Supervisor()
+{
+    stop();
+}
+
+void Supervisor::stop()
+{
+    if (!m_thread.joinable()) {
+        return;
+    }
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_running = false;
+        m_cond.notify_all();
+        m_cond.wait_for(lock, exitLimit, [this] { return m_exited; });
+    }
+    m_thread.join();
+}
+
+void Supervisor::func()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    while (m_running) {
+        lock.unlock();
+        if (m_connected) {
+            pingOnce();
+        } else {
+            connectOnce();
+        }
+        lock.lock();
+        m_cond.wait_for(lock, pauseBetweenRounds, [this] { return !m_running; });
+    }
+    m_exited = true;
+    m_cond.notify_all();
+}
+
+void Supervisor::connectOnce()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    const Settings settings = readSettings(settingsPath());
+    const QList<SettingProblem> problems = settings.addressProblems();
+    for (const SettingProblem &problem : problems) {
+        qWarning().noquote() << "option.ini:" << problem.text();
+    }
+    const IpInfo own = getIPInfo(subnetPrefix(settings.usb), subnetPrefix(settings.wifi));
+    const Link link = chooseLink(settings.usb, settings.wifi, own);
+    face->pcAddress = link.pcAddress;
+    face->cameraAddress = link.cameraAddress;
+
+    const int outcome = link.pcAddress.isEmpty() ? requestResult::noPcAddress : m_commands.registerPC(link.pcAddress);
+    qDebug() << "sConnectIp" << link.cameraAddress << link.pcAddress << outcome;
+    if (outcome != requestResult::success) {
+        publishLink(false);
+        return;
+    }
+    TelnetInteractiveFace::Get()->telnetConnectToHost();
+    m_connected = true;
+    publishLink(true);
+    publishSystemInformation();
+}
+
+void Supervisor::pingOnce()
+{
+    if (m_commands.Ping() == requestResult::success) {
+        m_failedPings = 0;
+        return;
+    }
+    if (m_commands.requestsAbandoned()) {
+        return; // the program is closing: the camera may well be there, and the last log needs its MAC address
+    }
+    if (m_failedPings < toleratedPings) {
+        ++m_failedPings;
+        return;
+    }
+    m_failedPings = 0;
+    m_connected = false;
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->wifiName = QString();
+    face->wifiPassword = QString();
+    face->macAddress = QString();
+    emit face->signal_setWifiName(QString());
+    emit face->signal_setWifiPassWord(QString());
+    emit face->signal_setMacAddress(QString());
+    publishLink(false);
+}
