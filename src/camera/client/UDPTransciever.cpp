@@ -55,7 +55,12 @@ UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args)
 UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args, DeliverReply deliver)
     : QObject(parent), m_deliver(std::move(deliver)), localPort(args.localPort), peerPort(args.peerPort),
       peerIp(KestDetectorFace::Get()->cameraAddress), m_peerAddress(peerIp), m_socket(new QUdpSocket(this)),
-      m_stopEvent(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+      m_descriptor(openSocket()), m_stopEvent(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      m_receiver("receive", exitLimit, [this] { rx_func(); })
+{
+}
+
+int UDPTransciever::openSocket()
 {
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, true);
     m_socket->setSocketOption(QAbstractSocket::KeepAliveOption, true);
@@ -66,15 +71,15 @@ UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args, DeliverR
         // A camera that answers to where a request came from is reached from any port.
         m_socket->bind();
     }
-    m_descriptor = static_cast<int>(m_socket->socketDescriptor());
-    if (m_descriptor >= 0 && !dropForeignDatagrams(m_descriptor, static_cast<std::uint16_t>(peerPort))) {
+    const auto descriptor = static_cast<int>(m_socket->socketDescriptor());
+    if (descriptor >= 0 && !dropForeignDatagrams(descriptor, static_cast<std::uint16_t>(peerPort))) {
         qWarning("UDP port %d: no filter against floods", localPort);
     }
     // The receive thread reads; no event loop may: without a thread of its own the socket gets no notifiers.
-    if (parent == nullptr) {
+    if (parent() == nullptr) {
         moveToThread(nullptr);
     }
-    m_receiveThread = std::make_shared<std::thread>(&UDPTransciever::rx_func, this);
+    return descriptor;
 }
 
 UDPTransciever::~UDPTransciever()
@@ -87,19 +92,11 @@ UDPTransciever::~UDPTransciever()
 
 void UDPTransciever::killThread()
 {
-    if (!m_receiveThread->joinable()) {
-        return;
-    }
-    {
-        std::unique_lock<std::mutex> lock(m_exitMutex);
-        running = false;
-        exited = false;
+    m_receiver.stop([this] {
         if (m_stopEvent >= 0) {
             ::eventfd_write(m_stopEvent, 1);
         }
-        m_exitCond.wait_for(lock, exitLimit, [this] { return exited; });
-    }
-    m_receiveThread->join();
+    });
 }
 
 int UDPTransciever::write(const char *bytes, int length)
@@ -131,18 +128,13 @@ void UDPTransciever::slot_udpReadyRead() {}
 void UDPTransciever::rx_func()
 {
     std::vector<std::uint8_t> datagram(largestDatagram);
-    while (running) {
+    while (m_receiver.running()) {
         waitForDatagram();
         const int size = receive(&datagram);
         if (size > 0) {
             handleDatagram(datagram.data(), size);
         }
     }
-    {
-        const std::lock_guard<std::mutex> lock(m_exitMutex);
-        exited = true;
-    }
-    m_exitCond.notify_all();
 }
 
 void UDPTransciever::waitForDatagram() const

@@ -2,10 +2,9 @@
 
 #include "camera/client/UDPortArgs.h"
 #include "camera/codec/protocol.h"
+#include "threads/WorkerThread.h"
 
 #include <array>
-#include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -13,7 +12,6 @@
 #include <QHostAddress>
 #include <QObject>
 #include <QString>
-#include <thread>
 #include <vector>
 
 class QUdpSocket;
@@ -63,6 +61,8 @@ public slots:
     void slot_udpReadyRead();
 
 private:
+    /// Makes `m_socket` ready to send and to be read; its descriptor, or -1.
+    int openSocket();
     void rx_func();
     int write(const char *bytes, int length);
     /// Returns when a datagram may be there or the thread is to stop.
@@ -83,9 +83,5 @@ private:
     std::array<std::uint8_t, 1024> m_sendBuffer{};
     int m_sendLength = 0;
 
-    std::atomic<bool> running{true};
-    std::mutex m_exitMutex;
-    std::condition_variable m_exitCond;
-    bool exited = false;
-    std::shared_ptr<std::thread> m_receiveThread; ///< last: it starts when everything else is in place
+    WorkerThread m_receiver; ///< last: it starts when everything else is in place
 };

@@ -26,42 +26,26 @@ void publishLink(bool isConnected)
 }
 } // namespace
 
-Supervisor::Supervisor(LinkCommands &commands) : m_commands(commands), m_thread(&Supervisor::func, this) {}
-
-Supervisor::~Supervisor()
+Supervisor::Supervisor(LinkCommands &commands)
+    : m_commands(commands), m_worker("supervisor", exitLimit, [this] { func(); })
 {
-    stop();
 }
 
 void Supervisor::stop()
 {
-    if (!m_thread.joinable()) {
-        return;
-    }
-    {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        m_running = false;
-        m_cond.notify_all();
-        m_cond.wait_for(lock, exitLimit, [this] { return m_exited; });
-    }
-    m_thread.join();
+    m_worker.stop();
 }
 
 void Supervisor::func()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    while (m_running) {
-        lock.unlock();
+    while (m_worker.running()) {
         if (m_connected) {
             pingOnce();
         } else {
             connectOnce();
         }
-        lock.lock();
-        m_cond.wait_for(lock, pauseBetweenRounds, [this] { return !m_running; });
+        m_worker.pause(pauseBetweenRounds);
     }
-    m_exited = true;
-    m_cond.notify_all();
 }
 
 void Supervisor::connectOnce()

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
+#include "threads/WorkerThread.h"
+
 #include <QtGlobal>
-#include <thread>
 
 class LinkCommands;
 
@@ -19,7 +18,6 @@ class Supervisor
 public:
     /// Starts the thread. `commands` must be ready for calls from it, and outlive it.
     explicit Supervisor(LinkCommands &commands);
-    ~Supervisor();
 
     /// Ends and joins the thread: at once when it waits for its next second, else after the request or the shell call
     /// under way. Further calls do nothing.
@@ -34,9 +32,5 @@ private:
     bool m_connected = false; ///< this and the next: supervisor thread only
     int m_failedPings = 0;    ///< in a row
 
-    std::mutex m_mutex; ///< guards the two flags below
-    std::condition_variable m_cond;
-    bool m_running = true;
-    bool m_exited = false;
-    std::thread m_thread; ///< last: it starts when everything else is in place
+    WorkerThread m_worker; ///< last: it starts when everything else is in place
 };
