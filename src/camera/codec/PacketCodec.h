@@ -13,9 +13,9 @@
 /// (unless null) and returned. 0x0000 when there is nothing to read: a length below 1, or no `data`.
 std::uint16_t getcrc16(const std::uint8_t *data, int length, std::uint16_t *crc);
 
-/// Encodes `packet` into `out`, which has room for 1023 bytes, and stores the frame's length, `packet.len`, in
-/// `*outLength`. A `len` above 1023 has no frame (the transport refuses it): the output then stops after 1023 bytes,
-/// and no receiver accepts it. A `len` below 12 still writes the 12 header bytes.
+/// Encodes `packet` into `out`, which has room for 1023 bytes, and stores the frame's length in `*outLength`:
+/// `packet.len`, 1023 at most. A larger `len` has no frame (the transport refuses it); the output then stops after 1023
+/// bytes and is of no use. A `len` below 12 still writes the 12 header bytes.
 void dataPacket2CharArray(const KestDataPacket &packet, std::uint8_t *out, int *outLength);
 
 /// Whether the `length` bytes are one whole, undamaged frame. Zeroes the checksum (bytes 6 and 7) in `buffer` once

@@ -4,9 +4,9 @@
 
 class QLabel;
 
-/// Draws a label's text shortened with an ellipsis where it does not fit; the full text stays in `text()` and in the
-/// tool tip. Such a label no longer asks for the width of its text, so that a long folder or WiFi name cannot widen
-/// the window.
+/// Draws a label's text shortened with an ellipsis where it does not fit; the full text stays in `text()` and, while it
+/// is cut off, shows in the tool tip. What the label asks for is not changed: whoever wants a long folder or WiFi name
+/// not to widen the window gives the label a minimum width or an ignored size policy.
 class ElidedText : public QObject
 {
     Q_OBJECT
