@@ -105,6 +105,8 @@ private slots:
     void plainTexts();
     void eventLogTable();
     void statusBarOrder();
+    void statusLabelsKeepRoomForTheirCaption_data();
+    void statusLabelsKeepRoomForTheirCaption();
     void icons_data();
     void icons();
     void iconsDifferWithoutColour();
@@ -429,6 +431,25 @@ void tst_WindowLayout::statusBarOrder()
         QVERIFY(label->minimumWidth() > 0);
     }
     m_window->hide();
+}
+
+void tst_WindowLayout::statusLabelsKeepRoomForTheirCaption_data()
+{
+    QTest::addColumn<QString>("caption");
+
+    QTest::newRow("lbWifiName") << QStringLiteral("Wifi:");
+    QTest::newRow("lbWifiPassword") << QStringLiteral("Password:");
+    QTest::newRow("lbMacAddress") << QStringLiteral("Mac:");
+    QTest::newRow("lbConnectState") << QStringLiteral("Connect State:");
+}
+
+void tst_WindowLayout::statusLabelsKeepRoomForTheirCaption()
+{
+    QFETCH(const QString, caption);
+    const auto *label = m_window->findChild<QLabel *>(QString::fromLatin1(QTest::currentDataTag()));
+    const QLabel bare(caption);
+    QCOMPARE(label->minimumSize(), bare.sizeHint());
+    QCOMPARE(label->alignment(), Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void tst_WindowLayout::icons_data()
