@@ -1,6 +1,7 @@
 #pragma once
 
 #include "record/Measurement.h"
+#include "record/RequestEnd.h"
 
 #include <chrono>
 #include <optional>
@@ -26,16 +27,6 @@ enum class Outcome {
     Failed,
     Stopped, ///< by the operator, or because the program was closed
     Error,   ///< no answer: the link was lost or another camera came during the run
-};
-
-/// How an item's requests to the camera ended: the first one that was not answered, else the last one.
-struct RequestEnd
-{
-    enum class Kind { Answered, NoReply, Refused, WrongSize };
-
-    Kind kind = Kind::Answered;
-    int code = 0;     ///< the camera's own, when it refused; else 0
-    int attempts = 1; ///< the most that one request of the item needed
 };
 
 /// A file that an item has brought from the camera.

@@ -99,6 +99,7 @@ private slots:
     void infoReportsValues_data();
     void infoReportsValues();
     void reportCannotBeRead();
+    void measuresWhatItReports();
     void component_data();
     void component();
     void chargePasses();
@@ -179,6 +180,47 @@ void tst_batteryChecks::reportCannotBeRead()
     QCOMPARE(info.verdict, 1);
     QCOMPARE(info.text, QStringLiteral("获取电池信息失败\n"));
     QCOMPARE(info.detail, QString());
+
+    const FacadeSpy spy;
+    runComponent(checkBattery, {0, 2, 1});
+    for (const CheckItemLog &item : spy.logs().constFirst().itemLogs) {
+        QCOMPARE(measurementTexts(item), QStringList());
+    }
+}
+
+void tst_batteryChecks::measuresWhatItReports()
+{
+    reportStatus(m_camera, 8, {3});
+    m_camera.answer(batterySet, statusCommand, statusData);
+    m_camera.answer(batterySet, infoCommand, infoData);
+    const FacadeSpy spy;
+    runComponent(checkBattery, {0, 2, 1});
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    QCOMPARE(items.size(), 3);
+    QCOMPARE(measurementTexts(items.at(0)), QStringList{"camera.statusWord=0x0000000000000008"});
+    QCOMPARE(measurementTexts(items.at(1)), (QStringList{"battery.subId=26",
+                                                         "battery.versionInfo=11",
+                                                         "battery.softwareVersion=1.2.3.4",
+                                                         "battery.hardwareVersion=200.10.0.255",
+                                                         "battery.charge=100 %",
+                                                         "battery.voltage=4 V",
+                                                         "battery.current=500 mA",
+                                                         "battery.temperature=25.6 °C",
+                                                         "battery.timeToEmpty=65535 min",
+                                                         "battery.timeToFull=0 min",
+                                                         "battery.deviceType=48879",
+                                                         "battery.firmwareInfo=1",
+                                                         "battery.hardwareInfo=43981",
+                                                         "battery.cycles=42",
+                                                         "battery.capacity=2000 mAh",
+                                                         "battery.manufacturer=10000",
+                                                         "battery.warningBits=128",
+                                                         "battery.charger=0",
+                                                         "battery.microphone=1",
+                                                         "battery.pogoPin=255"}));
+    QCOMPARE(measurementTexts(items.at(2)),
+             (QStringList{"battery.charge=87 %", "battery.voltage=3.85 V", "battery.current=-250 mA",
+                          "battery.temperature=25.34 °C", "battery.timeToFull=12 min", "battery.timeToEmpty=65 min"}));
 }
 
 void tst_batteryChecks::component_data()

@@ -20,6 +20,21 @@ constexpr BlockPlace sfr{6846, 5824, 720, 6544};
 constexpr BlockPlace macula{7870, 6848, 606, 7454};
 constexpr BlockPlace awb{8126, 7872, 124, 7996};
 
+/// The camera's blocks, but with readers that find each signed, of no length and with the checksum 0: sound.
+CalibrationBlocks soundBlocks()
+{
+    CalibrationBlocks blocks = calibrationBlocks();
+    for (CalibrationBlock &block : blocks) {
+        block.isSigned = [](int *status) { return *status = 0, true; };
+        block.readData = [](unsigned char *, int *length) { return *length = 0; };
+        block.readCrc = [](unsigned int *stored) {
+            *stored = 0;
+            return 0;
+        };
+    }
+    return blocks;
+}
+
 const QByteArray mark = QByteArrayLiteral("KO");
 const QByteArray noCrc = QByteArrayLiteral("\0\0\0\0");
 } // namespace
@@ -44,6 +59,9 @@ private slots:
     void focus_data();
     void focus();
     void factoryCheckEndsAtTheFirstFailure();
+    void factoryCheckJoinsTheTextsOfItsSteps_data();
+    void factoryCheckJoinsTheTextsOfItsSteps();
+    void measuresTheCalibration();
     void component_data();
     void component();
 
@@ -192,10 +210,10 @@ void tst_cameraChecks::blockWithoutBytesIsJudgedByItsChecksum()
     };
     block.crcMismatch = "mismatch\n";
     block.passed = "passed\n";
-    int verdict = 99;
-    const QString text = checkCalibrationBlock(block, &verdict);
-    QTEST(text, "text");
-    QTEST(verdict, "verdict");
+    CheckItemLog item;
+    checkCalibrationBlock(block, item);
+    QTEST(item.message, "text");
+    QTEST(item.result, "verdict");
 }
 
 void tst_cameraChecks::focus_data()
@@ -227,6 +245,55 @@ void tst_cameraChecks::factoryCheckEndsAtTheFirstFailure()
     QCOMPARE(outcome.detail, QString());
     // One read, of the two bytes at 6846: nothing of the other blocks was asked for.
     QCOMPARE(m_camera.requests(6, 0x21), QList<QByteArray>{QByteArray("\xBE\x1A\x02\x00", 4)});
+}
+
+void tst_cameraChecks::factoryCheckJoinsTheTextsOfItsSteps_data()
+{
+    QTest::addColumn<int>("unsignedBlock");
+    QTest::addColumn<QByteArray>("focusSignature");
+    QTest::addColumn<int>("verdict");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("all pass") << -1 << mark << 0
+                              << "相机MTF测试成功\n相机暗斑检测成功\n相机白平衡检测成功\n相机Focus检测成功\n";
+    QTest::newRow("MTF is the first") << 0 << mark << 1 << "相机MTF检测未签名\n";
+    QTest::newRow("dark spot the second") << 1 << mark << 1 << "相机MTF测试成功\n相机暗斑检测未签名\n";
+    QTest::newRow("white balance the third")
+        << 2 << mark << 1 << "相机MTF测试成功\n相机暗斑检测成功\n相机白平衡检测未签名\n";
+    QTest::newRow("focus the last") << -1 << QByteArray("OK") << 1
+                                    << "相机MTF测试成功\n相机暗斑检测成功\n相机白平衡检测成功\n相机Focus检测未签名\n";
+}
+
+void tst_cameraChecks::factoryCheckJoinsTheTextsOfItsSteps()
+{
+    QFETCH(int, unsignedBlock);
+    QFETCH(QByteArray, focusSignature);
+    store(awb, focusSignature, -1, QByteArray());
+    CalibrationBlocks blocks = soundBlocks();
+    if (unsignedBlock >= 0) {
+        blocks.at(static_cast<std::size_t>(unsignedBlock)).isSigned = [](int *status) { return *status = 0, false; };
+    }
+    CheckItemLog item;
+    onWorkerThread([&] { checkFactory(blocks, item); });
+    QTEST(item.message, "text");
+    QTEST(item.result, "verdict");
+}
+
+void tst_cameraChecks::measuresTheCalibration()
+{
+    store(awb, mark, -1, QByteArray());
+    CheckItemLog item;
+    onWorkerThread([&] { checkFactory(soundBlocks(), item); });
+    QCOMPARE(
+        measurementTexts(item),
+        (QStringList{"camera.mtf.signed=1", "camera.mtf.length=0 B", "camera.mtf.crc=0", "camera.darkSpot.signed=1",
+                     "camera.darkSpot.length=0 B", "camera.darkSpot.crc=0", "camera.whiteBalance.signed=1",
+                     "camera.whiteBalance.length=0 B", "camera.whiteBalance.crc=0", "camera.focus.signed=1"}));
+
+    store(sfr, mark, sfr.length, littleEndian(0x12345678, 4));
+    const FacadeSpy spy;
+    runComponent(checkCamera, {1});
+    QCOMPARE(measurementTexts(spy.logs().constFirst().itemLogs.constFirst()),
+             (QStringList{"camera.mtf.signed=1", "camera.mtf.length=720 B", "camera.mtf.crc=305419896"}));
 }
 
 void tst_cameraChecks::component_data()

@@ -1,42 +1,44 @@
 #include "detector/checks/checkComponent.h"
 #include "detector/store/KestDetectorFace.h"
 #include "support/CheckTest.h"
+#include "support/MessageSpy.h"
 
 #include <array>
 #include <QMetaObject>
 #include <QTest>
 
 namespace {
-QString passes(int *verdict, QString &detail)
+void passes(CheckItemLog &item)
 {
-    *verdict = 0;
-    detail = QStringLiteral("report\n");
-    return QStringLiteral("OK\n");
+    item.result = 0;
+    item.detail = QStringLiteral("report\n");
+    item.message = QStringLiteral("OK\n");
 }
 
-QString fails(int *verdict, QString &)
+void fails(CheckItemLog &item)
 {
-    *verdict = 1;
-    return QStringLiteral("NG\n");
+    item.result = 1;
+    item.message = QStringLiteral("NG\n");
 }
 
-QString warns(int *verdict, QString &)
+void warns(CheckItemLog &item)
 {
-    *verdict = 2;
-    return QStringLiteral("warning\n");
+    item.result = 2;
+    item.message = QStringLiteral("warning\n");
 }
 
 /// Tells what it was given.
-QString leavesVerdictAlone(int *verdict, QString &detail)
+void leavesVerdictAlone(CheckItemLog &item)
 {
-    return QStringLiteral("%1 %2\n").arg(QString::number(*verdict), detail.isEmpty() ? "empty" : "not empty");
+    const bool empty = item.message.isEmpty() && item.detail.isEmpty() && item.measurements.isEmpty();
+    item.message = QStringLiteral("%1 %2\n").arg(QString::number(item.result), empty ? "empty" : "not empty");
 }
 
-QString closesTheProgram(int *verdict, QString &)
+void closesTheProgram(CheckItemLog &item)
 {
-    *verdict = 0;
+    item.result = 0;
     KestDetectorFace::Get()->requestStop();
-    return QStringLiteral("OK\n");
+    item.message = QStringLiteral("OK\n");
 }
 
 constexpr std::array table = {
@@ -65,6 +67,8 @@ private slots:
 
     void runsItems_data();
     void runsItems();
+    void unknownItemIsTold();
+    void recordNamesItsItems();
     void recordIsAppended();
     void recordReachesAnotherThread();
     void laterItemsAreLeftOutWhenTheProgramCloses();
@@ -127,6 +131,24 @@ void tst_checkComponent::runsItems()
     QTEST(texts(spy.logs().constFirst()), "records");
     QTEST(outcome.text, "text");
     QTEST(outcome.verdict, "verdict");
+}
+
+void tst_checkComponent::unknownItemIsTold()
+{
+    const MessageSpy spy;
+    runComponent(fakeComponent, {99, 0, 3});
+    QCOMPARE(spy.containing(QStringLiteral("Unknown item")),
+             QStringList{QStringLiteral("Unknown item 99 of the component Battery")});
+}
+
+void tst_checkComponent::recordNamesItsItems()
+{
+    runComponent(fakeComponent, {2, 3, 0});
+    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList();
+    const QList<CheckItemLog> items = logs.constFirst().itemLogs;
+    QCOMPARE(items.size(), 2); // 3 is only named
+    QCOMPARE(items.at(0).number, 2);
+    QCOMPARE(items.at(1).number, 0);
 }
 
 void tst_checkComponent::recordIsAppended()

@@ -6,18 +6,18 @@
 #include <QTest>
 
 namespace {
-QString passes(int *verdict, QString &)
+void passes(CheckItemLog &item)
 {
-    *verdict = 0;
-    return QStringLiteral("OK\n");
+    item.result = 0;
+    item.message = QStringLiteral("OK\n");
 }
 
 /// As an item does whose request is given up.
-QString failsAsTheProgramCloses(int *verdict, QString &)
+void failsAsTheProgramCloses(CheckItemLog &item)
 {
     KestDetectorFace::Get()->requestStop();
-    *verdict = 1;
-    return QStringLiteral("NG\n");
+    item.result = 1;
+    item.message = QStringLiteral("NG\n");
 }
 
 constexpr std::array table = {

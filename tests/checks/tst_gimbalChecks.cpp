@@ -54,11 +54,14 @@ private slots:
     void doneAtTheFirstPollNeedsNoWait();
     void gimbalThatNeverAnswersTimesOut();
     void movementIsStartedForEachAxis();
+    void measuresEachAxis();
+    void measuresTheLinks();
     void faultSightingsCarryOverToLaterRuns();
+    void eachAxisCountsItsOwnFaultSightings();
     void motionEndsEarlyWhenTheProgramCloses();
 
 private:
-    Outcome runMotion();
+    CheckItemLog runMotion();
     void reportStates(const QList<int> &states);
 
     ScriptedCamera m_camera;
@@ -74,14 +77,16 @@ void tst_gimbalChecks::init()
 }
 
 /// The motion test on a clock that only its own waits advance.
-Outcome tst_gimbalChecks::runMotion()
+CheckItemLog tst_gimbalChecks::runMotion()
 {
     const MotionClock clock{[this] { return m_now; },
                             [this](int milliseconds) {
                                 m_sleeps.append(milliseconds);
                                 m_now += milliseconds;
                             }};
-    return runItem([&clock](int *verdict, QString &detail) { return checkGimbalStutter(verdict, detail, clock); });
+    CheckItemLog item;
+    onWorkerThread([&] { checkGimbalStutter(item, clock); });
+    return item;
 }
 
 /// From now on the gimbal reports these states, one for each poll; the last one stays.
@@ -221,24 +226,24 @@ void tst_gimbalChecks::motion()
     QFETCH(QList<int>, states);
     m_camera.answer(gimbalSet, startMotion, QByteArray());
     reportStates(states);
-    const Outcome outcome = runMotion();
-    QTEST(outcome.text, "text");
-    QTEST(outcome.verdict, "verdict");
-    QCOMPARE(outcome.detail, QString());
+    const CheckItemLog item = runMotion();
+    QTEST(item.message, "text");
+    QTEST(item.result, "verdict");
+    QCOMPARE(item.detail, QString());
 }
 
 void tst_gimbalChecks::doneAtTheFirstPollNeedsNoWait()
 {
     reportStates({11, 12, 13});
-    QCOMPARE(runMotion().verdict, 0);
+    QCOMPARE(runMotion().result, 0);
     QCOMPARE(m_sleeps, QList<int>());
 }
 
 void tst_gimbalChecks::gimbalThatNeverAnswersTimesOut()
 {
-    const Outcome outcome = runMotion();
-    QCOMPARE(outcome.verdict, 1);
-    QCOMPARE(outcome.text, QStringLiteral("Roll轴运动检测超时\nRoll轴运动检测NG\n"
+    const CheckItemLog item = runMotion();
+    QCOMPARE(item.result, 1);
+    QCOMPARE(item.message, QStringLiteral("Roll轴运动检测超时\nRoll轴运动检测NG\n"
                                           "Pitch轴运动检测超时\nPitch轴运动检测NG\n"
                                           "Yaw轴运动检测超时\nPitch轴运动检测NG\n"));
     // 21 s for each axis, in polls a second apart.
@@ -255,6 +260,47 @@ void tst_gimbalChecks::movementIsStartedForEachAxis()
              (QList<QByteArray>{QByteArray("\x01"), QByteArray("\x02"), QByteArray("\x03")}));
 }
 
+void tst_gimbalChecks::measuresEachAxis()
+{
+    // Roll ends at its third poll, pitch at its first; yaw stays in a state of no meaning.
+    reportStates({0, 0, 11, 12, 5});
+    QCOMPARE(measurementTexts(runMotion()),
+             (QStringList{"gimbal.roll.time=2 s", "gimbal.roll.state=11", "gimbal.pitch.time=0 s",
+                          "gimbal.pitch.state=12", "gimbal.yaw.time=21 s", "gimbal.yaw.state=5"}));
+    m_camera.reset();
+    QCOMPARE(measurementTexts(runMotion()),
+             (QStringList{"gimbal.roll.time=21 s", "gimbal.pitch.time=21 s", "gimbal.yaw.time=21 s"}));
+}
+
+void tst_gimbalChecks::measuresTheLinks()
+{
+    m_camera.answer(gimbalSet, deviceInfo, links(1, 0, 255));
+    const FacadeSpy spy;
+    runComponent(checkGimbal, {1, 2, 3});
+    QStringList measured;
+    for (const CheckItemLog &item : spy.logs().constFirst().itemLogs) {
+        measured += measurementTexts(item);
+    }
+    QCOMPARE(measured, (QStringList{"gimbal.roll.flag=1", "gimbal.pitch.flag=0", "gimbal.yaw.flag=255"}));
+}
+
+void tst_gimbalChecks::eachAxisCountsItsOwnFaultSightings()
+{
+    const QString rollPassed = QStringLiteral("Roll轴运动检测OK\n");
+    const QString pitchPassed = QStringLiteral("Pitch轴运动检测OK\n");
+    const QString yawPassed = QStringLiteral("Yaw轴运动检测OK\n");
+    reportStates({6, 6, 6, 11, 7, 7, 7, 12, 8, 8, 8, 13});
+    QCOMPARE(runMotion().message, rollPassed + pitchPassed + yawPassed);
+    // Each has three behind it now. The fourth sets an axis's own count back, and no other's.
+    reportStates({11, 7, 13});
+    QCOMPARE(runMotion().message, rollPassed + QStringLiteral("Pitch轴运动检测NG\n") + yawPassed);
+    reportStates({6, 7, 12, 13});
+    QCOMPARE(runMotion().message, QStringLiteral("Roll轴运动检测NG\n") + pitchPassed + yawPassed);
+    reportStates({11, 7, 7, 7, 8});
+    QCOMPARE(runMotion().message,
+             rollPassed + QStringLiteral("Pitch轴运动检测NG\n") + QStringLiteral("Pitch轴运动检测NG\n"));
+}
+
 void tst_gimbalChecks::faultSightingsCarryOverToLaterRuns()
 {
     const QString timeOuts = QStringLiteral("Roll轴运动检测超时\nRoll轴运动检测NG\n");
@@ -266,11 +312,11 @@ void tst_gimbalChecks::faultSightingsCarryOverToLaterRuns()
     oneFault += {12, 13};
     for (int run = 1; run <= 3; ++run) {
         reportStates(oneFault);
-        QCOMPARE(runMotion().text, timeOuts + others);
+        QCOMPARE(runMotion().message, timeOuts + others);
     }
     reportStates({6, 12, 13});
     const qint64 before = m_now;
-    QCOMPARE(runMotion().text, QStringLiteral("Roll轴运动检测NG\n") + others);
+    QCOMPARE(runMotion().message, QStringLiteral("Roll轴运动检测NG\n") + others);
     QCOMPARE(m_now, before);
 }
 
@@ -279,10 +325,10 @@ void tst_gimbalChecks::motionEndsEarlyWhenTheProgramCloses()
 {
     reportStates({0});
     const MotionClock clock{[this] { return m_now; }, [](int) { KestDetectorFace::Get()->requestStop(); }};
-    const Outcome outcome =
-        runItem([&clock](int *verdict, QString &detail) { return checkGimbalStutter(verdict, detail, clock); });
-    QCOMPARE(outcome.verdict, 1);
-    QCOMPARE(outcome.text, QString());
+    CheckItemLog item;
+    onWorkerThread([&] { checkGimbalStutter(item, clock); });
+    QCOMPARE(item.result, 1);
+    QCOMPARE(item.message, QString());
     QCOMPARE(m_camera.requests(gimbalSet, startMotion).size(), 1);
 }
 

@@ -28,6 +28,7 @@ private slots:
     void flagCannotBeRead();
     void component_data();
     void component();
+    void measuresTheFlags();
     void cameraDoesNotAnswer();
     void lensDriverPasses();
 
@@ -132,6 +133,21 @@ void tst_pcbaChecks::component()
     QTEST(outcome.verdict, "verdict");
     QTEST(spy.events(), "events");
     QTEST(texts(spy.logs().constFirst()), "records");
+}
+
+void tst_pcbaChecks::measuresTheFlags()
+{
+    m_camera.storeEeprom(sensorMark, "OK");
+    m_camera.answer(gimbalSet, controllerFlags, QByteArray(1, '\x0A'));
+    m_camera.answer(batterySet, batteryFlag, QByteArray());
+    const FacadeSpy spy;
+    runComponent(checkPcba, {0, 1, 2, 3, 4, 5, 6});
+    QStringList measured;
+    for (const CheckItemLog &item : spy.logs().constFirst().itemLogs) {
+        measured += measurementTexts(item);
+    }
+    QCOMPARE(measured, (QStringList{"pcba.sensor.flag=0", "pcba.gimbalMain.flag=1", "pcba.gimbalRoll.flag=0",
+                                    "pcba.gimbalPitch.flag=1", "pcba.gimbalYaw.flag=0", "pcba.battery.flag=1"}));
 }
 
 void tst_pcbaChecks::cameraDoesNotAnswer()

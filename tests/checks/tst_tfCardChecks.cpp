@@ -47,6 +47,8 @@ private slots:
     void usageCannotBeAsked();
     void speed_data();
     void speed();
+    void measuresWhatItReports();
+    void measuresWhatIsWrong();
     void component_data();
     void component();
 
@@ -158,6 +160,34 @@ void tst_tfCardChecks::speed()
     QTEST(outcome.text, "text");
     QCOMPARE(outcome.detail, QString());
     QTEST(m_shell.calls(), "calls");
+}
+
+void tst_tfCardChecks::measuresWhatItReports()
+{
+    m_camera.answer(cameraSet, stateCommand, state(2, 0));
+    m_camera.answer(cameraSet, usageCommand, usage);
+    m_shell.answer(QStringLiteral("mount\n"), mounted);
+    m_shell.answer(QStringLiteral("cat /proc/mci/mci_info\n"), fastCard);
+    const FacadeSpy spy;
+    runComponent(checkTFCard, {0, 1});
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    QCOMPARE(items.size(), 2);
+    QCOMPARE(measurementTexts(items.at(0)),
+             (QStringList{"card.state=2", "card.reason=0", "card.sectorSize=0.5 KiB", "card.total=30436.5 MiB",
+                          "card.available=30435.5 MiB", "card.used=1 MiB"}));
+    QCOMPARE(measurementTexts(items.at(1)), (QStringList{"card.mounted=1", "card.fast=1"}));
+}
+
+void tst_tfCardChecks::measuresWhatIsWrong()
+{
+    m_camera.answer(cameraSet, stateCommand, state(5, -1));
+    m_shell.answer(QStringLiteral("mount\n"), QStringLiteral("mount\r\n~ # "));
+    const FacadeSpy spy;
+    runComponent(checkTFCard, {0, 1});
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    QCOMPARE(items.size(), 2);
+    QCOMPARE(measurementTexts(items.at(0)), (QStringList{"card.state=5", "card.reason=-1"}));
+    QCOMPARE(measurementTexts(items.at(1)), QStringList{"card.mounted=0"});
 }
 
 void tst_tfCardChecks::component_data()

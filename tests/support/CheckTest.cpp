@@ -2,6 +2,8 @@
 
 #include "detector/store/KestDetectorFace.h"
 
+#include <variant>
+
 void reportStatus(ScriptedCamera &camera, quint64 status, const QList<int> &examined)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
@@ -22,4 +24,17 @@ QByteArray littleEndian(quint64 value, int bytes)
         text.append(static_cast<char>(value >> (8 * i) & 0xFF));
     }
     return text;
+}
+
+QStringList measurementTexts(const CheckItemLog &item)
+{
+    constexpr int digits = 15;
+    QStringList texts;
+    for (const Measurement &measurement : item.measurements) {
+        const auto *number = std::get_if<double>(&measurement.value);
+        const QString value =
+            number == nullptr ? std::get<QString>(measurement.value) : QString::number(*number, 'g', digits);
+        texts.append(QStringLiteral("%1=%2 %3").arg(measurement.name, value, measurement.unit).trimmed());
+    }
+    return texts;
 }

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QtGlobal>
 
 /// What a routine left behind.
@@ -39,3 +40,6 @@ void reportStatus(ScriptedCamera &camera, quint64 status, const QList<int> &exam
 
 /// `value` as the camera sends it: `bytes` bytes, the least significant first.
 QByteArray littleEndian(quint64 value, int bytes);
+
+/// What an item read, one entry "<name>=<value> <unit>" for each measurement.
+QStringList measurementTexts(const CheckItemLog &item);

@@ -8,6 +8,8 @@
 
 /// Component routine: 0 Battery connection, 1 Battery status, 2 Battery Info, 3 Charge (only named).
 QString checkBattery(int *verdict, const QList<int> &items);
+/// The items that it knows.
+QList<int> batteryItems();
 
 QString checkBatteryNet(int *verdict, QString &detail);
 /// `detail` receives charge, voltage, current, temperature and times.

@@ -3,24 +3,20 @@
 #include "camera/client/Camera.h"
 #include "camera/codec/PacketCodec.h"
 #include "detector/checks/checkComponent.h"
+#include "detector/checks/noteRequest.h"
 #include "detector/checks/statusBitCheck.h"
 #include "detector/store/componentId.h"
+#include "detector/store/itemId.h"
 #include "detector/store/verdict.h"
 
 #include <array>
 #include <QObject>
 
 namespace {
-constexpr std::array itemTable = {
-    CheckItem{0, QT_TRANSLATE_NOOP("QObject", "Video"), checkCameraVideo},
-    CheckItem{1, QT_TRANSLATE_NOOP("QObject", "Factory Check"), checkCameraEEProm},
-};
-
 constexpr StatusBit videoStream = {
     19,
-    QT_TRANSLATE_NOOP("QObject", "获取相机视频流状态失败\n"),
-    QT_TRANSLATE_NOOP("QObject", "相机视频流NG\n"),
-    QT_TRANSLATE_NOOP("QObject", "相机视频流OK\n"),
+    {QT_TRANSLATE_NOOP("QObject", "获取相机视频流状态失败\n"), QT_TRANSLATE_NOOP("QObject", "相机视频流NG\n"),
+     QT_TRANSLATE_NOOP("QObject", "相机视频流OK\n")},
 };
 
 // The camera client is fetched anew for each query.
@@ -47,6 +43,9 @@ constexpr CalibrationBlock sfrBlock = {
     isSigned<&Camera::signatureCheckSfr>,
     readData<&Camera::eepromReadSfr>,
     readCrc<&Camera::eepromReadSfrCrc>,
+    Field::CameraMtfSigned,
+    Field::CameraMtfLength,
+    Field::CameraMtfCrc,
     QT_TRANSLATE_NOOP("QObject", "获取相机MTF检测签名失败\n"),
     QT_TRANSLATE_NOOP("QObject", "相机MTF检测未签名\n"),
     QT_TRANSLATE_NOOP("QObject", "获取相机MTF检测数据失败\n"),
@@ -59,6 +58,9 @@ constexpr CalibrationBlock maculaBlock = {
     isSigned<&Camera::signatureCheckMacula>,
     readData<&Camera::eepromReadMacula>,
     readCrc<&Camera::eepromReadMaculaCrc>,
+    Field::CameraDarkSpotSigned,
+    Field::CameraDarkSpotLength,
+    Field::CameraDarkSpotCrc,
     QT_TRANSLATE_NOOP("QObject", "获取相机暗斑检测签名失败\n"),
     QT_TRANSLATE_NOOP("QObject", "相机暗斑检测未签名\n"),
     QT_TRANSLATE_NOOP("QObject", "获取相机暗斑检测数据失败\n"),
@@ -71,6 +73,9 @@ constexpr CalibrationBlock awbBlock = {
     isSigned<&Camera::signatureCheckAwb>,
     readData<&Camera::eepromReadAwb>,
     readCrc<&Camera::eepromReadAwbCrc>,
+    Field::CameraWhiteBalanceSigned,
+    Field::CameraWhiteBalanceLength,
+    Field::CameraWhiteBalanceCrc,
     QT_TRANSLATE_NOOP("QObject", "获取白平衡检测签名失败\n"),
     QT_TRANSLATE_NOOP("QObject", "相机白平衡检测未签名\n"),
     QT_TRANSLATE_NOOP("QObject", "获取相机白平衡检测数据失败\n"),
@@ -79,11 +84,45 @@ constexpr CalibrationBlock awbBlock = {
     QT_TRANSLATE_NOOP("QObject", "相机白平衡检测成功\n"),
 };
 
-constexpr std::array factorySteps = {
-    checkCameraEEPromSfr,
-    checkCameraEEPromMacula,
-    checkCameraEEPromAwb,
-    checkCameraEEPromFocus,
+template <const CalibrationBlock &block>
+void checkBlock(CheckItemLog &item)
+{
+    checkCalibrationBlock(block, item);
+}
+
+constexpr AnswerTexts focusTexts = {
+    QT_TRANSLATE_NOOP("QObject", "获取Focus检测签名失败\n"),
+    QT_TRANSLATE_NOOP("QObject", "相机Focus检测未签名\n"),
+    QT_TRANSLATE_NOOP("QObject", "相机Focus检测成功\n"),
+};
+
+void checkFocus(CheckItemLog &item)
+{
+    int status = requestResult::success;
+    const bool isSigned = Camera::Get()->signatureCheckAwb(&status);
+    if (noteRequest(item, status) == requestResult::success) {
+        item.measurements.append(measured(Field::CameraFocusSigned, isSigned ? 1 : 0));
+    }
+    judgeAnswer(item, status, isSigned, focusTexts, verdict::failed);
+}
+
+constexpr CalibrationBlocks factoryBlocks = {sfrBlock, maculaBlock, awbBlock};
+
+void checkFactory(CheckItemLog &item)
+{
+    checkFactory(factoryBlocks, item);
+}
+
+/// A step by itself: it has no report.
+QString checkStep(ItemCheck check, int *verdict)
+{
+    QString detail;
+    return checkItem(check, verdict, detail);
+}
+
+constexpr std::array itemTable = {
+    CheckItem{itemId::camera::video, QT_TRANSLATE_NOOP("QObject", "Video"), checkStatusBit<videoStream>},
+    CheckItem{itemId::camera::factoryCheck, QT_TRANSLATE_NOOP("QObject", "Factory Check"), checkFactory},
 };
 } // namespace
 
@@ -92,76 +131,95 @@ QString checkCamera(int *verdict, const QList<int> &items)
     return checkComponent(componentId::camera, verdict::failed, itemTable, verdict, items);
 }
 
+QList<int> cameraItems()
+{
+    return itemsOf(itemTable);
+}
+
 QString checkCameraVideo(int *verdict, QString &detail)
 {
-    return checkStatusBit(videoStream, verdict, detail);
+    return checkItem(checkStatusBit<videoStream>, verdict, detail);
 }
 
 QString checkCameraEEProm(int *verdict, QString &detail)
 {
-    detail.clear();
-    QString text;
-    for (const auto step : factorySteps) {
-        text += step(verdict);
-        if (*verdict != verdict::ok) {
-            break;
-        }
-    }
-    return text;
+    return checkItem(checkFactory, verdict, detail);
 }
 
 QString checkCameraEEPromSfr(int *verdict)
 {
-    return checkCalibrationBlock(sfrBlock, verdict);
+    return checkStep(checkBlock<sfrBlock>, verdict);
 }
 
 QString checkCameraEEPromMacula(int *verdict)
 {
-    return checkCalibrationBlock(maculaBlock, verdict);
+    return checkStep(checkBlock<maculaBlock>, verdict);
 }
 
 QString checkCameraEEPromAwb(int *verdict)
 {
-    return checkCalibrationBlock(awbBlock, verdict);
+    return checkStep(checkBlock<awbBlock>, verdict);
 }
 
 QString checkCameraEEPromFocus(int *verdict)
 {
-    int status = requestResult::success;
-    const bool isSigned = Camera::Get()->signatureCheckAwb(&status);
-    *verdict = verdict::failed;
-    if (status != requestResult::success) {
-        return QObject::tr("获取Focus检测签名失败\n");
-    }
-    if (!isSigned) {
-        return QObject::tr("相机Focus检测未签名\n");
-    }
-    *verdict = verdict::ok;
-    return QObject::tr("相机Focus检测成功\n");
+    return checkStep(checkFocus, verdict);
 }
 
-QString checkCalibrationBlock(const CalibrationBlock &block, int *verdict)
+const CalibrationBlocks &calibrationBlocks()
 {
-    *verdict = verdict::failed;
+    return factoryBlocks;
+}
+
+void checkFactory(const CalibrationBlocks &blocks, CheckItemLog &item)
+{
+    const auto take = [&item](const CheckItemLog &step) {
+        item.result = step.result;
+        item.message += step.message;
+        item.measurements += step.measurements;
+        item.request = step.request; // a step that was not answered is the last one
+    };
+    for (const CalibrationBlock &block : blocks) {
+        CheckItemLog step;
+        checkCalibrationBlock(block, step);
+        take(step);
+        if (step.result != verdict::ok) {
+            return;
+        }
+    }
+    CheckItemLog focus;
+    checkFocus(focus);
+    take(focus);
+}
+
+void checkCalibrationBlock(const CalibrationBlock &block, CheckItemLog &item)
+{
+    const auto fail = [&item](const char *text) {
+        item.result = verdict::failed;
+        item.message = QObject::tr(text);
+    };
     int status = requestResult::success;
     const bool isSigned = block.isSigned(&status);
-    if (status != requestResult::success) {
-        return QObject::tr(block.signatureFailed);
+    if (noteRequest(item, status) != requestResult::success) {
+        return fail(block.signatureFailed);
     }
+    item.measurements.append(measured(block.signedField, isSigned ? 1 : 0));
     if (!isSigned) {
-        return QObject::tr(block.notSigned);
+        return fail(block.notSigned);
     }
     int length = 0;
-    if (block.readData(nullptr, &length) != requestResult::success) {
-        return QObject::tr(block.dataFailed);
+    if (noteRequest(item, block.readData(nullptr, &length)) != requestResult::success) {
+        return fail(block.dataFailed);
     }
+    item.measurements.append(measured(block.lengthField, length));
     unsigned int storedCrc = 0;
-    if (block.readCrc(&storedCrc) != requestResult::success) {
-        return QObject::tr(block.crcFailed);
+    if (noteRequest(item, block.readCrc(&storedCrc)) != requestResult::success) {
+        return fail(block.crcFailed);
     }
+    item.measurements.append(measured(block.crcField, storedCrc));
     if (length != 0 || mapi_eeprom_crc32(nullptr, 0) != storedCrc) {
-        return QObject::tr(block.crcMismatch);
+        return fail(block.crcMismatch);
     }
-    *verdict = verdict::ok;
-    return QObject::tr(block.passed);
+    item.result = verdict::ok;
+    item.message = QObject::tr(block.passed);
 }

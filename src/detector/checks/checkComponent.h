@@ -7,17 +7,21 @@
 #include "detector/store/verdict.h"
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <QList>
 #include <QString>
 
-/// One item of a component: where it stands in the run plan, what the operator reads while it runs, and its routine.
+/// Runs one item: writes verdict, texts and measurements into a fresh record.
+using ItemCheck = void (*)(CheckItemLog &item);
+
+/// One item of a component: its number, what the operator reads while it runs, and its routine.
 /// An item without routine is only named: it leaves no record and cannot fail.
 struct CheckItem
 {
-    int index;
+    int index;        ///< an `itemId` of the component
     const char *name; ///< for translation in the context "QObject"
-    QString (*check)(int *verdict, QString &detail);
+    ItemCheck check;
 };
 
 /// What the items of one component left behind.
@@ -28,9 +32,9 @@ struct ComponentResult
     int verdict = verdict::failed; ///< ok, `verdictIfNotAllPassed`, or notTested when the program closed meanwhile
 };
 
-/// Runs the requested items of one component and records them. `check(row, &verdict, detail)` runs one item; `isTest`
-/// tells the rows that are more than a name. An item that does not pass while the program begins to close is not
-/// recorded: it may just have had no time, and nobody could tell that from a camera that failed.
+/// Runs the requested items of one component and records them. `check(row, item)` runs one item into its fresh record;
+/// `isTest` tells the rows that are more than a name. An item that does not pass while the program begins to close is
+/// not recorded: it may just have had no time, and nobody could tell that from a camera that failed.
 template <class Row, std::size_t size, class IsTest, class Check>
 ComponentResult recordItems(int component, int verdictIfNotAllPassed, const std::array<Row, size> &table,
                             const QList<int> &items, IsTest isTest, Check check)
@@ -39,13 +43,16 @@ ComponentResult recordItems(int component, int verdictIfNotAllPassed, const std:
     result.record.component = component;
     bool allPassed = true;
     bool cutShort = false;
-    const bool complete = walkItems(table, items, [&](const Row &row) {
+    const bool complete = walkItems(component, table, items, [&](const Row &row) {
         if (!isTest(row)) {
             result.text.clear();
             return;
         }
         CheckItemLog item;
-        item.message = check(row, &item.result, item.detail);
+        item.number = row.index;
+        const auto begin = std::chrono::steady_clock::now();
+        check(row, item);
+        item.duration = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin);
         if (item.result != verdict::ok && KestDetectorFace::Get()->stopRequested()) {
             cutShort = true;
             return;
@@ -69,10 +76,20 @@ QString checkComponent(int component, int verdictIfNotAllPassed, const std::arra
 {
     const ComponentResult result = recordItems(
         component, verdictIfNotAllPassed, table, items, [](const CheckItem &item) { return item.check != nullptr; },
-        [](const CheckItem &item, int *itemVerdict, QString &detail) { return item.check(itemVerdict, detail); });
+        [](const CheckItem &row, CheckItemLog &item) { row.check(item); });
     KestDetectorFace *face = KestDetectorFace::Get();
     face->run.append(result.record);
     emit face->signal_showCheckLog(result.record);
     *verdict = result.verdict;
     return result.text;
+}
+
+/// An item by itself, as its named entry point runs it: hands verdict and report out and returns the verdict's text.
+inline QString checkItem(ItemCheck check, int *verdict, QString &detail)
+{
+    CheckItemLog item;
+    check(item);
+    *verdict = item.result;
+    detail = item.detail;
+    return item.message;
 }

@@ -5,11 +5,15 @@
 #include <QString>
 #include <QtGlobal>
 
+struct CheckItemLog;
+
 // Gimbal: the links to its main controller and to its three motor controllers, and the motion test. Runner thread only;
 // verdicts are those of verdict.h.
 
 /// Component routine: 0 Main connection, 1 ROLL connection, 2 PITCH connection, 3 YAW connection, 4 Cation test.
 QString checkGimbal(int *verdict, const QList<int> &items);
+/// The items that it knows.
+QList<int> gimbalItems();
 
 QString checkGimbalMainNet(int *verdict, QString &detail);
 QString checkGimbalRollNet(int *verdict, QString &detail);
@@ -29,5 +33,6 @@ struct MotionClock
     std::function<void(int milliseconds)> sleep;
 };
 
-/// The motion test by another clock than the PC's.
-QString checkGimbalStutter(int *verdict, QString &detail, const MotionClock &clock);
+/// The motion test by another clock than the PC's, into a fresh record. Measures each axis: the time from its order to
+/// its outcome, and the last state seen.
+void checkGimbalStutter(CheckItemLog &item, const MotionClock &clock);

@@ -3,6 +3,7 @@
 #include "detector/checks/checkComponent.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
+#include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/verdict.h"
 #include "ftp/FtpDownLoadFace.h"
@@ -24,16 +25,16 @@ struct LogItem
 };
 
 constexpr std::array itemTable = {
-    LogItem{0, QT_TRANSLATE_NOOP("QObject", "log"), downloadCameraLog},
-    LogItem{1, QT_TRANSLATE_NOOP("QObject", "private"), downloadPrivateLog},
-    LogItem{2, QT_TRANSLATE_NOOP("QObject", "dmesg"), downloadDmesgLog},
-    LogItem{3, QT_TRANSLATE_NOOP("QObject", "pstree&&ps"), downloadPstreePsLog},
-    LogItem{4, QT_TRANSLATE_NOOP("QObject", "ifconfig"), downloadIfconfLog},
-    LogItem{5, QT_TRANSLATE_NOOP("QObject", "kest_version"), downloadVersionLog},
-    LogItem{6, QT_TRANSLATE_NOOP("QObject", "netconf"), downloadNetConfLog},
-    LogItem{7, QT_TRANSLATE_NOOP("QObject", "iwDevAp0Scan"), downloadIwDevAp0ScanLog},
-    LogItem{8, QT_TRANSLATE_NOOP("QObject", "mci_info"), downloadMciInfoLog},
-    LogItem{9, QT_TRANSLATE_NOOP("QObject", "sharefs"), downloadSharefsLog},
+    LogItem{itemId::log::camera, QT_TRANSLATE_NOOP("QObject", "log"), downloadCameraLog},
+    LogItem{itemId::log::privateLog, QT_TRANSLATE_NOOP("QObject", "private"), downloadPrivateLog},
+    LogItem{itemId::log::dmesg, QT_TRANSLATE_NOOP("QObject", "dmesg"), downloadDmesgLog},
+    LogItem{itemId::log::pstreePs, QT_TRANSLATE_NOOP("QObject", "pstree&&ps"), downloadPstreePsLog},
+    LogItem{itemId::log::ifconfig, QT_TRANSLATE_NOOP("QObject", "ifconfig"), downloadIfconfLog},
+    LogItem{itemId::log::version, QT_TRANSLATE_NOOP("QObject", "kest_version"), downloadVersionLog},
+    LogItem{itemId::log::netConf, QT_TRANSLATE_NOOP("QObject", "netconf"), downloadNetConfLog},
+    LogItem{itemId::log::iwDevAp0Scan, QT_TRANSLATE_NOOP("QObject", "iwDevAp0Scan"), downloadIwDevAp0ScanLog},
+    LogItem{itemId::log::mciInfo, QT_TRANSLATE_NOOP("QObject", "mci_info"), downloadMciInfoLog},
+    LogItem{itemId::log::sharefs, QT_TRANSLATE_NOOP("QObject", "sharefs"), downloadSharefsLog},
 };
 
 using Setting = QString Settings::*;
@@ -137,10 +138,15 @@ QString downLoadLogs(int *verdict, const QList<int> &items)
     const QString date = QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
     const ComponentResult result = recordItems(
         componentId::log, verdict::failed, itemTable, items, [](const LogItem &) { return true; },
-        [&date](const LogItem &item, int *itemVerdict, QString &) { return item.download(itemVerdict, date); });
+        [&date](const LogItem &row, CheckItemLog &item) { item.message = row.download(&item.result, date); });
     emit KestDetectorFace::Get()->signal_showCheckLog(result.record);
     *verdict = result.verdict;
     return result.text;
+}
+
+QList<int> logItems()
+{
+    return itemsOf(itemTable);
 }
 
 QString downloadCameraLog(int *verdict, const QString &date)

@@ -13,6 +13,8 @@
 /// Component routine, items 0 to 9 in the order below. Shows its record in the event table, but leaves none for the
 /// detection log.
 QString downLoadLogs(int *verdict, const QList<int> &items);
+/// The items that it knows.
+QList<int> logItems();
 
 // Items. `date` ("yyyy-MM-dd") chooses the folder; `*verdict` takes the result of the last shell call, 0 or -1. The
 // returned text is always empty.

@@ -9,8 +9,11 @@
 /// Component routine: 0 Lens driver (only named), 1 EEPROM, 2 Gimbal Main, 3 Gimbal ROLL, 4 Gimbal PITCH, 5 Gimbal YAW,
 /// 6 Battery.
 QString checkPcba(int *verdict, const QList<int> &items);
+/// The items that it knows.
+QList<int> pcbaItems();
 
-/// Passes always: the lens driver keeps no flag.
+/// Passes always, and is not part of the component's run, which only names the item: no flag of the lens driver is
+/// known.
 QString checkPcbaLenDriver(int *verdict);
 QString checkPcbaEEprom(int *verdict, QString &detail);
 QString checkPcbaGimbalMain(int *verdict, QString &detail);

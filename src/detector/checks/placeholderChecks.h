@@ -10,6 +10,11 @@ QString checkFan(int *verdict, const QList<int> &items);
 QString checkKeyBoard(int *verdict, const QList<int> &items);
 QString checkVoice(int *verdict, const QList<int> &items);
 
+// The items that they know.
+QList<int> fanItems();
+QList<int> keyBoardItems();
+QList<int> voiceItems();
+
 // Where the tests will stand.
 QString checkFanOpen(int *verdict);
 QString checkKeyBoardClicked(int *verdict);

@@ -1,20 +1,24 @@
 #include "detector/checks/statusBitCheck.h"
 
 #include "camera/client/Camera.h"
+#include "detector/checks/noteRequest.h"
 #include "detector/store/checkHelpers.h"
-#include "detector/store/verdict.h"
 
-#include <QObject>
-
-QString checkStatusBit(const StatusBit &bit, int *verdict, QString &detail)
+namespace {
+QString hexWord(quint64 word)
 {
-    detail.clear();
+    return QStringLiteral("0x%1").arg(word, 16, 16, QLatin1Char('0'));
+}
+} // namespace
+
+void checkStatusBit(const StatusBit &bit, CheckItemLog &item)
+{
     CameraStatus status;
-    if (Camera::Get()->getCameraState(&status) != requestResult::success) {
-        *verdict = verdict::failed;
-        return QObject::tr(bit.queryFailed);
+    const int result = noteRequest(item, Camera::Get()->getCameraState(&status));
+    bool asExpected = false;
+    if (result == requestResult::success) {
+        item.measurements.append(measured(Field::CameraStatusWord, hexWord(status.iCurStatus)));
+        asExpected = !getCameraStatusList(status.iCurStatus).contains(bit.position);
     }
-    const bool differs = getCameraStatusList(status.iCurStatus).contains(bit.position);
-    *verdict = differs ? verdict::failed : verdict::ok;
-    return QObject::tr(differs ? bit.notExpected : bit.asExpected);
+    judgeAnswer(item, result, asExpected, bit.texts, verdict::failed);
 }

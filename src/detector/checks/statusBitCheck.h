@@ -1,16 +1,21 @@
 #pragma once
 
-#include <QString>
+#include "detector/checks/judgeAnswer.h"
 
-/// A link or stream that the camera watches itself and reports in one bit of its status word. The texts are for
-/// translation in the context "QObject".
+/// A link or stream that the camera watches itself and reports in one bit of its status word. Bad: the bit is examined
+/// and differs from what is expected.
 struct StatusBit
 {
-    int position;            ///< bit of the status word, 0 to 63
-    const char *queryFailed; ///< verdict 1: the camera could not be asked
-    const char *notExpected; ///< verdict 1: the bit is examined and differs from what is expected
-    const char *asExpected;  ///< verdict 0
+    int position; ///< bit of the status word, 0 to 63
+    AnswerTexts texts;
 };
 
-/// Asks the camera for its status word and judges one bit of it; returns the verdict's text. `detail` is emptied.
-QString checkStatusBit(const StatusBit &bit, int *verdict, QString &detail);
+/// Asks the camera for its status word and judges one bit of it; fails unless the answer is good.
+void checkStatusBit(const StatusBit &bit, CheckItemLog &item);
+
+/// The same as a row of an item table names it.
+template <const StatusBit &bit>
+void checkStatusBit(CheckItemLog &item)
+{
+    checkStatusBit(bit, item);
+}

@@ -2,7 +2,10 @@
 
 #include "camera/client/Camera.h"
 #include "detector/checks/checkComponent.h"
+#include "detector/checks/noteRequest.h"
+#include "detector/checks/reportNumber.h"
 #include "detector/store/componentId.h"
+#include "detector/store/itemId.h"
 #include "detector/store/translatedEntry.h"
 #include "detector/store/verdict.h"
 #include "telnet/session/TelnetInteractiveFace.h"
@@ -13,11 +16,6 @@
 #include <QObject>
 
 namespace {
-constexpr std::array itemTable = {
-    CheckItem{0, QT_TRANSLATE_NOOP("QObject", "Use condition"), checkTFCardStatus},
-    CheckItem{1, QT_TRANSLATE_NOOP("QObject", "Literacy rate"), checkTFCardSpeed},
-};
-
 constexpr std::int32_t stateReady = 2;
 
 /// By card state.
@@ -52,10 +50,62 @@ constexpr float mebibytes(std::uint64_t bytes)
     return kibibytes(bytes) / 1024;
 }
 
-QString filled(const QString &line, float value)
+void checkUsage(CheckItemLog &item)
 {
-    return line.arg(static_cast<double>(value));
+    item.result = verdict::failed;
+    TFCardStatus status;
+    if (noteRequest(item, Camera::Get()->getTFCardStatus(&status)) != requestResult::success) {
+        item.message = QObject::tr("获取TF卡状态失败\n");
+        return;
+    }
+    item.measurements.append(measured(Field::CardState, status.state));
+    item.measurements.append(measured(Field::CardReason, status.reason));
+    if (status.state != stateReady) {
+        item.message = translatedEntry(states, status.state) + translatedEntry(reasons, status.reason);
+        return;
+    }
+    TFCardUsedStatus used;
+    if (noteRequest(item, Camera::Get()->getTFCardUsedStatus(&used)) != requestResult::success) {
+        item.message = QObject::tr("获取TF卡使用状态失败\n");
+        return;
+    }
+    reportNumber(item, QObject::tr("扇区大小:%1K\n"), Field::CardSectorSize, kibibytes(used.sectorSize));
+    reportNumber(item, QObject::tr("总内存:%1MB\n"), Field::CardTotal, mebibytes(used.total));
+    reportNumber(item, QObject::tr("可用内存:%1MB\n"), Field::CardAvailable, mebibytes(used.available));
+    reportNumber(item, QObject::tr("已用内存:%1MB\n"), Field::CardUsed, mebibytes(used.used));
+    qDebug().noquote() << item.detail;
+    item.result = verdict::ok;
 }
+
+void checkSpeed(CheckItemLog &item)
+{
+    item.result = verdict::failed;
+    QString reply;
+    if (noteShellCall(item, TelnetInteractiveFace::Get()->telnet(QStringLiteral("mount\n"), 5, &reply)) != 0) {
+        item.message = QObject::tr("mount SD Card faild\n");
+        return;
+    }
+    const bool mounted = isCardMounted(reply);
+    item.measurements.append(measured(Field::CardMounted, mounted ? 1 : 0));
+    if (!mounted) {
+        item.message = QObject::tr("SD卡未挂载\n");
+        return;
+    }
+    if (noteShellCall(
+            item, TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat /proc/mci/mci_info\n"), 6, &reply)) != 0) {
+        item.message = QObject::tr("获取SD卡信息失败\n");
+        return;
+    }
+    const bool fast = isCardFast(reply);
+    item.measurements.append(measured(Field::CardFast, fast ? 1 : 0));
+    item.result = fast ? verdict::ok : verdict::warning;
+    item.message = fast ? QObject::tr("SD Card OK\n") : QObject::tr("警告:非高SD速卡\n");
+}
+
+constexpr std::array itemTable = {
+    CheckItem{itemId::tfCard::usage, QT_TRANSLATE_NOOP("QObject", "Use condition"), checkUsage},
+    CheckItem{itemId::tfCard::speed, QT_TRANSLATE_NOOP("QObject", "Literacy rate"), checkSpeed},
+};
 } // namespace
 
 QString checkTFCard(int *verdict, const QList<int> &items)
@@ -63,50 +113,19 @@ QString checkTFCard(int *verdict, const QList<int> &items)
     return checkComponent(componentId::tfCard, verdict::failed, itemTable, verdict, items);
 }
 
+QList<int> tfCardItems()
+{
+    return itemsOf(itemTable);
+}
+
 QString checkTFCardStatus(int *verdict, QString &info)
 {
-    info.clear();
-    *verdict = verdict::failed;
-    TFCardStatus status;
-    if (Camera::Get()->getTFCardStatus(&status) != requestResult::success) {
-        return QObject::tr("获取TF卡状态失败\n");
-    }
-    if (status.state != stateReady) {
-        return translatedEntry(states, status.state) + translatedEntry(reasons, status.reason);
-    }
-    TFCardUsedStatus used;
-    if (Camera::Get()->getTFCardUsedStatus(&used) != requestResult::success) {
-        return QObject::tr("获取TF卡使用状态失败\n");
-    }
-    info += filled(QObject::tr("扇区大小:%1K\n"), kibibytes(used.sectorSize));
-    info += filled(QObject::tr("总内存:%1MB\n"), mebibytes(used.total));
-    info += filled(QObject::tr("可用内存:%1MB\n"), mebibytes(used.available));
-    info += filled(QObject::tr("已用内存:%1MB\n"), mebibytes(used.used));
-    qDebug().noquote() << info;
-    *verdict = verdict::ok;
-    return {};
+    return checkItem(checkUsage, verdict, info);
 }
 
 QString checkTFCardSpeed(int *verdict, QString &info)
 {
-    info.clear();
-    *verdict = verdict::failed;
-    QString reply;
-    if (TelnetInteractiveFace::Get()->telnet(QStringLiteral("mount\n"), 5, &reply) != 0) {
-        return QObject::tr("mount SD Card faild\n");
-    }
-    if (!isCardMounted(reply)) {
-        return QObject::tr("SD卡未挂载\n");
-    }
-    if (TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat /proc/mci/mci_info\n"), 6, &reply) != 0) {
-        return QObject::tr("获取SD卡信息失败\n");
-    }
-    if (!isCardFast(reply)) {
-        *verdict = verdict::warning;
-        return QObject::tr("警告:非高SD速卡\n");
-    }
-    *verdict = verdict::ok;
-    return QObject::tr("SD Card OK\n");
+    return checkItem(checkSpeed, verdict, info);
 }
 
 bool isCardMounted(const QString &reply)

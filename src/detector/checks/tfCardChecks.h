@@ -8,6 +8,8 @@
 
 /// Component routine: 0 Use condition, 1 Literacy rate.
 QString checkTFCard(int *verdict, const QList<int> &items);
+/// The items that it knows.
+QList<int> tfCardItems();
 
 /// The text is empty when the card is ready; `info` then receives its capacities.
 QString checkTFCardStatus(int *verdict, QString &info);

@@ -2,6 +2,7 @@
 
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
+#include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/Settings.h"
 #include "detector/store/verdict.h"
@@ -35,17 +36,36 @@ const std::array<Component, 10> &components()
 {
     using Form = Ui::KestDetectorUI;
     static const std::array<Component, 10> table{{
-        {componentId::camera, &Form::cbCamera, &Form::lbCamera, false, {0}},
-        {componentId::gimbal, &Form::cbGimbal, &Form::lbGimbal, false, {0, 1, 2, 3}},
+        {componentId::camera, &Form::cbCamera, &Form::lbCamera, false, {itemId::camera::video}},
+        {componentId::gimbal,
+         &Form::cbGimbal,
+         &Form::lbGimbal,
+         false,
+         {itemId::gimbal::mainLink, itemId::gimbal::rollLink, itemId::gimbal::pitchLink, itemId::gimbal::yawLink}},
         // The battery's information is read before its status.
-        {componentId::battery, &Form::cbBattery, &Form::lbBattery, false, {0, 2, 1}},
-        {componentId::tfCard, &Form::cbTFCard, &Form::lbTFCard, false, {0, 1}},
-        {componentId::lens, &Form::cbLens, &Form::lbLens, false, {0}},
-        {componentId::fan, &Form::cbFan, &Form::lbFan, true, {0}},
-        {componentId::keyBoard, &Form::cbKeyBoard, &Form::lbKeyBoard, true, {0}},
-        {componentId::voice, &Form::cbVoice, &Form::lbVoice, true, {0}},
-        {componentId::pcba, &Form::cbPCBA, &Form::lbPcba, false, {0, 1, 2, 3, 4, 5, 6}},
-        {componentId::log, &Form::cbLoadLog, nullptr, false, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9}},
+        {componentId::battery,
+         &Form::cbBattery,
+         &Form::lbBattery,
+         false,
+         {itemId::battery::link, itemId::battery::info, itemId::battery::status}},
+        {componentId::tfCard, &Form::cbTFCard, &Form::lbTFCard, false, {itemId::tfCard::usage, itemId::tfCard::speed}},
+        {componentId::lens, &Form::cbLens, &Form::lbLens, false, {itemId::lens::link}},
+        {componentId::fan, &Form::cbFan, &Form::lbFan, true, {itemId::fan::open}},
+        {componentId::keyBoard, &Form::cbKeyBoard, &Form::lbKeyBoard, true, {itemId::keyBoard::clicked}},
+        {componentId::voice, &Form::cbVoice, &Form::lbVoice, true, {itemId::voice::signal}},
+        {componentId::pcba,
+         &Form::cbPCBA,
+         &Form::lbPcba,
+         false,
+         {itemId::pcba::lensDriver, itemId::pcba::sensor, itemId::pcba::gimbalMain, itemId::pcba::gimbalRoll,
+          itemId::pcba::gimbalPitch, itemId::pcba::gimbalYaw, itemId::pcba::battery}},
+        {componentId::log,
+         &Form::cbLoadLog,
+         nullptr,
+         false,
+         {itemId::log::camera, itemId::log::privateLog, itemId::log::dmesg, itemId::log::pstreePs,
+          itemId::log::ifconfig, itemId::log::version, itemId::log::netConf, itemId::log::iwDevAp0Scan,
+          itemId::log::mciInfo, itemId::log::sharefs}},
     }};
     return table;
 }

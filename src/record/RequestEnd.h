@@ -1,0 +1,11 @@
+#pragma once
+
+/// How an item's requests to the camera ended: the first one that was not answered, else the last one.
+struct RequestEnd
+{
+    enum class Kind { Answered, NoReply, Refused, WrongSize };
+
+    Kind kind = Kind::Answered;
+    int code = 0;     ///< the camera's own, when it refused; else 0
+    int attempts = 1; ///< the most that one request of the item needed
+};
