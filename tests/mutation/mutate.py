@@ -40,6 +40,7 @@ SUFFIXES = (".cpp", ".h", ".ui")
 ADDRESS_SPACE = 6 << 30  # of a test: a loop without an end must not take the whole machine with it
 FILE_SIZE = 1 << 30
 MOST_DRAWS = 50
+LONG = 5  # seconds; such tests come after all others of their kind
 
 NOTICED, UNNOTICED, BROKEN, EQUIVALENT = "noticed", "not noticed", "does not compile", "same object code"
 
@@ -54,10 +55,11 @@ class Test:
     def rank(self, library):
         """Stage and order within it, or nothing where the test has nothing to do with the library."""
         if self.whole:
-            return 3, self.seconds
+            return 4, self.seconds
         if library not in self.libraries:
             return None
-        return (2 if "kest_ui_window" in self.libraries else 1), len(self.libraries), self.seconds
+        stage = 3 if "kest_ui_window" in self.libraries else 2 if self.seconds > LONG else 1
+        return stage, len(self.libraries), self.seconds
 
 
 @dataclasses.dataclass
