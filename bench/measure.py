@@ -7,6 +7,7 @@ Needs a network in which the emulated camera's ports are free. The table also go
 """
 
 import contextlib
+import dataclasses
 import json
 import os
 import pathlib
@@ -16,6 +17,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import typing
 
 REPETITIONS = 5
 KIB = 1024
@@ -39,11 +41,33 @@ def program(name):
     return build / "bench" / name / name
 
 
-def add_row(row, what, measured, peer_name, peer, ratio, goal, met, unit="", note=""):
-    """`measured`, `peer` and `ratio` are lists with one number for each repetition; peer and ratio may be empty."""
+@dataclasses.dataclass(frozen=True)
+class Case:
+    row: str
+    what: str
+    unit: str = ""
+    note: str = ""
+
+
+@dataclasses.dataclass(frozen=True)
+class Peer:
+    """What a case is measured against: its name, and one number for each repetition."""
+    name: str = ""
+    samples: typing.Sequence[float] = ()
+
+
+@dataclasses.dataclass(frozen=True)
+class Goal:
+    text: str = "report"
+    met: bool | None = None
+
+
+def add_row(case, measured, peer=Peer(), goal=Goal(), ratio=()):
+    """`measured` and `ratio` are lists with one number for each repetition; there may be no ratio."""
     rows.append({
-        "row": row, "what": what, "unit": unit, "measured": summary(measured), "peer": peer_name,
-        "peerMeasured": summary(peer), "ratio": summary(ratio), "goal": goal, "met": met, "note": note})
+        "row": case.row, "what": case.what, "unit": case.unit, "measured": summary(measured), "peer": peer.name,
+        "peerMeasured": summary(peer.samples), "ratio": summary(ratio), "goal": goal.text, "met": goal.met,
+        "note": case.note})
     print(format_row(rows[-1]), flush=True)
 
 
@@ -58,10 +82,18 @@ def ratios(measured, peer):
     return [ours / theirs for ours, theirs in zip(measured, peer)]
 
 
-def add_comparison(row, what, measured, peer_name, peer, unit, limit, goal):
-    ratio = ratios(measured, peer)
-    met = None if limit is None else statistics.median(ratio) <= limit
-    add_row(row, what, measured, peer_name, peer, ratio, goal, met, unit)
+def at_most(samples, limit, text):
+    return Goal(text, statistics.median(samples) <= limit)
+
+
+def below(samples, limit, text):
+    return Goal(text, statistics.median(samples) < limit)
+
+
+def add_comparison(case, measured, peer, limit=None, text="report"):
+    """A row whose goal is the ratio to the peer."""
+    ratio = ratios(measured, peer.samples)
+    add_row(case, measured, peer, Goal() if limit is None else at_most(ratio, limit, text), ratio)
 
 
 def number(value):
@@ -170,7 +202,7 @@ class Probed:
         return int(status.split("VmRSS:")[1].split()[0]) / KIB
 
 
-def full_run(_):
+def full_run():
     with camera():
         floors = []
         for _ in range(REPETITIONS):
@@ -188,41 +220,40 @@ def full_run(_):
         raise RuntimeError("a run did not pass")
     # The runner looks for a request every 50 ms; how long it took to see this one is the pause's share of this run.
     floor = [camera_time + TASKS_OF_A_FULL_RUN * TASK_PAUSE_MS + pause for camera_time, pause in zip(floors, taken)]
-    add_comparison("full run", "ten components, Start to verdict", measured, "pauses + camera, raw", floor, "ms", 1.05,
-                   "<= 1.05")
-    add_row("idle", "processor time of a run", [100 * part / whole for part, whole in zip(cpu, measured)], "", [], [],
-            "report", None, "% of a core")
+    add_comparison(Case("full run", "ten components, Start to verdict", "ms"), measured,
+                   Peer("pauses + camera, raw", floor), 1.05, "<= 1.05")
+    add_row(Case("idle", "processor time of a run", "% of a core"),
+            [100 * part / whole for part, whole in zip(cpu, measured)])
 
 
-def requests(_):
+def requests():
     with camera():
         found = google_benchmark("requestBench")
     for ours, raw, name in (("ping", "rawPing", "Ping"), ("eeprom", "rawEeprom", "EEPROM, 720 bytes")):
-        add_comparison("request", f"{name}, p50", values(found[ours], "p50_us"), "raw UDP socket",
-                       values(found[raw], "p50_us"), "us", 2.0, "<= 2.0")
+        add_comparison(Case("request", f"{name}, p50", "us"), values(found[ours], "p50_us"),
+                       Peer("raw UDP socket", values(found[raw], "p50_us")), 2.0, "<= 2.0")
         p99 = values(found[ours], "p99_us")
-        add_row("request", f"{name}, p99", p99, "raw UDP socket", values(found[raw], "p99_us"), [], "< 1000 us",
-                statistics.median(p99) < 1000, "us")
+        add_row(Case("request", f"{name}, p99", "us"), p99, Peer("raw UDP socket", values(found[raw], "p99_us")),
+                below(p99, 1000, "< 1000 us"))
 
 
-def shell(_):
+def shell():
     with camera():
         found = google_benchmark("shellBench")
     for size in (KIB, 64 * KIB, MIB):
-        add_comparison("shell", f"{size // KIB} KiB", values(found[f"telnet/{size}"], factor=1e-6), "raw socket",
-                       values(found[f"rawTelnet/{size}"], factor=1e-6), "ms", 1.3, "<= 1.3")
+        add_comparison(Case("shell", f"{size // KIB} KiB", "ms"), values(found[f"telnet/{size}"], factor=1e-6),
+                       Peer("raw socket", values(found[f"rawTelnet/{size}"], factor=1e-6)), 1.3, "<= 1.3")
     per_byte = {size: values(found[f"telnet/{size}"], factor=1 / size) for size in SHELL_SIZES}
     raw_per_byte = {size: values(found[f"rawTelnet/{size}"], factor=1 / size) for size in SHELL_SIZES}
     smallest, largest = 64 * KIB, 4 * MIB
     for size in (smallest, 256 * KIB, MIB, largest):
-        last = size == largest
         growth = ratios(per_byte[size], per_byte[smallest])
-        add_row("growth", f"{size // KIB} KiB, cost of a byte", per_byte[size], "raw socket", raw_per_byte[size],
-                growth, "<= 1.5 x 64 KiB" if last else "report", statistics.median(growth) <= 1.5 if last else None,
-                "ns")
+        add_row(Case("growth", f"{size // KIB} KiB, cost of a byte", "ns"), per_byte[size],
+                Peer("raw socket", raw_per_byte[size]),
+                at_most(growth, 1.5, "<= 1.5 x 64 KiB") if size == largest else Goal(), growth)
 
 
-def ftp(_):
+def ftp():
     with camera() as root:
         for name, size in (("1 MiB", MIB), ("200 MiB", 200 * MIB)):
             (root / "tmp" / "archive" / "file.bin").write_bytes(os.urandom(size))
@@ -243,10 +274,10 @@ def ftp(_):
                 curl.append(float(output) * 1000)
                 target.unlink()
             # The first pair has warmed up the server.
-            add_comparison("FTP", name, ours[1:], "curl", curl[1:], "ms", 1.0, "<= 1.0")
+            add_comparison(Case("FTP", name, "ms"), ours[1:], Peer("curl", curl[1:]), 1.0, "<= 1.0")
 
 
-def idle(_):
+def idle():
     with camera(), Probed("probedStation") as station, Probed("emptyWindow") as empty:
         station.wait_for("linked", 30)
         empty.wait_for("first-paint", 30)
@@ -260,22 +291,21 @@ def idle(_):
             for one, samples in parts.items():
                 samples.append(100 * (one.processor_ns() - before[one]) / elapsed)
     above = [ours - theirs for ours, theirs in zip(parts[station], parts[empty])]
-    add_row("idle", f"connected, {IDLE_SLICES} x {IDLE_SLICE_SECONDS} s", parts[station], "empty window",
-            parts[empty], [], "<= 0.5 % above it", statistics.median(above) <= 0.5, "% of a core")
+    add_row(Case("idle", f"connected, {IDLE_SLICES} x {IDLE_SLICE_SECONDS} s", "% of a core"), parts[station],
+            Peer("empty window", parts[empty]), at_most(above, 0.5, "<= 0.5 % above it"))
 
 
-def wait(_):
+def wait():
     with camera(), Probed("probedStation", KEST_BENCH_WAITS=str(SHELL_WAITS)) as station:
         station.wait_for("waits-done", 60)
         if station.events("wait-result") != [-1] * SHELL_WAITS:
             raise RuntimeError("a shell call found a prompt")
         parts = [100 * processor / whole
                  for processor, whole in zip(station.events("wait-processor-ns"), station.events("wait-ns"))]
-    add_row("idle", "in a shell wait of 5 s", parts, "", [], [], "<= 1 %", statistics.median(parts) <= 1,
-            "% of a core")
+    add_row(Case("idle", "in a shell wait of 5 s", "% of a core"), parts, goal=at_most(parts, 1, "<= 1 %"))
 
 
-def window(_):
+def window():
     with camera() as root:
         # 1 MiB of kernel log, and an archive of 200 MiB that costs the camera nothing to pack.
         shutil.copy(root / "data" / "bench" / str(MIB), root / "usr" / "share" / "camera" / "dmesg.txt")
@@ -299,17 +329,17 @@ def window(_):
     texts = list(work.glob("log/*/dmesg.txt"))
     if not archives or archives[0].stat().st_size != 200 * MIB or texts[0].stat().st_size < MIB:
         raise RuntimeError("the run did not fetch what it was to fetch")
-    add_row("window", "longest absence, 1 MiB text, 200 MiB file", absences, "processor time in it", work_in_them, [],
-            f"<= {FRAME_MS} ms", statistics.median(absences) <= FRAME_MS, "ms",
-            "each run's longest; at " + ", ".join(f"{moment:.0f}" for moment in moments) + " ms of the runs")
+    note = "each run's longest; at " + ", ".join(f"{moment:.0f}" for moment in moments) + " ms of the runs"
+    add_row(Case("window", "longest absence, 1 MiB text, 200 MiB file", "ms", note), absences,
+            Peer("processor time in it", work_in_them), at_most(absences, FRAME_MS, f"<= {FRAME_MS} ms"))
 
 
-def table(_):
+def table():
     found = google_benchmark("tableBench")
     for count in (0, 1000, 5000, 10000):
         times = values(found[f"add/{count}"], factor=1e-6)
-        add_row("table", f"ten rows more at {count}", times, "until shown",
-                values(found[f"addAndShow/{count}"], factor=1e-6), [], "< 1 ms", statistics.median(times) < 1, "ms")
+        add_row(Case("table", f"ten rows more at {count}", "ms"), times,
+                Peer("until shown", values(found[f"addAndShow/{count}"], factor=1e-6)), below(times, 1, "< 1 ms"))
 
 
 @contextlib.contextmanager
@@ -332,17 +362,17 @@ def time_to_paint(name, variables):
         return (one.wait_for("first-paint", 30) - one.begin) / 1e6
 
 
-def start(_):
+def start():
     with display() as shown:
         for surroundings, variables in (("on X11", shown), ("offscreen", {})):
             pairs = [[time_to_paint(name, variables) for name in ("probedStation", "emptyWindow")]
                      for _ in range(2 * REPETITIONS + 1)]
             ours, empty = zip(*pairs[1:])  # the first pair has read the files from the disk
-            add_comparison("start", f"process start to painted window, {surroundings}", ours, "empty window", empty,
-                           "ms", 1.5, "<= 1.5")
+            add_comparison(Case("start", f"process start to painted window, {surroundings}", "ms"), ours,
+                           Peer("empty window", empty), 1.5, "<= 1.5")
 
 
-def memory(_):
+def memory():
     station_sizes, empty_sizes = [], []
     with camera():
         for _ in range(REPETITIONS):
@@ -353,8 +383,8 @@ def memory(_):
                 station_sizes.append(station.resident_mib())
                 empty_sizes.append(empty.resident_mib())
         above = [ours - theirs for ours, theirs in zip(station_sizes, empty_sizes)]
-        add_row("memory", "after start", station_sizes, "empty window", empty_sizes, [], "<= 12 MiB above it",
-                statistics.median(above) <= 12, "MiB")
+        add_row(Case("memory", "after start", "MiB"), station_sizes, Peer("empty window", empty_sizes),
+                at_most(above, 12, "<= 12 MiB above it"))
         with Probed("probedStation", ["--run", "all", "--repeat", str(RUNS_FOR_MEMORY), "--save-path",
                                       work]) as station:
             station.finish(600)
@@ -362,31 +392,32 @@ def memory(_):
     if len(resident) != RUNS_FOR_MEMORY:
         raise RuntimeError("not all runs came to their end")
     growth = resident[-1] - resident[0]
-    add_row("memory", f"growth, run 1 to run {RUNS_FOR_MEMORY}", [growth], "", [], [], "< 1 MiB", growth < 1, "MiB",
-            f"{resident[0]:.1f} MiB after run 1, {resident[-1]:.1f} after run {RUNS_FOR_MEMORY}")
+    note = f"{resident[0]:.1f} MiB after run 1, {resident[-1]:.1f} after run {RUNS_FOR_MEMORY}"
+    add_row(Case("memory", f"growth, run 1 to run {RUNS_FOR_MEMORY}", "MiB", note), [growth],
+            goal=below([growth], 1, "< 1 MiB"))
 
 
-def codec(_):
+def codec():
     found = google_benchmark("codecBench", options=["--benchmark_min_time=0.1"])
     for size in (12, 64, 1023):
         ours = values(found[f"frame/{size}"])
-        add_comparison("codec", f"{size} bytes: encode, check, parse", ours, "Boost.CRC twice",
-                       values(found[f"boostFrame/{size}"]), "ns", 1.0, "< 1")
-        add_comparison("codec", f"{size} bytes: encode, check, parse", ours, "memcpy twice",
-                       values(found[f"memcpyFrame/{size}"]), "ns", None, "report")
+        case = Case("codec", f"{size} bytes: encode, check, parse", "ns")
+        add_comparison(case, ours, Peer("Boost.CRC twice", values(found[f"boostFrame/{size}"])), 1.0, "< 1")
+        add_comparison(case, ours, Peer("memcpy twice", values(found[f"memcpyFrame/{size}"])))
     for ours, boost, name in (("crc16", "boostCrc16", "CRC-16"), ("crc32", "boostCrc32", "CRC-32")):
-        add_comparison("codec", f"{name} of 1 KiB", values(found[ours]), "Boost.CRC", values(found[boost]), "ns", 1.0,
-                       "< 1")
+        add_comparison(Case("codec", f"{name} of 1 KiB", "ns"), values(found[ours]),
+                       Peer("Boost.CRC", values(found[boost])), 1.0, "< 1")
 
 
-def log(_):
+def log():
     found = google_benchmark("logBench", options=["--benchmark_min_time=0.2"])
     for case, name in (("below", "below the trim size"), ("above", "above it")):
         for size in (100, 4 * KIB, MIB):
             slowest = values(found[f"{case}/{size}"], "slowest_ms")
-            add_row("log", f"records of {size} bytes {name}", values(found[f"{case}/{size}"], "items_per_second"),
-                    "plain append", values(found[f"plainAppend/{size}"], "items_per_second"), [],
-                    "no step over 50 ms", max(slowest) <= 50, "/s", f"slowest step {max(slowest):.1f} ms")
+            add_row(Case("log", f"records of {size} bytes {name}", "/s", f"slowest step {max(slowest):.1f} ms"),
+                    values(found[f"{case}/{size}"], "items_per_second"),
+                    Peer("plain append", values(found[f"plainAppend/{size}"], "items_per_second")),
+                    Goal("no step over 50 ms", max(slowest) <= 50))
 
 
 MEASUREMENTS = {one.__name__: one for one in (
@@ -408,7 +439,7 @@ def main():
         print(HEADER)
         for name in wanted:
             try:
-                MEASUREMENTS[name](work)
+                MEASUREMENTS[name]()
             except (RuntimeError, subprocess.SubprocessError, OSError, KeyError) as error:
                 failures.append(f"{name}: {error}")
                 print(f"{name}: not measured: {error}", file=sys.stderr, flush=True)
