@@ -207,7 +207,7 @@ class Trial:
 
     def judge(self, change):
         """Builds and tests; the change is in the copy."""
-        if self.workshop.build("KestDetector").returncode:
+        if self.workshop.build("src/all").returncode:
             change.outcome = BROKEN
             return
         if self.workshop.objects() == self.original:
