@@ -114,6 +114,11 @@ private slots:
     void unknownSubOptionWarns();
     void splitInputIsHeldBack_data();
     void splitInputIsHeldBack();
+    void commandsBesideGatheredText_data();
+    void commandsBesideGatheredText();
+    void gatheredTextSpansNoCommand_data();
+    void gatheredTextSpansNoCommand();
+    void gatheredInputOfPastSessionIsDropped();
     void randomCommandsDoNotDependOnSplitting();
     void text_data();
     void text();
@@ -318,6 +323,108 @@ void tst_KestTelnet::splitInputIsHeldBack()
     QCOMPARE(session.socket->takeWritten().toHex(),
              QByteArray("fffb18fffa1800554e4b4e4f574efff0fffe01fffa25000000fff0fffa1800554e4b4e4f574efff0"));
     QCOMPARE(session.events, QStringList());
+}
+
+void tst_KestTelnet::commandsBesideGatheredText_data()
+{
+    QTest::addColumn<Pieces>("reads");
+    QTest::addColumn<QByteArray>("answer");
+
+    const QByteArray before("banner\r\n");
+    const QByteArray behind("more\r\n");
+    struct Command
+    {
+        const char *name;
+        QByteArray bytes;
+        QByteArray answer;
+    };
+    const std::array commands = {
+        Command{"negotiation", QByteArray::fromHex("fffd18"), "fffb18"},
+        Command{"negotiation of option 255", QByteArray::fromHex("fffdff"), "fffcff"},
+        Command{"sub-negotiation", QByteArray::fromHex("fffa1801fff0"), "fffa1800554e4b4e4f574efff0"},
+        Command{"data mark and negotiation", QByteArray::fromHex("fff2fffb01"), "fffe01"},
+    };
+    for (const auto &[name, bytes, answer] : commands) {
+        for (int split = 0; split < bytes.size(); ++split) {
+            const Pieces apart = split == 0 ? Pieces{bytes} : Pieces{bytes.left(split), bytes.mid(split)};
+            QTest::addRow("%s split at %d, in front of the text", name, split)
+                << apart + Pieces{before, behind} << answer;
+            QTest::addRow("%s split at %d, between two texts", name, split)
+                << Pieces{before} + apart + Pieces{behind} << answer;
+            QTest::addRow("%s split at %d, behind the text", name, split) << Pieces{before, behind} + apart << answer;
+            Pieces glued = apart;
+            glued.last() += behind;
+            QTest::addRow("%s split at %d, text in the last read", name, split) << Pieces{before} + glued << answer;
+            // Only NUL ends a text within a read.
+            glued.first().prepend(before + '\0');
+            QTest::addRow("%s split at %d, all texts in its reads", name, split) << glued << answer;
+        }
+        Pieces single;
+        for (const char byte : bytes) {
+            single << QByteArray(1, byte);
+        }
+        QTest::addRow("%s byte by byte", name) << Pieces{before} + single + Pieces{behind} << answer;
+    }
+}
+
+void tst_KestTelnet::commandsBesideGatheredText()
+{
+    QFETCH(Pieces, reads);
+    QFETCH(QByteArray, answer);
+    Session session;
+    session.telnet.gatherInput({"~ # "});
+    session.socket->takeWritten();
+    // All within the time in which texts are gathered: no event is served in between.
+    for (const QByteArray &read : qAsConst(reads)) {
+        session.socket->deliver(read);
+    }
+    session.telnet.flushInput();
+    QCOMPARE(session.socket->takeWritten().toHex(), answer);
+    QCOMPARE(session.events.join(QString()), QStringLiteral("banner\r\nmore\r\n"));
+}
+
+void tst_KestTelnet::gatheredTextSpansNoCommand_data()
+{
+    QTest::addColumn<Pieces>("reads");
+    QTest::addColumn<QStringList>("messages");
+    const QString a = QStringLiteral("a");
+    const QString b = QStringLiteral("b");
+    QTest::newRow("text alone") << Pieces{"a", "b"} << QStringList{QStringLiteral("ab")};
+    QTest::newRow("negotiation") << Pieces{"a", "\xFF\xFE\x18", "b"} << QStringList{a, b};
+    QTest::newRow("half a negotiation") << Pieces{"a", "\xFF", "\xFE\x18", "b"} << QStringList{a, b};
+    QTest::newRow("data mark") << Pieces{"a", "\xFF\xF2", "b"} << QStringList{a, b};
+    // As if the network had joined them: taken as a command it would end all reading.
+    QTest::newRow("byte 255, doubled") << Pieces{"a", "\xFF\xFF", "b"}
+                                       << QStringList{QString::fromUtf8("a\uFFFD\uFFFDb")};
+}
+
+void tst_KestTelnet::gatheredTextSpansNoCommand()
+{
+    QFETCH(Pieces, reads);
+    QFETCH(QStringList, messages);
+    Session session;
+    session.telnet.gatherInput({"~ # "});
+    for (const QByteArray &read : qAsConst(reads)) {
+        session.socket->deliver(read);
+    }
+    session.telnet.flushInput();
+    QCOMPARE(session.events, messages);
+}
+
+void tst_KestTelnet::gatheredInputOfPastSessionIsDropped()
+{
+    Session session;
+    session.telnet.gatherInput({"~ # "});
+    auto *const next = new ScriptedSocket; // the engine takes it over
+    QObject::connect(&session.telnet, &KestTelnet::message, next, [&session, next](const QString &text) {
+        if (text == QLatin1String("a")) {
+            session.telnet.setSocket(next);
+        }
+    });
+    session.socket->deliver("a");
+    session.socket->deliver("\xFF\xFD\x18");
+    QCOMPARE(session.events, QStringList{QStringLiteral("a")});
+    QCOMPARE(next->takeWritten(), QByteArray());
 }
 
 void tst_KestTelnet::randomCommandsDoNotDependOnSplitting()

@@ -9,12 +9,12 @@ constexpr int smallestPiece = 64 * 1024;      // of a long reply
 constexpr int largestPiece = 8 * 1024 * 1024; // handling one must not hold up the thread, however much has come
 } // namespace
 
-InputGatherer::InputGatherer(std::function<void(const QByteArray &)> handOn) : m_handOn(std::move(handOn))
+InputGatherer::InputGatherer(std::function<void(const QByteArray &)> taker) : m_taker(std::move(taker))
 {
     m_quiet.setSingleShot(true);
     m_quiet.setTimerType(Qt::PreciseTimer);
     m_quiet.setInterval(quietMs);
-    QObject::connect(&m_quiet, &QTimer::timeout, &m_quiet, [this] { handOnGathered(); });
+    QObject::connect(&m_quiet, &QTimer::timeout, &m_quiet, [this] { handOn(); });
 }
 
 void InputGatherer::setUrgentTexts(const QByteArrayList &texts)
@@ -29,14 +29,14 @@ void InputGatherer::setUrgentTexts(const QByteArrayList &texts)
 void InputGatherer::add(const QByteArray &bytes)
 {
     if (m_urgentTexts.isEmpty()) {
-        m_handOn(bytes);
+        m_taker(bytes);
         return;
     }
     const int from = std::max(0, m_bytes.size() - m_longestUrgentText + 1);
     m_bytes += bytes;
     const bool longReply = m_handedOn >= smallestPiece;
     if (m_bytes.size() >= std::clamp(m_handedOn, smallestPiece, largestPiece) || isUrgent(from)) {
-        handOnGathered();
+        handOn();
     } else if (longReply || !m_quiet.isActive()) {
         m_quiet.start();
     }
@@ -48,19 +48,19 @@ bool InputGatherer::isUrgent(int from) const
                        [&](const QByteArray &text) { return m_bytes.indexOf(text, from) != -1; });
 }
 
-void InputGatherer::handOnGathered()
+void InputGatherer::handOn()
 {
     m_quiet.stop();
     m_handedOn = std::min(m_handedOn + m_bytes.size(), largestPiece);
     const QByteArray piece = std::exchange(m_bytes, QByteArray());
     if (!piece.isEmpty()) {
-        m_handOn(piece);
+        m_taker(piece);
     }
 }
 
 void InputGatherer::flush()
 {
-    handOnGathered();
+    handOn();
     m_handedOn = 0;
 }
 

@@ -15,21 +15,23 @@ class InputGatherer
     Q_DISABLE_COPY(InputGatherer)
 
 public:
-    explicit InputGatherer(std::function<void(const QByteArray &)> handOn);
+    /// `taker` is called with each piece.
+    explicit InputGatherer(std::function<void(const QByteArray &)> taker);
 
     /// Without urgent texts, which is how it begins, everything is handed on as it comes.
     void setUrgentTexts(const QByteArrayList &texts);
     void add(const QByteArray &bytes);
+    /// Hands on what there is; the reply goes on.
+    void handOn();
     /// Hands on what there is: a new reply begins, or nothing more will come.
     void flush();
     /// Drops what there is: a new connection begins.
     void clear();
 
 private:
-    void handOnGathered();
     bool isUrgent(int from) const;
 
-    const std::function<void(const QByteArray &)> m_handOn;
+    const std::function<void(const QByteArray &)> m_taker;
     QByteArrayList m_urgentTexts;
     int m_longestUrgentText = 0;
     QByteArray m_bytes;

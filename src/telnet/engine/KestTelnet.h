@@ -62,7 +62,8 @@ public:
     void sendSync();
 
     /// Reads the server's text in large pieces: at once when one of the texts is in it (bytes as on the network), else
-    /// within 5 ms, or longer while a long text flows without a pause. At first, every read makes a piece.
+    /// within 5 ms, or longer while a long text flows without a pause. A read that begins with a command ends the piece
+    /// before it. At first, every read makes a piece.
     void gatherInput(const QByteArrayList &urgentTexts);
     /// Hands on now what has been gathered so far.
     void flushInput();

@@ -48,6 +48,17 @@ bool isOperation(uchar code)
     return code >= telnetCode::will && code <= telnetCode::dont;
 }
 
+/// Whether what was read begins with a command that can be taken, or with what may become one. Lone commands, behind
+/// which nothing would be read any more, and IAC IAC, which is how a server sends the byte itself, are left out.
+bool beginsWithCommand(const QByteArray &bytes)
+{
+    if (!bytes.startsWith(static_cast<char>(telnetCode::iac))) {
+        return false;
+    }
+    const uchar code = bytes.size() < 2 ? telnetCode::dm : static_cast<uchar>(bytes.at(1));
+    return isOperation(code) || code == telnetCode::sb || code == telnetCode::dm;
+}
+
 /// The second byte of a sub-negotiation, whose first byte is the option; -1 if there is none.
 int subOptionCode(const QByteArray &negotiation)
 {
@@ -175,7 +186,17 @@ void KestTelnetPrivate::socketReadyRead()
 {
     // A handler of `message` may run the event loop, in which more arrives without another `readyRead`.
     while (socket && socket->bytesAvailable() > 0) {
-        gatherer.add(socket->readAll());
+        const QByteArray bytes = socket->readAll();
+        if (!beginsWithCommand(bytes)) {
+            gatherer.add(bytes);
+            continue;
+        }
+        // Gathered behind text, the command would be taken for a part of it.
+        const quint64 session = m_session;
+        gatherer.handOn();
+        if (session == m_session) {
+            consume(bytes);
+        }
     }
 }
 
