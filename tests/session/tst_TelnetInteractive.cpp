@@ -10,6 +10,16 @@
 #include <QtTest>
 #include <thread>
 
+namespace {
+Settings loginAs(const QString &password)
+{
+    Settings settings;
+    settings.username = QStringLiteral("root");
+    settings.password = password;
+    return settings;
+}
+} // namespace
+
 /// The blocking shell session from worker threads, with the worker and a scripted shell in this thread's event loop.
 class tst_TelnetInteractive : public QObject
 {
@@ -25,6 +35,9 @@ private slots:
     void passwordWaitsForItsPrompt();
     void passwordIsSentWithoutAKnownPrompt();
     void passwordIsSentAgainAtALatePrompt();
+    void shellWithoutPasswordGetsNone_data();
+    void shellWithoutPasswordGetsNone();
+    void lateNamePromptBringsNoPasswordIntoACommand();
     void bannerWithoutTrailingBlankDoesNotAdvance();
     void reconnectLogsInAgain();
     void lateLoginDoesNotAnswerTheNextConnect();
@@ -95,16 +108,13 @@ void tst_TelnetInteractive::initTestCase()
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     face->cameraAddress = QStringLiteral("127.0.0.10");
-    Settings settings;
-    settings.username = QStringLiteral("root");
-    settings.password = QStringLiteral("secret");
-    face->setSettings(settings);
     TelnetInteractive::Get();
     TelnetInteractiveFace::Get();
 }
 
 void tst_TelnetInteractive::init()
 {
+    KestDetectorFace::Get()->setSettings(loginAs(QStringLiteral("secret")));
     m_peer = std::make_unique<ScriptedShellServer>();
     QVERIFY2(m_peer->isListening(), "127.0.0.10:23 cannot be opened here");
 }
@@ -179,15 +189,58 @@ void tst_TelnetInteractive::passwordIsSentAgainAtALatePrompt()
     QCOMPARE(m_peer->received(), QByteArray("root\nsecret\nsecret\n"));
 }
 
+void tst_TelnetInteractive::shellWithoutPasswordGetsNone_data()
+{
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<QByteArrayList>("pieces");
+    const QString secret = QStringLiteral("secret");
+    const QByteArrayList apart{"root\r\n", "~ # "};
+    const QByteArrayList together{"root\r\n~ # "};
+    QTest::newRow("prompt behind the echo of the name") << secret << apart;
+    QTest::newRow("prompt with the echo of the name") << secret << together;
+    QTest::newRow("empty password, prompt behind the echo of the name") << QString() << apart;
+    QTest::newRow("empty password, prompt with the echo of the name") << QString() << together;
+}
+
+void tst_TelnetInteractive::shellWithoutPasswordGetsNone()
+{
+    QFETCH(QString, password);
+    QFETCH(QByteArrayList, pieces);
+    KestDetectorFace::Get()->setSettings(loginAs(password));
+    m_peer->autoLogin();
+    m_peer->onLine = [&](const QByteArray &) {
+        m_peer->say(pieces.first());
+        QTimer::singleShot(50, m_peer.get(), [&] { m_peer->say(pieces.mid(1).join()); });
+    };
+    QCOMPARE(connectNow(), 0);
+    // The command goes on for longer than a password waits for its prompt.
+    m_peer->onLine = [&](const QByteArray &line) {
+        QTimer::singleShot(1300, m_peer.get(), [this, line] { m_peer->say(line + "\r\n~ # "); });
+    };
+    const Reply reply = command(QStringLiteral("cat mac\n"));
+    QCOMPARE(reply.text, QStringLiteral("cat mac\r\n~ # "));
+    QCOMPARE(m_peer->received(), QByteArray("root\ncat mac\n"));
+}
+
+void tst_TelnetInteractive::lateNamePromptBringsNoPasswordIntoACommand()
+{
+    m_peer->onLine = [&](const QByteArray &line) { m_peer->say(line + "\r\n"); };
+    m_peer->onConnection = [&] {
+        QTimer::singleShot(4500, Qt::PreciseTimer, m_peer.get(), [&] { m_peer->say("(none) login: "); });
+    };
+    QCOMPARE(connectNow(), -1);
+    QCOMPARE(m_peer->received(), QByteArray("root\n"));
+    m_peer->onLine = [&](const QByteArray &line) {
+        QTimer::singleShot(1300, m_peer.get(), [this, line] { m_peer->say(line + "\r\n~ # "); });
+    };
+    QCOMPARE(command(QStringLiteral("cat mac\n")).result, 0);
+    QCOMPARE(m_peer->received(), QByteArray("root\ncat mac\n"));
+}
+
 void tst_TelnetInteractive::bannerWithoutTrailingBlankDoesNotAdvance()
 {
-    auto future = onWorker([] { return TelnetInteractiveFace::Get()->telnetConnectToHost(); });
-    QTRY_COMPARE(m_peer->connections(), 1);
-    m_peer->say("(none) login:");
-    while (future.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
-        QTest::qWait(10);
-    }
-    QCOMPARE(future.get(), -1);
+    m_peer->onConnection = [&] { m_peer->say("(none) login:"); };
+    QCOMPARE(connectNow(), -1);
     QCOMPARE(m_peer->received(), QByteArray());
 }
 

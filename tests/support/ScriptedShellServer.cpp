@@ -18,6 +18,9 @@ void ScriptedShellServer::accept()
     if (m_autoLogin) {
         say("(none) login: ");
     }
+    if (onConnection) {
+        onConnection();
+    }
 }
 
 void ScriptedShellServer::say(const QByteArray &text)

@@ -26,6 +26,8 @@ public:
     /// Plays a whole login: name prompt, echo and password prompt, first shell prompt.
     void autoLogin();
 
+    /// Called when a connection has come.
+    std::function<void()> onConnection;
     /// Called with each line received, without its line end.
     std::function<void(const QByteArray &line)> onLine;
 

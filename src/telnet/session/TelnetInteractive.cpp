@@ -98,6 +98,7 @@ void TelnetInteractive::slot_telnetDisConnectToHost(SyncCondMutexData *sync)
 void TelnetInteractive::slot_telnet(const QString &cmd, SyncCondMutexData *sync, int callerStep, QString *out)
 {
     step = callerStep;
+    m_passwordDelay.stop(); // of a login that came too late
     // A prompt that came after its command had been given up must not complete this one.
     telnet->flushInput();
     telnet->gatherInput({QByteArrayLiteral("~ # ")});
@@ -140,7 +141,10 @@ void TelnetInteractive::slot_telnetReplyFinished(const QString &text)
             // Also when the delay is over: what it sent was too early for this prompt.
             m_passwordPromptDue = false;
             sendPassword();
-        } else if (!first && atPrompt) {
+        } else if (atPrompt) {
+            // A login that asks for no password: the shell would take it for a command.
+            m_passwordPromptDue = false;
+            m_passwordDelay.stop();
             loginResult = 0;
             loginDone = true;
         }
