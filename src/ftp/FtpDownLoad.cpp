@@ -7,12 +7,12 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QFileInfo>
 #include <QNetworkRequest>
 #include <QUrl>
 #include <utility>
 
 namespace {
-constexpr int downloadLimitMs = 10000;
 constexpr int pieceSize = 64 * 1024;
 constexpr int success = 0;
 constexpr int failure = -1;
@@ -49,9 +49,6 @@ FtpDownLoad *FtpDownLoad::Get()
 FtpDownLoad::FtpDownLoad()
     : file(std::make_unique<QFile>()), manager(makeManager(this)), m_piece(pieceSize, Qt::Uninitialized)
 {
-    // A PC whose only network is the camera's access point often counts as offline. The download is to be tried all
-    // the same; the setter itself is out of reach, Qt is about to drop the whole notion.
-    manager->setProperty("networkAccessible", 1);
     connect(manager.get(), &QNetworkAccessManager::finished, this, &FtpDownLoad::slot_replyFinished);
 }
 
@@ -62,6 +59,10 @@ FtpDownLoad::~FtpDownLoad()
 
 void FtpDownLoad::slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, const QString &localFile)
 {
+    if (sync->isAbandoned() || KestDetectorFace::Get()->closing()) {
+        sync->complete(failure); // an earlier file stays
+        return;
+    }
     dropReply();
     closeFile();
     loadResult = success;
@@ -72,7 +73,7 @@ void FtpDownLoad::slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, 
     connect(reply, &QNetworkReply::errorOccurred, this, &FtpDownLoad::slot_loadError);
     openFile(localFile); // while the camera takes the connection
 
-    serveEventsUntil(downloadLimitMs, [this] { return loadDone || KestDetectorFace::Get()->quitFlag != 0; });
+    serveEventsUntil(downloadLimitMs, [this] { return loadDone || KestDetectorFace::Get()->closing(); });
     const int outcome = loadDone ? loadResult : failure;
     loadResult = success;
     loadDone = false;
@@ -131,6 +132,11 @@ void FtpDownLoad::dropReply()
 void FtpDownLoad::openFile(const QString &localFile)
 {
     m_fileFailed = false;
+    // Made anew: ext4 writes a file that was emptied instead to the disk as it is closed, for which the window's thread
+    // would wait. A link is followed.
+    if (const QFileInfo earlier(localFile); earlier.isFile() && !earlier.isSymLink()) {
+        QFile::remove(localFile);
+    }
     file->setFileName(localFile);
     // Unbuffered: what arrived of a transfer that never ends is in the file when the program does.
     if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {

@@ -24,6 +24,8 @@ class FtpDownLoad : public QObject
     Q_DISABLE_COPY(FtpDownLoad)
 
 public:
+    static constexpr int downloadLimitMs = 10000;
+
     /// Created on first use, on the GUI thread; lives until the process ends.
     static FtpDownLoad *Get();
 
@@ -31,8 +33,9 @@ public:
     ~FtpDownLoad() override;
 
 public slots:
-    /// Downloads `url` ("ftp://<address>/<path>") into `localFile`, for at most 10000 ms, and completes `sync` with 0,
-    /// or with -1 when the transfer failed, took too long or the program is closing.
+    /// Downloads `url` ("ftp://<address>/<path>") into `localFile`, for at most `downloadLimitMs`, and completes `sync`
+    /// with 0, or with -1 when the transfer failed, took too long or the program is closing. An earlier file is removed
+    /// as the download begins; a closing program begins none.
     /// A transfer that took too long goes on writing its own file until it ends or the next download begins.
     void slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, const QString &localFile);
     void slot_readContent();

@@ -27,10 +27,11 @@ int FtpDownLoadFace::ftpDownLoad(const QString &url, const QString &localFile)
         qWarning("A download from the thread that has to serve it");
         return -1;
     }
-    // Getting rid of a large file of an earlier run takes many milliseconds, which the window's thread does not have;
-    // and ext4 writes a file that was emptied instead to the disk as it is closed, for which that thread would wait.
-    if (const QFileInfo earlier(localFile); earlier.isFile() && !earlier.isSymLink()) {
-        QFile::remove(localFile);
+    // Getting rid of a large file of an earlier run takes many milliseconds, which the window's thread does not have.
+    // As long as the file is open here, its removal there is that of a name.
+    QFile earlier(localFile);
+    if (QFileInfo(earlier).isFile()) {
+        earlier.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
     return m_sync.call(
         m_oneCall, waitSeconds, [&] { emit signal_ftpDownLoad(url, &m_sync, localFile); }, [] {});

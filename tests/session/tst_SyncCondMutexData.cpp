@@ -37,6 +37,8 @@ void tst_SyncCondMutexData::timeOut()
     std::unique_lock<std::mutex> lock(sync.mutex);
     QVERIFY(!sync.waitForCompletion(lock, 0));
     QVERIFY(!sync.done);
+    lock.unlock();
+    QVERIFY(!sync.isAbandoned());
 }
 
 void tst_SyncCondMutexData::lateCompletionDoesNotEndTheNextWait()
@@ -83,6 +85,7 @@ void tst_SyncCondMutexData::abandonEndsPresentAndLaterWaits()
     QVERIFY(!sync.waitForCompletion(lock, 5000));
     lock.unlock();
     closer.join();
+    QVERIFY(sync.isAbandoned());
 }
 
 QTEST_GUILESS_MAIN(tst_SyncCondMutexData)

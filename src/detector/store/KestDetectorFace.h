@@ -63,6 +63,8 @@ public:
     /// Whether the program is closing: the routines of a run end early. Set once, by `requestStop`, from any thread.
     bool stopRequested() const { return m_stopRequested; }
     void requestStop() { m_stopRequested = true; }
+    /// Whether whatever waits is to give up: a stop has been requested, or `quitFlag` is set.
+    bool closing() const { return m_stopRequested || quitFlag != 0; }
 
 signals:
     void signal_showBatteryCheckResult(int verdict);

@@ -55,13 +55,6 @@ constexpr std::array batteryWarnings = {
     QT_TRANSLATE_NOOP("QObject", "放电过程中温度过低"),
 };
 static_assert(batteryWarnings.size() == 28);
-
-bool closing()
-{
-    const KestDetectorFace *face = KestDetectorFace::Get();
-    return face->stopRequested() || face->quitFlag != 0;
-}
-
 } // namespace
 
 QString getComponent(int index)
@@ -104,7 +97,8 @@ int mSleep(int milliseconds)
 {
     QElapsedTimer clock;
     clock.start();
-    serveEventsUntil(milliseconds, closing, stopPollMs);
+    serveEventsUntil(
+        milliseconds, [] { return KestDetectorFace::Get()->closing(); }, stopPollMs);
     return static_cast<int>(clock.elapsed());
 }
 

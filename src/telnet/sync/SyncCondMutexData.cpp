@@ -14,6 +14,12 @@ void SyncCondMutexData::complete(std::int32_t outcome)
     cond.notify_all();
 }
 
+bool SyncCondMutexData::isAbandoned()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return abandoned;
+}
+
 void SyncCondMutexData::abandon()
 {
     {

@@ -28,6 +28,8 @@ struct SyncCondMutexData
 
     /// Worker side: stores the result, sets `done` and wakes all waiters.
     void complete(std::int32_t outcome);
+    /// Worker side: whether the caller has left, since the program is closing.
+    bool isAbandoned();
     /// Closing side: every present and later wait ends at once.
     void abandon();
     /// Caller side, with `lock` held on `mutex` since before the request was posted: waits for the request's
