@@ -123,7 +123,10 @@ void tst_MyDebug::formatsArgument_data()
     row("large double", 1e20, "1e+20");
     row("C string", "plain", "plain");
     row("null C string", static_cast<const char *>(nullptr), "");
+    row("C string with a byte above 127", "caf\xE9", "caf\xC3\xA9");
     row("byte array", QByteArray("bytes"), "bytes");
+    row("byte array with bytes above 127", QByteArray("\xE7\x9B\xB8\xFF"), "\xC3\xA7\xC2\x9B\xC2\xB8\xC3\xBF");
+    row("char above 127", '\xE9', "\xC3\xA9");
     row("QPoint", QPoint(-3, 4), "(-3, 4)");
     row("QPointF", QPointF(0.5, 1e20), "(0.5, 1e+20)");
     row("QRect from (0, 0) to (9, 4)", QRect(QPoint(0, 0), QPoint(9, 4)), "(0, 0, 10 x 5)");
