@@ -2,6 +2,7 @@
 #include "support/fileContent.h"
 #include "support/MessageSpy.h"
 #include "support/ScriptedShellServer.h"
+#include "telnet/session/shellStep.h"
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
@@ -11,6 +12,13 @@
 #include <thread>
 
 namespace {
+/// Not too early at all, and not late by more than a busy machine makes it.
+bool isAbout(qint64 elapsed, qint64 expected)
+{
+    constexpr qint64 slack = 1500;
+    return elapsed >= expected && elapsed < expected + slack;
+}
+
 Settings loginAs(const QString &password)
 {
     Settings settings;
@@ -31,6 +39,7 @@ private slots:
     void cleanup();
 
     void commandBeforeAnyConnectTimesOut();
+    void silentShellEndsTheLogin();
     void loginSendsNameAndPassword();
     void passwordWaitsForItsPrompt();
     void passwordIsSentWithoutAKnownPrompt();
@@ -44,6 +53,8 @@ private slots:
     void replyRunsFromEchoToPrompt();
     void promptInTheMiddleOfAPieceCompletes();
     void promptSplitAcrossPiecesTimesOut();
+    void stepsTakeTheReply_data();
+    void stepsTakeTheReply();
     void latePromptDoesNotCompleteTheNextCommand();
     void endlessReplyIsGivenUp();
     void callersAreServedOneAtATime();
@@ -66,7 +77,7 @@ private:
     template <class Call>
     auto result(Call call);
     int connectNow();
-    Reply command(const QString &line);
+    Reply command(const QString &line, int step = shellStep::systemInfo);
 
     std::unique_ptr<ScriptedShellServer> m_peer;
 };
@@ -94,12 +105,12 @@ int tst_TelnetInteractive::connectNow()
     return result([] { return TelnetInteractiveFace::Get()->telnetConnectToHost(); });
 }
 
-tst_TelnetInteractive::Reply tst_TelnetInteractive::command(const QString &line)
+tst_TelnetInteractive::Reply tst_TelnetInteractive::command(const QString &line, int step)
 {
-    return result([line] {
+    return result([line, step] {
         Reply reply;
         reply.text = QStringLiteral("left over");
-        reply.result = TelnetInteractiveFace::Get()->telnet(line, 3, &reply.text);
+        reply.result = TelnetInteractiveFace::Get()->telnet(line, step, &reply.text);
         return reply;
     });
 }
@@ -126,10 +137,24 @@ void tst_TelnetInteractive::cleanup()
 
 void tst_TelnetInteractive::commandBeforeAnyConnectTimesOut()
 {
+    QElapsedTimer clock;
+    clock.start();
     const Reply reply = command(QStringLiteral("mount\n"));
+    QVERIFY(isAbout(clock.elapsed(), 5000));
+    QCOMPARE(TelnetInteractive::commandLimitMs, 5000);
     QCOMPARE(reply.result, -1);
     QCOMPARE(reply.text, QString());
     QCOMPARE(m_peer->connections(), 0);
+}
+
+void tst_TelnetInteractive::silentShellEndsTheLogin()
+{
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(connectNow(), -1);
+    QVERIFY(isAbout(clock.elapsed(), 5000));
+    QCOMPARE(TelnetInteractive::loginLimitMs, 5000);
+    QCOMPARE(m_peer->connections(), 1);
 }
 
 void tst_TelnetInteractive::loginSendsNameAndPassword()
@@ -304,6 +329,32 @@ void tst_TelnetInteractive::promptSplitAcrossPiecesTimesOut()
     const Reply reply = command(QStringLiteral("true\n"));
     QCOMPARE(reply.result, -1);
     QCOMPARE(reply.text, QString());
+}
+
+void tst_TelnetInteractive::stepsTakeTheReply_data()
+{
+    QTest::addColumn<int>("step");
+    QTest::addColumn<int>("result");
+    QTest::addColumn<QString>("text");
+    const QString text = QStringLiteral("date\r\n~ # ");
+    for (int step = 3; step <= 20; ++step) {
+        QTest::addRow("step %d is that of a command", step) << step << 0 << text;
+    }
+    QTest::newRow("step 21 is beyond the last command") << 21 << -1 << QString();
+    QTest::newRow("a negative step is none") << -1 << -1 << QString();
+}
+
+void tst_TelnetInteractive::stepsTakeTheReply()
+{
+    QFETCH(int, step);
+    QFETCH(int, result);
+    QFETCH(QString, text);
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [&](const QByteArray &line) { m_peer->say(line + "\r\n~ # "); };
+    const Reply reply = command(QStringLiteral("date\n"), step);
+    QCOMPARE(reply.result, result);
+    QCOMPARE(reply.text, text);
 }
 
 void tst_TelnetInteractive::latePromptDoesNotCompleteTheNextCommand()

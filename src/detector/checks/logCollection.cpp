@@ -7,6 +7,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/verdict.h"
 #include "ftp/FtpDownLoadFace.h"
+#include "telnet/session/shellStep.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
 #include <array>
@@ -44,30 +45,33 @@ struct Archive
 {
     const char *name; ///< of the packed file, on the camera and on the PC
     Setting source;   ///< the directory
-    int packStep;     ///< numbers of the two shell calls
+    int packStep;     ///< of `shellStep`, as is the next
     int removeStep;
 };
 
-constexpr Archive cameraLog = {"log.tar.gz", &Settings::logPath, 7, 8};
-constexpr Archive privateLog = {"private.tar.gz", &Settings::privatePath, 9, 10};
-constexpr Archive netConf = {"netconf.tar.gz", &Settings::netconfPath, 15, 16};
-constexpr Archive sharefs = {"sharefs.tar.gz", &Settings::sharefsPath, 19, 20};
+constexpr Archive cameraLog = {"log.tar.gz", &Settings::logPath, shellStep::packCameraLog, shellStep::removeCameraLog};
+constexpr Archive privateLog = {"private.tar.gz", &Settings::privatePath, shellStep::packPrivate,
+                                shellStep::removePrivate};
+constexpr Archive netConf = {"netconf.tar.gz", &Settings::netconfPath, shellStep::packNetConf,
+                             shellStep::removeNetConf};
+constexpr Archive sharefs = {"sharefs.tar.gz", &Settings::sharefsPath, shellStep::packSharefs,
+                             shellStep::removeSharefs};
 
 /// A shell command whose output is kept.
 struct TextLog
 {
     const char *command;
     Setting argument; ///< stands for the command's %1; none if null
-    int step;         ///< number of the shell call
+    int step;         ///< of `shellStep`
     const char *fileName;
 };
 
-constexpr TextLog dmesg = {"dmesg\n", nullptr, 11, "dmesg.txt"};
-constexpr TextLog pstreePs = {"pstree && ps\n", nullptr, 12, "pstree_ps.txt"};
-constexpr TextLog ifconfig = {"ifconfig -a\n", nullptr, 13, "ifconfig.txt"};
-constexpr TextLog version = {"cat %1\n", &Settings::versionPath, 14, "kest_verison.txt"};
-constexpr TextLog iwDevAp0Scan = {"iw dev ap0 scan\n", nullptr, 17, "iw_dev_ap0_scan.txt"};
-constexpr TextLog mciInfo = {"cat %1\n", &Settings::mciInfoPath, 18, "mci_info.txt"};
+constexpr TextLog dmesg = {"dmesg\n", nullptr, shellStep::dmesg, "dmesg.txt"};
+constexpr TextLog pstreePs = {"pstree && ps\n", nullptr, shellStep::pstreePs, "pstree_ps.txt"};
+constexpr TextLog ifconfig = {"ifconfig -a\n", nullptr, shellStep::ifconfig, "ifconfig.txt"};
+constexpr TextLog version = {"cat %1\n", &Settings::versionPath, shellStep::version, "kest_verison.txt"};
+constexpr TextLog iwDevAp0Scan = {"iw dev ap0 scan\n", nullptr, shellStep::iwDevAp0Scan, "iw_dev_ap0_scan.txt"};
+constexpr TextLog mciInfo = {"cat %1\n", &Settings::mciInfoPath, shellStep::mciInfo, "mci_info.txt"};
 
 /// The file's path in the folder of the day, which exists afterwards if it can be created.
 QString localPath(const QString &date, const QString &fileName)

@@ -8,6 +8,7 @@
 #include "detector/store/itemId.h"
 #include "detector/store/translatedEntry.h"
 #include "detector/store/verdict.h"
+#include "telnet/session/shellStep.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
 #include <array>
@@ -81,7 +82,8 @@ void checkSpeed(CheckItemLog &item)
 {
     item.result = verdict::failed;
     QString reply;
-    if (noteShellCall(item, TelnetInteractiveFace::Get()->telnet(QStringLiteral("mount\n"), 5, &reply)) != 0) {
+    if (noteShellCall(item,
+                      TelnetInteractiveFace::Get()->telnet(QStringLiteral("mount\n"), shellStep::mount, &reply)) != 0) {
         item.message = QObject::tr("mount SD Card faild\n");
         return;
     }
@@ -91,8 +93,8 @@ void checkSpeed(CheckItemLog &item)
         item.message = QObject::tr("SD卡未挂载\n");
         return;
     }
-    if (noteShellCall(
-            item, TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat /proc/mci/mci_info\n"), 6, &reply)) != 0) {
+    if (noteShellCall(item, TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat /proc/mci/mci_info\n"),
+                                                                 shellStep::cardInfo, &reply)) != 0) {
         item.message = QObject::tr("获取SD卡信息失败\n");
         return;
     }

@@ -1,6 +1,7 @@
 #include "detector/readers/systemInfo.h"
 
 #include "detector/store/KestDetectorFace.h"
+#include "telnet/session/shellStep.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
 #include <optional>
@@ -8,18 +9,17 @@
 #include <QStringList>
 
 namespace {
-constexpr int readerStep = 3; ///< the readers' number among the callers of the shell
-
 /// Prints the camera's file at `path`; returns what the shell call returns.
 int printFile(const QString &path, QString *reply)
 {
-    return TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat %1\n").arg(path), readerStep, reply);
+    return TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat %1\n").arg(path), shellStep::systemInfo, reply);
 }
 
 QStringList linesOf(const QString &reply)
 {
     return reply.split(QStringLiteral("\r\n"));
 }
+
 /// The address names a folder later on: only digits and colons may get through.
 bool isMacAddress(const QString &text)
 {

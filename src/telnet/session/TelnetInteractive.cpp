@@ -4,21 +4,14 @@
 #include "detector/store/serveEvents.h"
 #include "log/MyDebug.h"
 #include "telnet/engine/KestTelnet.h"
+#include "telnet/session/shellStep.h"
 #include "telnet/sync/SyncCondMutexData.h"
 
+#include <initializer_list>
+#include <QByteArrayList>
 #include <QLatin1String>
 
 namespace {
-enum Step : std::int32_t {
-    awaitLoginPrompt = 0,
-    awaitPasswordPrompt = 1,
-    awaitShellPrompt = 2,
-    firstCommand = 3,
-    lastCommand = 20,
-};
-
-constexpr int loginLimitMs = 5000;
-constexpr int commandLimitMs = 5000;
 // A login that never names its password prompt gets the password all the same, once its terminal has been quiet.
 constexpr int passwordDelayMs = 1000;
 // A shell that never stops talking must not fill the memory. No real reply comes near it.
@@ -28,16 +21,20 @@ constexpr quint16 telnetPort = 23;
 const QLatin1String loginPrompt("(none) login: ");
 const QLatin1String passwordPrompt("assword:"); // blanks may follow
 const QLatin1String shellPrompt("~ # ");
-const char *const recordEnd = "$#$\r\n";
 
-bool closing()
+/// The prompts as bytes on the network.
+QByteArrayList promptBytes(std::initializer_list<QLatin1String> prompts)
 {
-    return KestDetectorFace::Get()->quitFlag != 0;
+    QByteArrayList list;
+    for (const QLatin1String prompt : prompts) {
+        list.append(QByteArray(prompt.data(), prompt.size()));
+    }
+    return list;
 }
 
 void writeToLog(const QString &text)
 {
-    MyDebug() << text << recordEnd;
+    MyDebug() << text << MyDebug::terminator();
 }
 } // namespace
 
@@ -62,17 +59,16 @@ TelnetInteractive::~TelnetInteractive()
 
 bool TelnetInteractive::telnetConnectToHost()
 {
-    step = awaitLoginPrompt;
+    step = shellStep::namePrompt;
     // A login that came through after its caller had given up must not answer for this one.
     loginResult = 0;
     loginDone = false;
     m_passwordDelay.stop();
-    telnet->gatherInput({QByteArrayLiteral("login: "), QByteArrayLiteral("assword:"), QByteArrayLiteral("~ # "),
-                         QByteArrayLiteral("\xFF")}); // the last begins the server's telnet commands
+    telnet->gatherInput(promptBytes({loginPrompt, passwordPrompt, shellPrompt}));
     telnet->close();
     telnet->connectToHost(KestDetectorFace::Get()->cameraAddress, telnetPort);
 
-    serveEventsUntil(loginLimitMs, [this] { return loginDone || closing(); });
+    serveEventsUntil(loginLimitMs, [this] { return loginDone || KestDetectorFace::Get()->closing(); });
     const bool loggedIn = loginDone;
     loginResult = 0;
     loginDone = false;
@@ -101,13 +97,13 @@ void TelnetInteractive::slot_telnet(const QString &cmd, SyncCondMutexData *sync,
     m_passwordDelay.stop(); // of a login that came too late
     // A prompt that came after its command had been given up must not complete this one.
     telnet->flushInput();
-    telnet->gatherInput({QByteArrayLiteral("~ # ")});
+    telnet->gatherInput(promptBytes({shellPrompt}));
     cmdResult = 0;
     cmdDone = false;
     reply.clear();
     telnet->sendData(cmd);
 
-    serveEventsUntil(commandLimitMs, [this] { return cmdDone || closing(); });
+    serveEventsUntil(commandLimitMs, [this] { return cmdDone || KestDetectorFace::Get()->closing(); });
     const std::int32_t outcome = cmdDone ? cmdResult : -1;
     cmdResult = 0;
     cmdDone = false;
@@ -117,18 +113,18 @@ void TelnetInteractive::slot_telnet(const QString &cmd, SyncCondMutexData *sync,
 
 void TelnetInteractive::slot_telnetReplyFinished(const QString &text)
 {
-    if (step == awaitLoginPrompt) {
+    if (step == shellStep::namePrompt) {
         if (text.contains(loginPrompt)) {
             writeToLog(text);
-            step = awaitPasswordPrompt;
+            step = shellStep::passwordPrompt;
             telnet->sendData(KestDetectorFace::Get()->settings().username + QLatin1Char('\n'));
         }
-    } else if (step == awaitPasswordPrompt || step == awaitShellPrompt) {
+    } else if (step == shellStep::passwordPrompt || step == shellStep::shellPrompt) {
         // Whatever follows the name is taken for the password prompt. It is often just the echo of the name, and a
         // login throws away what was typed before it printed its prompt: the answer waits until the prompt is there.
-        const bool first = step == awaitPasswordPrompt;
+        const bool first = step == shellStep::passwordPrompt;
         if (first) {
-            step = awaitShellPrompt;
+            step = shellStep::shellPrompt;
             m_passwordPromptDue = true;
             m_passwordDelay.start();
         }
@@ -148,7 +144,7 @@ void TelnetInteractive::slot_telnetReplyFinished(const QString &text)
             loginResult = 0;
             loginDone = true;
         }
-    } else if (step >= firstCommand && step <= lastCommand) {
+    } else if (step >= shellStep::firstCommand && step <= shellStep::lastCommand) {
         if (reply.size() > longestReply - text.size()) {
             if (!cmdDone) {
                 qWarning("The camera's shell does not stop talking: the command is given up");

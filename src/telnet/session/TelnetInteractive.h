@@ -20,12 +20,15 @@ class TelnetInteractive : public QObject
     Q_DISABLE_COPY(TelnetInteractive)
 
 public:
+    static constexpr int loginLimitMs = 5000;
+    static constexpr int commandLimitMs = 5000;
+
     /// Created on first use, on the GUI thread; lives until the process ends.
     static TelnetInteractive *Get();
     ~TelnetInteractive() override;
 
-    /// Connects to port 23 of the facade's camera address and logs in; at most 5000 ms. False when it did not come to
-    /// a shell prompt in that time or the program is closing.
+    /// Connects to port 23 of the facade's camera address and logs in, within `loginLimitMs`. False when it did not
+    /// come to a shell prompt in that time or the program is closing.
     bool telnetConnectToHost();
     /// Does nothing: the connection is only closed by the next connect.
     bool telnetDisconnectToHost();
@@ -33,7 +36,8 @@ public:
 public slots:
     void slot_telnetConnectToHost(SyncCondMutexData *sync);
     void slot_telnetDisConnectToHost(SyncCondMutexData *sync);
-    /// Sends `cmd` as it is and waits at most 5000 ms for the prompt. `callerStep` is the caller's number, 3 to 20.
+    /// Sends `cmd` as it is and waits at most `commandLimitMs` for the prompt. `callerStep` is the command's
+    /// `shellStep`.
     void slot_telnet(const QString &cmd, SyncCondMutexData *sync, int callerStep, QString *out);
     void slot_telnetReplyFinished(const QString &text);
     void slot_telnetConnectionError(QAbstractSocket::SocketError error);
@@ -43,16 +47,13 @@ private:
 
     void sendPassword();
 
-    QString lastText;
     std::int32_t cmdResult = 0;
     bool cmdDone = false;
     std::int32_t loginResult = 0;
     bool loginDone = false;
-    std::int32_t unusedResult = 0;
-    bool unusedDone = false;
     QString reply;
     KestTelnet *telnet;
-    std::int32_t step = 0; ///< 0 login prompt, 1 password prompt, 2 first shell prompt, 3 to 20 a command runs
+    std::int32_t step = 0; ///< of `shellStep`: what the text is taken for
 
     QTimer m_passwordDelay;           ///< active while the password is still to be sent
     bool m_passwordPromptDue = false; ///< the name has been sent, and no password prompt has come since

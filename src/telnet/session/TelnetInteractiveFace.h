@@ -24,7 +24,7 @@ public:
     int telnetDisConnectToHost();
     /// Runs `cmd` (which ends in its own "\n"). 0: the prompt came back, and `reply` holds everything up to it, the
     /// echoed command line included. -1: it did not within the worker's limit, and `reply` is empty.
-    /// `step` is the caller's number in the range 3 to 20.
+    /// `step` is the command's number in `shellStep`.
     int telnet(const QString &cmd, int step, QString *reply);
 
     /// The program is closing: every present and later call returns -1 at once. From any thread.
