@@ -15,6 +15,16 @@ ScriptedShell::ScriptedShell()
     connect(ftp, &FtpDownLoadFace::signal_ftpDownLoad, this, &ScriptedShell::download);
 }
 
+void ScriptedShell::setConnected(bool connected)
+{
+    auto *shell = TelnetInteractiveFace::Get();
+    const bool lost = shell->connected() && !connected;
+    shell->slot_connected(connected);
+    if (lost) {
+        emit shell->signal_connectionLost();
+    }
+}
+
 void ScriptedShell::reset()
 {
     m_replies.clear();

@@ -21,6 +21,8 @@ public:
     void answer(const QString &command, const QString &reply) { m_replies[command] = reply; }
     /// From now on downloads end with `result`.
     void setDownloadResult(int result) { m_downloadResult = result; }
+    /// From now on the shell's connection is there, or has gone: the latter as a loss.
+    void setConnected(bool connected);
     void reset();
 
     /// "shell <step> <command without its line break>" and "ftp <url> <local file>", in the order of the calls.

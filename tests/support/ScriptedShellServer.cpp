@@ -1,6 +1,7 @@
 #include "support/ScriptedShellServer.h"
 
 #include <QHostAddress>
+#include <sys/socket.h>
 
 ScriptedShellServer::ScriptedShellServer()
 {
@@ -27,6 +28,18 @@ void ScriptedShellServer::say(const QByteArray &text)
 {
     m_socket->write(text);
     m_socket->flush();
+}
+
+void ScriptedShellServer::hangUp()
+{
+    m_socket->disconnectFromHost();
+}
+
+void ScriptedShellServer::reset()
+{
+    const linger atOnce{1, 0};
+    setsockopt(static_cast<int>(m_socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    m_socket->abort();
 }
 
 void ScriptedShellServer::autoLogin()

@@ -23,6 +23,10 @@ public:
     void clear() { m_received.clear(); }
     /// Sends `text` in one piece of its own.
     void say(const QByteArray &text);
+    /// Closes the connection in an orderly way.
+    void hangUp();
+    /// Ends the connection with a TCP reset.
+    void reset();
     /// Plays a whole login: name prompt, echo and password prompt, first shell prompt.
     void autoLogin();
 

@@ -83,6 +83,7 @@ signals:
     void loginRequired();
     void loginFailed();
     void loggedIn();
+    /// The session has ended, whichever side has closed it. A peer that vanishes is noticed within about 3 seconds.
     void loggedOut();
     void connectionError(QAbstractSocket::SocketError error);
     void message(const QString &data);

@@ -3,6 +3,7 @@
 #include "telnet/engine/KestTelnet.h"
 #include "telnet/engine/KestTelnetAuthNull.h"
 #include "telnet/engine/KestTelnetCodes.h"
+#include "telnet/engine/watchPeer.h"
 
 #include <algorithm>
 #include <array>
@@ -153,6 +154,7 @@ void KestTelnetPrivate::socketConnected()
     pendingInput.clear();
     gatherer.clear();
     m_codec = nullptr;
+    watchPeer(socket);
     exceptionNotifier.reset();
     const qintptr descriptor = socket->socketDescriptor();
     if (descriptor >= 0) {

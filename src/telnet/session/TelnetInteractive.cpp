@@ -10,6 +10,8 @@
 #include <initializer_list>
 #include <QByteArrayList>
 #include <QLatin1String>
+#include <QTcpSocket>
+#include <utility>
 
 namespace {
 // A login that never names its password prompt gets the password all the same, once its terminal has been quiet.
@@ -47,6 +49,7 @@ TelnetInteractive *TelnetInteractive::Get()
 TelnetInteractive::TelnetInteractive() : telnet(new KestTelnet(nullptr))
 {
     connect(telnet, &KestTelnet::message, this, &TelnetInteractive::slot_telnetReplyFinished);
+    connect(telnet, &KestTelnet::loggedOut, this, &TelnetInteractive::noticeLoss);
     m_passwordDelay.setSingleShot(true);
     m_passwordDelay.setInterval(passwordDelayMs);
     connect(&m_passwordDelay, &QTimer::timeout, this, &TelnetInteractive::sendPassword);
@@ -64,6 +67,7 @@ bool TelnetInteractive::telnetConnectToHost()
     loginResult = 0;
     loginDone = false;
     m_passwordDelay.stop();
+    setConnected(false);
     telnet->gatherInput(promptBytes({loginPrompt, passwordPrompt, shellPrompt}));
     telnet->close();
     telnet->connectToHost(KestDetectorFace::Get()->cameraAddress, telnetPort);
@@ -72,6 +76,8 @@ bool TelnetInteractive::telnetConnectToHost()
     const bool loggedIn = loginDone;
     loginResult = 0;
     loginDone = false;
+    const QTcpSocket *socket = telnet->socket();
+    setConnected(loggedIn && socket != nullptr && socket->state() == QAbstractSocket::ConnectedState);
     return loggedIn;
 }
 
@@ -166,6 +172,21 @@ void TelnetInteractive::slot_telnetConnectionError(QAbstractSocket::SocketError)
 {
     cmdResult = -1;
     cmdDone = true;
+}
+
+void TelnetInteractive::setConnected(bool connected)
+{
+    if (std::exchange(m_connected, connected) != connected) {
+        emit signal_connected(connected);
+    }
+}
+
+void TelnetInteractive::noticeLoss()
+{
+    if (m_connected) {
+        setConnected(false);
+        emit signal_connectionLost();
+    }
 }
 
 void TelnetInteractive::sendPassword()

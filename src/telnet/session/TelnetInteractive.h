@@ -42,10 +42,18 @@ public slots:
     void slot_telnetReplyFinished(const QString &text);
     void slot_telnetConnectionError(QAbstractSocket::SocketError error);
 
+signals:
+    /// True: a login has succeeded; false: that connection has gone, or is about to be replaced by the next login.
+    void signal_connected(bool connected);
+    /// The other end has gone, by its own will or not; `signal_connected(false)` has been emitted.
+    void signal_connectionLost();
+
 private:
     TelnetInteractive();
 
     void sendPassword();
+    void setConnected(bool connected);
+    void noticeLoss();
 
     std::int32_t cmdResult = 0;
     bool cmdDone = false;
@@ -55,6 +63,7 @@ private:
     KestTelnet *telnet;
     std::int32_t step = 0; ///< of `shellStep`: what the text is taken for
 
+    bool m_connected = false;         ///< a login has succeeded, and its connection is still there
     QTimer m_passwordDelay;           ///< active while the password is still to be sent
     bool m_passwordPromptDue = false; ///< the name has been sent, and no password prompt has come since
 };

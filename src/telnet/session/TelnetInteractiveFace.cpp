@@ -23,6 +23,8 @@ TelnetInteractiveFace::TelnetInteractiveFace()
     connect(this, &TelnetInteractiveFace::signal_telnetDisConnectToHost, worker,
             &TelnetInteractive::slot_telnetDisConnectToHost);
     connect(this, &TelnetInteractiveFace::signal_telnet, worker, &TelnetInteractive::slot_telnet);
+    connect(worker, &TelnetInteractive::signal_connected, this, &TelnetInteractiveFace::slot_connected);
+    connect(worker, &TelnetInteractive::signal_connectionLost, this, &TelnetInteractiveFace::signal_connectionLost);
 }
 
 template <class Post, class Collect>

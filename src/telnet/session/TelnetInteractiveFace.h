@@ -2,6 +2,7 @@
 
 #include "telnet/sync/SyncCondMutexData.h"
 
+#include <atomic>
 #include <mutex>
 #include <QObject>
 #include <QString>
@@ -27,10 +28,21 @@ public:
     /// `step` is the command's number in `shellStep`.
     int telnet(const QString &cmd, int step, QString *reply);
 
+    /// Whether the shell is there: true from a successful login until the loss of its connection is noticed, which
+    /// takes at most about 3 seconds, or the next login begins. From any thread. A command that is under way when the
+    /// connection goes still runs into its time limit.
+    bool connected() const { return m_connected; }
+
     /// The program is closing: every present and later call returns -1 at once. From any thread.
     void giveUp();
 
+public slots:
+    /// For the worker, or what stands in for it.
+    void slot_connected(bool connected) { m_connected = connected; }
+
 signals:
+    /// The shell's other end has gone. Emitted on the GUI thread, after `connected()` has become false.
+    void signal_connectionLost();
     void signal_telnetConnectToHost(SyncCondMutexData *sync);
     void signal_telnetDisConnectToHost(SyncCondMutexData *sync);
     void signal_telnet(QString cmd, SyncCondMutexData *sync, int step, QString *reply);
@@ -45,6 +57,7 @@ private:
     SyncCondMutexData m_command;
     SyncCondMutexData m_connect;
     SyncCondMutexData m_disconnect;
+    std::atomic<bool> m_connected{false};
     std::mutex m_oneCall; ///< one shell call at a time, whoever makes it
     QString m_reply;      ///< what the worker writes into: it outlives a caller that has given up
 };
