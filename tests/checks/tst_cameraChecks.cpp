@@ -305,8 +305,8 @@ void tst_cameraChecks::component_data()
     QTest::newRow("video") << QList<int>{0} << 0 << QStringList{"progress 0", "item Video", "progress 100", "log 0"}
                            << QStringList{"0|相机视频流OK\n|"};
     QTest::newRow("both, and an unknown one")
-        << QList<int>{0, 1, 2} << 1 << QStringList{"progress 0",  "item Video",   "progress 33", "item Factory Check",
-                                                   "progress 66", "progress 100", "log 0"}
+        << QList<int>{0, 1, 99} << 1 << QStringList{"progress 0",  "item Video",   "progress 33", "item Factory Check",
+                                                    "progress 66", "progress 100", "log 0"}
         << QStringList{"0|相机视频流OK\n|", "1|获取相机MTF检测签名失败\n|"};
 }
 

@@ -183,7 +183,7 @@ void tst_gimbalChecks::component_data()
                                << QStringList{"0|云台主控通信OK\n|", "0|Roll轴通信OK\n|", "1|Pitch轴通信异常\n|",
                                               "0|Yaw轴通信OK\n|"};
     QTest::newRow("motion test, and an unknown one")
-        << QList<int>{4, 5} << QStringList{"progress 0", "item Cation test", "progress 50", "progress 100", "log 1"}
+        << QList<int>{4, 99} << QStringList{"progress 0", "item Cation test", "progress 50", "progress 100", "log 1"}
         << QStringList{"1|Roll轴运动检测NG\nPitch轴运动检测OK\nYaw轴运动检测OK\n|"};
 }
 

@@ -68,7 +68,7 @@ void tst_lensChecks::component_data()
                                 << QStringList{"progress 0", "item Lens connection", "progress 100", "log 5"}
                                 << QStringList{"1|相机镜头连接失败\n|"};
     QTest::newRow("both, and an unknown one")
-        << Q_UINT64_C(0) << QList<int>{0, 1, 2} << 0
+        << Q_UINT64_C(0) << QList<int>{0, 1, 99} << 0
         << QStringList{"progress 0",  "item Lens connection", "progress 33", "item Lens Status",
                        "progress 66", "progress 100",         "log 5"}
         << QStringList{"0|相机通信正常\n|"};

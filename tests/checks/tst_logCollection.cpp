@@ -256,7 +256,7 @@ void tst_logCollection::component_data()
         << QStringList{"progress 0", "item ifconfig", "progress 50", "item dmesg", "progress 100", "log 9"}
         << QStringList{"-1||", "0||"};
     QTest::newRow("an unknown item only advances the progress")
-        << QList<int>{10, 2, -1} << 0
+        << QList<int>{99, 2, -1} << 0
         << QStringList{"progress 0", "progress 33", "item dmesg", "progress 66", "progress 100", "log 9"}
         << QStringList{"0||"};
 }

@@ -118,7 +118,7 @@ void tst_pcbaChecks::component_data()
         << 0 << QList<int>{0} << 0 << QStringList{"progress 0", "item Lens driver", "progress 100", "log 8"}
         << QStringList();
     QTest::newRow("an unknown item only advances the progress")
-        << 0 << QList<int>{7} << 0 << QStringList{"progress 0", "progress 100", "log 8"} << QStringList();
+        << 0 << QList<int>{99} << 0 << QStringList{"progress 0", "progress 100", "log 8"} << QStringList();
 }
 
 void tst_pcbaChecks::component()

@@ -203,7 +203,7 @@ void tst_tfCardChecks::component_data()
     QTest::newRow("no items: only the record")
         << QList<int>() << 0 << QStringList{"progress 0", "log 6"} << QStringList();
     QTest::newRow("an unknown item only advances the progress")
-        << QList<int>{2, 0} << 0
+        << QList<int>{99, 0} << 0
         << QStringList{"progress 0", "progress 50", "item Use condition", "progress 100", "log 6"}
         << QStringList{"0||" + usageReport};
 }
