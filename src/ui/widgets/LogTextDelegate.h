@@ -3,7 +3,7 @@
 #include <QStyledItemDelegate>
 
 /// Shows the event log's texts without the line break that ends most of them, which would push the line out of the
-/// middle of its row. The items keep their texts.
+/// middle of its row; what is cut off has a tool tip. The items keep their texts.
 class LogTextDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -16,4 +16,6 @@ public:
     static bool hasSeveralLines(const QString &text);
 
     QString displayText(const QVariant &value, const QLocale &locale) const override;
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
 };
