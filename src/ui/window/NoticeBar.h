@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+
+class Notices;
+class QLabel;
+class QToolButton;
+
+/// The left side of the status bar: what stands in `Notices`, in one line, the gravest first. What is cut off is in the
+/// tool tip. A notice that speaks of a folder is a link that opens it. All texts read to the letter. GUI thread only.
+class NoticeBar : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(NoticeBar)
+
+public:
+    /// `notices` outlives the bar.
+    explicit NoticeBar(Notices *notices, QWidget *parent = nullptr);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void refresh();
+    void shortenLink();
+
+    Notices *const m_notices;
+    QLabel *const m_text;      ///< the notices without a folder
+    QToolButton *const m_link; ///< the last one with a folder
+    QString m_linkText;
+    QString m_folder;
+};
