@@ -7,10 +7,12 @@
 
 #include <memory>
 #include <QCheckBox>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -19,6 +21,8 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <QToolTip>
+#include <QUrl>
 #include <thread>
 
 namespace {
@@ -83,6 +87,33 @@ QString rowText(const QTableWidget *table, int row)
     return cells.join(QLatin1Char('|'));
 }
 
+/// A settings file in which nothing is missing or malformed.
+const char *const soundSettings = R"([BaseOption]
+wifi=127.0.0.10
+usb=127.0.0.10
+username=root
+password=camera
+ftpName=camera
+ftpPsw=camera
+ftpPort=2121
+[SystemLogPath]
+HostApdUrl=/data/hostapd.conf
+MacAddressUrl=/data/mac_addr
+TFCardInfoUrl=/proc/mci/mci_info
+[ZipLogPath]
+ZipLogTargetPath=/tmp/archive
+[DownloadLogSrcPath]
+LogPath=/data/log
+PrivatePath=/data/private
+VersionPath=/etc/kest_version
+NetconfPath=/data/netconf
+MciInfoPath=/proc/mci/mci_info
+SharefsPath=/data/sharefs
+[CameraStatus]
+expectedVal=8001A
+statusBits=8001A
+)";
+
 /// The directory dialog that locks the window; null while none is open.
 QFileDialog *openDialog()
 {
@@ -104,6 +135,18 @@ void whenDialogOpens(QTimer &timer, Act act)
 } // namespace
 Q_DECLARE_METATYPE(VerdictSignal)
 Q_DECLARE_METATYPE(TextSignal)
+
+/// Notes what the desktop is asked to open.
+class OpenedUrls : public QObject
+{
+    Q_OBJECT
+
+public:
+    QList<QUrl> urls;
+
+public slots:
+    void open(const QUrl &url) { urls.append(url); }
+};
 
 class tst_KestDetectorUI : public QObject
 {
@@ -152,6 +195,35 @@ private slots:
     void logFollowsItsNewestRow();
     void logDoesNotFollowRowsWithoutText();
     void logStaysWhereTheOperatorScrolled();
+    void firstFailedItemIsInSight_data();
+    void firstFailedItemIsInSight();
+    void failedAndWarningRowsAreMarked();
+    void marksGoWithTheRows();
+    void cutOffTextHasAToolTip_data();
+    void cutOffTextHasAToolTip();
+    void tabLeavesTheEventLog();
+    void startHasTheFocusAtFirstAndAfterARun();
+    void keysPressTheFocusedButton_data();
+    void keysPressTheFocusedButton();
+    void wholeRunByKeyboard();
+    void noticesStandOnTheLeft();
+    void resultsOpenTheirFolder_data();
+    void resultsOpenTheirFolder();
+    void noticesReadToTheLetter();
+    void noticeFromAnotherThread();
+    void longNoticesLeaveThePermanentLabelsAlone();
+    void safeguardedStartSaysWhatIsMissing_data();
+    void safeguardedStartSaysWhatIsMissing();
+    void startWithoutSafeguardsAsksForNothing();
+    void safeguardsLockEverythingDuringARun_data();
+    void safeguardsLockEverythingDuringARun();
+    void eventLogCells_data();
+    void eventLogCells();
+    void otherCameraClearsTheResults_data();
+    void otherCameraClearsTheResults();
+    void otherCameraDuringARunClearsNothing();
+    void passphraseIsShownOnAClick();
+    void passphraseWithoutSafeguards();
     void closeStopsTheServicesThenLetsWaitingCallsGiveUp();
 
 private:
@@ -170,6 +242,9 @@ private:
     QTableWidget *log() const { return find<QTableWidget>(QStringLiteral("twCheckedLog")); }
     void verifyState(const QString &widget, const QString &name, const QString &state) const;
     void verifyNoResult() const;
+    /// Makes the window anew, as with `[Station] safeguards=true` or false in an option.ini without problems.
+    void openWindow(bool safeguards);
+    void showResults();
 
     std::unique_ptr<KestDetectorUI> m_window;
 };
@@ -186,8 +261,12 @@ void tst_KestDetectorUI::init()
     Face::Get()->run.post({}); // the lists of the test before are gone
     Face::Get()->run.finish();
     Face::Get()->quitFlag = 0;
+    Face::Get()->connectState = false;
+    Face::Get()->macAddress = QString();
     stopRecord = StopRecord();
     m_window = std::make_unique<KestDetectorUI>();
+    Face::Get()->notices.withdrawRun();
+    Face::Get()->notices.withdraw(Notice::Kind::Settings); // there is no option.ini
     m_window->resize(1000, 700);
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
@@ -228,6 +307,29 @@ void tst_KestDetectorUI::verifyNoResult() const
     verifyState(QStringLiteral("barTotal"), QStringLiteral("Total:0%"), QStringLiteral("0%"));
     verifyState(QStringLiteral("barCurrent"), QStringLiteral("Current:0%"), QStringLiteral("0%"));
     QCOMPARE(log()->rowCount(), 0);
+}
+
+void tst_KestDetectorUI::openWindow(bool safeguards)
+{
+    QFile file(settingsPath());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(soundSettings);
+    file.write(safeguards ? "[Station]\nsafeguards=true\n" : "");
+    file.close();
+    m_window = std::make_unique<KestDetectorUI>();
+    QVERIFY(file.remove());
+    Face::Get()->notices.withdraw(Notice::Kind::Settings); // of the window before
+    m_window->resize(1000, 700);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+/// A passed run of one item.
+void tst_KestDetectorUI::showResults()
+{
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    emit Face::Get()->signal_showCameraCheckResult(0);
+    emit Face::Get()->signal_showCheckResult(true);
 }
 
 void tst_KestDetectorUI::opensWithEveryBoxUnticked()
@@ -762,6 +864,422 @@ void tst_KestDetectorUI::logStaysWhereTheOperatorScrolled()
     emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
     QCoreApplication::processEvents();
     QCOMPARE(log()->verticalScrollBar()->value(), 3);
+}
+
+void tst_KestDetectorUI::firstFailedItemIsInSight_data()
+{
+    QTest::addColumn<QList<int>>("verdicts"); // of the items; the rest pass
+    QTest::addColumn<bool>("passed");
+    QTest::addColumn<int>("row"); // in sight at the end; -1: the last one
+
+    QTest::newRow("failed run: its first failed item") << QList<int>{0, 2, 0, 1, 1} << false << 4;
+    QTest::newRow("failed run without a failed item: its first warning") << QList<int>{0, 2, 2} << false << 2;
+    QTest::newRow("failed run without either") << QList<int>{0, 3, -1} << false << -1;
+    QTest::newRow("passed run: the end") << QList<int>{0, 2, 1} << true << -1;
+}
+
+void tst_KestDetectorUI::firstFailedItemIsInSight()
+{
+    QFETCH(QList<int>, verdicts);
+    QFETCH(const bool, passed);
+    QFETCH(const int, row);
+    QList<CheckItemLog> items;
+    for (int i = 0; i < 100; ++i) {
+        items.append({verdicts.value(i), QStringLiteral("a\n"), QString()});
+    }
+    emit Face::Get()->signal_showCheckLog(record(0, items));
+    emit Face::Get()->signal_showCheckResult(passed);
+    QCoreApplication::processEvents();
+    const int expected = row < 0 ? log()->rowCount() - 1 : row;
+    QVERIFY(log()->viewport()->rect().contains(log()->visualItemRect(log()->item(expected, 1))));
+}
+
+void tst_KestDetectorUI::failedAndWarningRowsAreMarked()
+{
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()},
+                                                     {1, QStringLiteral("b\n"), QString()},
+                                                     {2, QStringLiteral("c\n"), QString()},
+                                                     {3, QStringLiteral("d\n"), QString()}}));
+    QStringList marks;
+    for (int row = 0; row < log()->rowCount(); ++row) {
+        const QTableWidgetItem *header = log()->verticalHeaderItem(row);
+        marks.append(header == nullptr || header->icon().isNull() ? QStringLiteral("none")
+                                                                  : header->text() + header->toolTip());
+    }
+    QCOMPARE(marks, (QStringList{"none", "none", "3NG", "4warning", "none"}));
+    const auto picture = [](const QIcon &icon) { return icon.pixmap(32).toImage(); };
+    QCOMPARE(picture(log()->verticalHeaderItem(2)->icon()), picture(QIcon(QStringLiteral(":/icon/NG.jpg"))));
+    QCOMPARE(picture(log()->verticalHeaderItem(3)->icon()), picture(QIcon(QStringLiteral(":/icon/War.png"))));
+}
+
+void tst_KestDetectorUI::marksGoWithTheRows()
+{
+    emit Face::Get()->signal_showCheckLog(record(0, {{1, QStringLiteral("a\n"), QString()}}));
+    click(QStringLiteral("tbStart"));
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    QVERIFY(log()->verticalHeaderItem(1) == nullptr);
+}
+
+void tst_KestDetectorUI::cutOffTextHasAToolTip_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("toolTip");
+
+    const QString longText = QStringLiteral("<b>%1</b> & so on").arg(QString(300, QLatin1Char('W')));
+    QTest::newRow("fits") << QStringLiteral("short\n") << QString();
+    QTest::newRow("cut off, to the letter")
+        << longText + QLatin1Char('\n')
+        << QStringLiteral("<p style='white-space:pre'>&lt;b&gt;%1&lt;/b&gt; &amp; so on</p>")
+               .arg(QString(300, QLatin1Char('W')));
+    QTest::newRow("report that has its room") << QStringLiteral("1\n2\n3\n") << QString();
+}
+
+void tst_KestDetectorUI::cutOffTextHasAToolTip()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QString, toolTip);
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, text, QString()}}));
+    QCoreApplication::processEvents();
+    const QPoint place = log()->visualItemRect(log()->item(1, 1)).center();
+    QToolTip::hideText();
+    QHelpEvent help(QEvent::ToolTip, place, log()->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(log()->viewport(), &help);
+    if (toolTip.isEmpty()) {
+        QVERIFY(!QToolTip::isVisible());
+    } else {
+        QCOMPARE(QToolTip::text(), toolTip);
+    }
+    QToolTip::hideText();
+}
+
+void tst_KestDetectorUI::tabLeavesTheEventLog()
+{
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QString()}}));
+    log()->setFocus();
+    QVERIFY(log()->hasFocus());
+    QTest::keyClick(log(), Qt::Key_Tab);
+    QVERIFY(!log()->hasFocus());
+}
+
+void tst_KestDetectorUI::startHasTheFocusAtFirstAndAfterARun()
+{
+    const auto *start = find<QToolButton>(QStringLiteral("tbStart"));
+    QCOMPARE(QApplication::focusWidget(), start);
+    emit Face::Get()->signal_setButtonEnable(false);
+    QVERIFY(!start->hasFocus());
+    emit Face::Get()->signal_setButtonEnable(true);
+    QCOMPARE(QApplication::focusWidget(), start);
+}
+
+void tst_KestDetectorUI::keysPressTheFocusedButton_data()
+{
+    QTest::addColumn<int>("key");
+
+    QTest::newRow("Enter") << static_cast<int>(Qt::Key_Return);
+    QTest::newRow("Enter of the number pad") << static_cast<int>(Qt::Key_Enter);
+    QTest::newRow("Space") << static_cast<int>(Qt::Key_Space);
+}
+
+void tst_KestDetectorUI::keysPressTheFocusedButton()
+{
+    QFETCH(const int, key);
+    find<QToolButton>(QStringLiteral("tbChooseAll"))->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+    QCOMPARE(tickedBoxes(), selectAllBoxes());
+    QCOMPARE(Face::Get()->runRequest(), 0);
+    find<QToolButton>(QStringLiteral("tbStart"))->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key));
+    QCOMPARE(Face::Get()->runRequest(), 1);
+}
+
+/// Tab reaches every box and button, and the event log; nothing else than keys is used.
+void tst_KestDetectorUI::wholeRunByKeyboard()
+{
+    QStringList reached;
+    const QWidget *first = QApplication::focusWidget();
+    do {
+        reached.append(QApplication::focusWidget()->objectName());
+        if (reached.last() == QLatin1String("cbLens")) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    } while (QApplication::focusWidget() != first && reached.size() < 100);
+    QStringList wanted = allBoxes();
+    wanted << "tbStart"
+           << "tbSavePath"
+           << "tbChooseAll"
+           << "tbNotChooseAll"
+           << "twCheckedLog";
+    for (const QString &name : wanted) {
+        QVERIFY2(reached.contains(name), qPrintable(name));
+    }
+    QCOMPARE(tickedBoxes(), QStringList{"cbLens"});
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QCOMPARE(planText(Face::Get()->taskList()), QStringLiteral("5:0"));
+}
+
+void tst_KestDetectorUI::noticesStandOnTheLeft()
+{
+    const auto *text = find<QLabel>(QStringLiteral("lbNotices"));
+    const auto *link = find<QToolButton>(QStringLiteral("tbResults"));
+    QVERIFY(!text->isVisible());
+    QVERIFY(!link->isVisible());
+    m_window->resize(1900, 700);
+    Face::Get()->notices.tell(Notices::results(QStringLiteral("/data/log")));
+    Face::Get()->notices.tell(Notices::nothingTested());
+    Face::Get()->notices.tell(Notices::cameraLost());
+    QTRY_COMPARE(text->text(), QStringLiteral("nothing was tested   |   the camera was lost during the run"));
+    QCOMPARE(link->text(), QStringLiteral("results: /data/log"));
+    QVERIFY(text->isVisible() && link->isVisible());
+    QVERIFY(text->mapTo(m_window.get(), QPoint()).x() <
+            find<QLabel>(QStringLiteral("lbWifiName"))->mapTo(m_window.get(), QPoint()).x());
+    Face::Get()->notices.withdrawRun();
+    QTRY_VERIFY(!text->isVisible());
+    QVERIFY(!link->isVisible());
+}
+
+void tst_KestDetectorUI::resultsOpenTheirFolder_data()
+{
+    QTest::addColumn<bool>("byKeyboard");
+
+    QTest::newRow("click") << false;
+    QTest::newRow("keyboard") << true;
+}
+
+void tst_KestDetectorUI::resultsOpenTheirFolder()
+{
+    QFETCH(const bool, byKeyboard);
+    OpenedUrls opened;
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), &opened, "open");
+    const QString folder = QStringLiteral("/data/a folder/#1?/<i>");
+    Face::Get()->notices.tell(Notices::results(folder));
+    auto *link = find<QToolButton>(QStringLiteral("tbResults"));
+    QTRY_VERIFY(link->isVisible());
+    if (byKeyboard) {
+        link->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(link, Qt::Key_Return);
+    } else {
+        QTest::mouseClick(link, Qt::LeftButton);
+    }
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    QCOMPARE(opened.urls.size(), 1);
+    QCOMPARE(opened.urls.first().toLocalFile(), folder);
+}
+
+void tst_KestDetectorUI::noticesReadToTheLetter()
+{
+    m_window->resize(1900, 700);
+    Face::Get()->notices.tell(Notices::notSaved(QStringLiteral("/x/<b>y</b>"), QStringLiteral("a & b")));
+    Face::Get()->notices.tell(Notices::results(QStringLiteral("/x/<i>y</i> & z")));
+    const auto *text = find<QLabel>(QStringLiteral("lbNotices"));
+    QTRY_COMPARE(text->text(), QStringLiteral("not saved: /x/<b>y</b>: a & b"));
+    QCOMPARE(text->textFormat(), Qt::PlainText);
+    const auto *link = find<QToolButton>(QStringLiteral("tbResults"));
+    QCOMPARE(link->text(), QStringLiteral("results: /x/<i>y</i> && z")); // the letters "& z", not an underlined blank
+    QCOMPARE(link->toolTip(), QStringLiteral("<p>results: /x/&lt;i&gt;y&lt;/i&gt; &amp; z</p>"));
+}
+
+void tst_KestDetectorUI::noticeFromAnotherThread()
+{
+    std::thread worker([] { Face::Get()->notices.tell(Notices::waitingForShell()); });
+    worker.join();
+    const auto *text = find<QLabel>(QStringLiteral("lbNotices"));
+    QVERIFY(!text->isVisible()); // nothing reaches the widgets on the worker's thread
+    QTRY_COMPARE(text->text(), QStringLiteral("waiting for the camera's shell"));
+}
+
+void tst_KestDetectorUI::longNoticesLeaveThePermanentLabelsAlone()
+{
+    const QStringList labels{"lbWifiName", "lbWifiPassword", "lbMacAddress", "lbConnectState"};
+    m_window->resize(800, 600);
+    emit Face::Get()->signal_setWifiName(QStringLiteral("KEST-1234"));
+    QCoreApplication::processEvents();
+    QList<QRect> before;
+    for (const QString &name : labels) {
+        before.append(find<QLabel>(name)->geometry());
+    }
+    const QString longText(2000, QLatin1Char('W'));
+    Face::Get()->notices.tell(Notices::notSaved(longText, longText));
+    Face::Get()->notices.tell(Notices::results(QLatin1Char('/') + longText));
+    const auto *link = find<QToolButton>(QStringLiteral("tbResults"));
+    QTRY_VERIFY(link->text().contains(QChar(0x2026)));
+    QVERIFY(find<QLabel>(QStringLiteral("lbNotices"))->isVisible());
+    QCoreApplication::processEvents();
+    for (int i = 0; i < labels.size(); ++i) {
+        QCOMPARE(find<QLabel>(labels.at(i))->geometry(), before.at(i));
+    }
+    QCOMPARE(m_window->size(), QSize(800, 600));
+    QVERIFY(link->toolTip().contains(longText));
+}
+
+void tst_KestDetectorUI::safeguardedStartSaysWhatIsMissing_data()
+{
+    QTest::addColumn<bool>("tick");
+    QTest::addColumn<bool>("connected");
+    QTest::addColumn<QString>("mac");
+    QTest::addColumn<QString>("notice"); // empty: the run is requested
+
+    const QString mac = QStringLiteral("AA:BB:CC:DD:EE:FF");
+    QTest::newRow("all there") << true << true << mac << QString();
+    QTest::newRow("no tick") << false << true << mac << "not started: no component is ticked";
+    QTest::newRow("no camera") << true << false << mac << "not started: no camera is connected";
+    QTest::newRow("unknown camera") << true << true << QString() << "not started: the camera's MAC address is unknown";
+    QTest::newRow("neither tick nor camera")
+        << false << false << QString() << "not started: no component is ticked; no camera is connected";
+}
+
+void tst_KestDetectorUI::safeguardedStartSaysWhatIsMissing()
+{
+    QFETCH(const bool, tick);
+    QFETCH(const bool, connected);
+    QFETCH(const QString, mac);
+    QFETCH(const QString, notice);
+    openWindow(true);
+    showResults();
+    Face::Get()->connectState = connected;
+    Face::Get()->macAddress = mac;
+    if (tick) {
+        clickBox(QStringLiteral("cbLens"));
+    }
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(Face::Get()->runRequest(), notice.isEmpty() ? 1 : 0);
+    QCOMPARE(log()->rowCount(), notice.isEmpty() ? 0 : 2); // what there is stays when there is no run
+    QStringList told;
+    for (const Notice &one : Face::Get()->notices.current()) {
+        told.append(one.text);
+    }
+    QCOMPARE(told.join(QLatin1Char('\n')), notice);
+    Face::Get()->connectState = true;
+    Face::Get()->macAddress = QStringLiteral("AA:BB:CC:DD:EE:FF");
+    find<QCheckBox>(QStringLiteral("cbLens"))->setChecked(true);
+    click(QStringLiteral("tbStart"));
+    QVERIFY(Face::Get()->notices.current().isEmpty()); // nothing is missing any more
+}
+
+void tst_KestDetectorUI::startWithoutSafeguardsAsksForNothing()
+{
+    openWindow(false);
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(Face::Get()->runRequest(), 1);
+    QVERIFY(Face::Get()->notices.current().isEmpty());
+}
+
+void tst_KestDetectorUI::safeguardsLockEverythingDuringARun_data()
+{
+    QTest::addColumn<bool>("safeguards");
+
+    QTest::newRow("on") << true;
+    QTest::newRow("off") << false;
+}
+
+void tst_KestDetectorUI::safeguardsLockEverythingDuringARun()
+{
+    QFETCH(const bool, safeguards);
+    openWindow(safeguards);
+    emit Face::Get()->signal_setButtonEnable(false);
+    for (const char *name : {"cbFan", "cbKeyBoard", "cbVoice", "tbSavePath"}) {
+        QCOMPARE(find<QWidget>(QString::fromLatin1(name))->isEnabled(), !safeguards);
+    }
+    emit Face::Get()->signal_setButtonEnable(true);
+    for (const char *name : {"cbFan", "cbKeyBoard", "cbVoice", "tbSavePath"}) {
+        QVERIFY(find<QWidget>(QString::fromLatin1(name))->isEnabled());
+    }
+}
+
+void tst_KestDetectorUI::eventLogCells_data()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::addColumn<QString>("row");
+
+    // 63: the default flags; 61: without the one that lets a cell be edited.
+    QTest::newRow("on: read-only") << true << "none|a\n 129 61|b 129 61";
+    QTest::newRow("off: can be edited") << false << "none|a\n 129 63|b 129 63";
+}
+
+void tst_KestDetectorUI::eventLogCells()
+{
+    QFETCH(const bool, safeguards);
+    openWindow(safeguards);
+    emit Face::Get()->signal_showCheckLog(record(0, {{0, QStringLiteral("a\n"), QStringLiteral("b")}}));
+    QTEST(rowText(log(), 1), "row");
+}
+
+void tst_KestDetectorUI::otherCameraClearsTheResults_data()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::addColumn<QStringList>("macs"); // told before and after the results came
+    QTest::addColumn<bool>("cleared");
+
+    const QString one = QStringLiteral("AA:BB:CC:DD:EE:01");
+    const QString two = QStringLiteral("AA:BB:CC:DD:EE:02");
+    QTest::newRow("another one") << true << QStringList{one, two} << true;
+    QTest::newRow("another one after one that could not be told") << true << QStringList{one, QString(), two} << true;
+    QTest::newRow("the same again") << true << QStringList{one, QString(), one} << false;
+    QTest::newRow("the first one") << true << QStringList{QString(), one} << false;
+    QTest::newRow("another one, without safeguards") << false << QStringList{one, two} << false;
+}
+
+void tst_KestDetectorUI::otherCameraClearsTheResults()
+{
+    QFETCH(const bool, safeguards);
+    QFETCH(const QStringList, macs);
+    QFETCH(const bool, cleared);
+    openWindow(safeguards);
+    emit Face::Get()->signal_setMacAddress(macs.first());
+    showResults();
+    Face::Get()->notices.tell(Notices::results(QStringLiteral("/data")));
+    for (const QString &mac : macs.mid(1)) {
+        emit Face::Get()->signal_setMacAddress(mac);
+    }
+    QCOMPARE(Face::Get()->notices.current().isEmpty(), cleared);
+    if (cleared) {
+        verifyNoResult();
+    } else {
+        QCOMPARE(find<QLabel>(QStringLiteral("lbCameraStatus"))->text(), QStringLiteral("OK"));
+        QCOMPARE(log()->rowCount(), 2);
+    }
+}
+
+void tst_KestDetectorUI::otherCameraDuringARunClearsNothing()
+{
+    openWindow(true);
+    emit Face::Get()->signal_setMacAddress(QStringLiteral("AA:BB:CC:DD:EE:01"));
+    QVERIFY(Face::Get()->run.post({}));
+    QVERIFY(Face::Get()->run.take(QStringLiteral("AA:BB:CC:DD:EE:01")).has_value());
+    showResults();
+    emit Face::Get()->signal_setMacAddress(QStringLiteral("AA:BB:CC:DD:EE:02"));
+    QCOMPARE(log()->rowCount(), 2);
+}
+
+void tst_KestDetectorUI::passphraseIsShownOnAClick()
+{
+    openWindow(true);
+    auto *label = find<QLabel>(QStringLiteral("lbWifiPassword"));
+    QCOMPARE(label->text(), QStringLiteral("Password:  "));
+    emit Face::Get()->signal_setWifiPassWord(QStringLiteral("s%1cret"));
+    const QString dots = QStringLiteral("Password: •••••••• ");
+    QCOMPARE(label->text(), dots);
+    QTest::mouseClick(label, Qt::LeftButton);
+    QCOMPARE(label->text(), QStringLiteral("Password: s%1cret "));
+    QTest::mouseClick(label, Qt::LeftButton);
+    QCOMPARE(label->text(), dots);
+    label->setFocus();
+    QTest::keyClick(label, Qt::Key_Space);
+    QCOMPARE(label->text(), QStringLiteral("Password: s%1cret "));
+    emit Face::Get()->signal_setWifiPassWord(QStringLiteral("another one"));
+    QCOMPARE(label->text(), dots);
+    emit Face::Get()->signal_setWifiPassWord(QString());
+    QCOMPARE(label->text(), QStringLiteral("Password:  "));
+}
+
+void tst_KestDetectorUI::passphraseWithoutSafeguards()
+{
+    openWindow(false);
+    auto *label = find<QLabel>(QStringLiteral("lbWifiPassword"));
+    emit Face::Get()->signal_setWifiPassWord(QStringLiteral("secret"));
+    QCOMPARE(label->text(), QStringLiteral("Password: secret "));
+    QTest::mouseClick(label, Qt::LeftButton);
+    QCOMPARE(label->text(), QStringLiteral("Password: secret "));
 }
 
 void tst_KestDetectorUI::closeStopsTheServicesThenLetsWaitingCallsGiveUp()

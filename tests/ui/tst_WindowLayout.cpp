@@ -112,6 +112,9 @@ private slots:
     void iconsDifferWithoutColour();
     void nothingIsClippedOrOverlaps_data();
     void nothingIsClippedOrOverlaps();
+    void fitsIntoASmallScreen_data();
+    void fitsIntoASmallScreen();
+    void largeScreenChangesNothing();
     void shrinksBackFromFullHd();
     void ringsFitTheirWidgets();
     void longTextsDoNotWidenTheWindow();
@@ -506,6 +509,41 @@ void tst_WindowLayout::nothingIsClippedOrOverlaps()
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     QCOMPARE(m_window->size(), size);
     QTRY_COMPARE(misplaced(m_window->centralWidget()).join(QLatin1Char('\n')), QString());
+}
+
+void tst_WindowLayout::fitsIntoASmallScreen_data()
+{
+    QTest::addColumn<QSize>("room");
+
+    QTest::newRow("800 x 600") << QSize(800, 600);
+    QTest::newRow("800 x 600 with a title bar") << QSize(800, 572);
+    QTest::newRow("1366 x 768 at 150 %, with a title bar") << QSize(910, 484);
+    QTest::newRow("1920 x 1080 at 200 %, with a title bar") << QSize(960, 512);
+}
+
+void tst_WindowLayout::fitsIntoASmallScreen()
+{
+    QFETCH(const QSize, room);
+    KestDetectorUI window;
+    window.fitInto(room);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCOMPARE(window.size().boundedTo(room), window.size());
+    for (const char *name : {"statusBar", "tbSavePath", "tbStart", "cbLoadLog", "lbPcba_", "lbCameraStatus"}) {
+        const QWidget *widget = find(window, QString::fromLatin1(name));
+        const QRect place(widget->mapTo(&window, QPoint()), widget->size());
+        QVERIFY2(window.rect().contains(place), name);
+        QVERIFY2(widget->visibleRegion().boundingRect() == widget->rect(), name);
+    }
+}
+
+void tst_WindowLayout::largeScreenChangesNothing()
+{
+    KestDetectorUI window;
+    window.resize(960, 680);
+    window.fitInto(QSize(1920, 1040));
+    QCOMPARE(window.size(), QSize(960, 680));
+    QCOMPARE(window.minimumSize(), QSize(800, 600));
 }
 
 void tst_WindowLayout::shrinksBackFromFullHd()

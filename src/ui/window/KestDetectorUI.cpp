@@ -4,22 +4,28 @@
 #include "detector/store/componentId.h"
 #include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/Notices.h"
+#include "detector/store/Safeguards.h"
 #include "detector/store/Settings.h"
 #include "detector/store/verdict.h"
 #include "ui/widgets/ElidedText.h"
 #include "ui/widgets/FolderQuestion.h"
-#include "ui/widgets/LogTextDelegate.h"
+#include "ui/widgets/HiddenText.h"
 #include "ui/widgets/RingsProgressbar.h"
+#include "ui/window/EventLog.h"
+#include "ui/window/NoticeBar.h"
 #include "ui/window/stopServices.h"
+#include "ui/window/verdictLook.h"
 #include "ui_KestDetectorUI.h"
 
 #include <array>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QFont>
-#include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QScrollBar>
+#include <QScreen>
+#include <QWindow>
 
 namespace {
 struct Component
@@ -75,59 +81,27 @@ constexpr int smallestIcon = 40;
 constexpr int largestIcon = 72;
 constexpr int windowHeightPerIcon = 15;
 
-struct VerdictLook
-{
-    int verdict;
-    const char *styleSheet;
-    const char *state; ///< for screen readers, translated in the window's context
-};
-
-constexpr VerdictLook verdictLooks[] = {
-    {verdict::ok, "border-image: url(:/icon/OK.jpg);", QT_TRANSLATE_NOOP("KestDetectorUI", "OK")},
-    {verdict::failed, "border-image: url(:/icon/NG.jpg);", QT_TRANSLATE_NOOP("KestDetectorUI", "NG")},
-    {verdict::warning, "border-image: url(:/icon/War.png);", QT_TRANSLATE_NOOP("KestDetectorUI", "warning")},
-};
-constexpr VerdictLook notTestedLook = {verdict::notTested, "border-image: url(:/icon/NA1.jpg);",
-                                       QT_TRANSLATE_NOOP("KestDetectorUI", "not tested")};
-
-const VerdictLook &lookOf(int verdict)
-{
-    for (const VerdictLook &look : verdictLooks) {
-        if (look.verdict == verdict) {
-            return look;
-        }
-    }
-    return notTestedLook;
-}
-
 void setState(QWidget *widget, const QString &name, const QString &state)
 {
     widget->setAccessibleName(name);
     widget->setAccessibleDescription(state);
 }
 
-void setComponentState(QWidget *widget, const QString &component, const char *state)
+void showState(QWidget *widget, const QString &component, const VerdictLook &look)
 {
-    const QString text = KestDetectorUI::tr(state);
-    setState(widget, KestDetectorUI::tr("%1: %2").arg(component, text), text);
+    const QString state = verdictState(look);
+    setState(widget, KestDetectorUI::tr("%1: %2").arg(component, state), state);
 }
 
-void setOverallState(QWidget *widget, const char *state)
+void showOverallState(QWidget *widget, int verdict)
 {
-    setComponentState(widget, KestDetectorUI::tr("Overall"), state);
+    showState(widget, KestDetectorUI::tr("Overall"), lookOf(verdict));
 }
 
 void showPersent(RingsProgressbar *ring, int percent)
 {
     ring->setPersent(percent);
     setState(ring, ring->text(), QStringLiteral("%1%").arg(percent));
-}
-
-QTableWidgetItem *logCell(const QString &text)
-{
-    auto *cell = new QTableWidgetItem(text);
-    cell->setTextAlignment(static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter));
-    return cell;
 }
 
 /// The form asks for Chinese fonts that only some systems have.
@@ -146,6 +120,7 @@ KestDetectorUI::KestDetectorUI(QWidget *parent)
 {
     initUI();
     initVal();
+    applySafeguards();
     initConnection();
 }
 
@@ -189,9 +164,8 @@ void KestDetectorUI::initUI()
     new ElidedText(ui->lbCurrCheckItem, Qt::ElideRight);
     new ElidedText(ui->lbSavePath, Qt::ElideMiddle); // both the drive and the last folder matter
 
-    ui->twCheckedLog->setRowCount(0);
-    ui->twCheckedLog->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    ui->twCheckedLog->setItemDelegate(new LogTextDelegate(ui->twCheckedLog));
+    ui->statusBar->addWidget(new NoticeBar(&KestDetectorFace::Get()->notices, this), 1);
+    m_eventLog = new EventLog(ui->twCheckedLog);
 
     ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(QCoreApplication::applicationDirPath()));
     on_tbNotChooseAll_clicked();
@@ -199,14 +173,31 @@ void KestDetectorUI::initUI()
     for (const Component &component : components()) {
         showVerdict(component.id, verdict::notTested);
     }
-    setOverallState(ui->lbCameraStatus, notTestedLook.state);
+    showOverallState(ui->lbCameraStatus, verdict::notTested);
     showPersent(ui->barTotal, 0);
     showPersent(ui->barCurrent, 0);
+    fitInto(screen()->availableSize());
+    ui->tbStart->setFocus();
+}
+
+void KestDetectorUI::fitInto(const QSize &room)
+{
+    setMinimumSize(minimumSize().boundedTo(room));
+    resize(size().boundedTo(room));
 }
 
 void KestDetectorUI::initVal()
 {
     KestDetectorFace::Get()->setSettings(readSettings(settingsPath()));
+}
+
+void KestDetectorUI::applySafeguards()
+{
+    const Safeguards safeguards = KestDetectorFace::Get()->safeguards();
+    m_eventLog->setReadOnly(safeguards.locksEventLog());
+    if (safeguards.hidesSecrets()) {
+        m_hiddenPassword = new HiddenText(m_wifiPassword, tr("Password: %1 "));
+    }
 }
 
 void KestDetectorUI::initConnection()
@@ -245,15 +236,14 @@ void KestDetectorUI::showVerdict(int component, int verdict)
         if (entry.id == component && entry.icon != nullptr) {
             QLabel *icon = ui.get()->*entry.icon;
             icon->setStyleSheet(QLatin1String(look.styleSheet));
-            setComponentState(icon, getComponent(component), look.state);
+            showState(icon, getComponent(component), look);
         }
     }
 }
 
 void KestDetectorUI::clearResults()
 {
-    ui->twCheckedLog->setRowCount(0);
-    m_followedTo = 0;
+    m_eventLog->clear();
     showPersent(ui->barTotal, 0);
     showPersent(ui->barCurrent, 0);
     for (const Component &component : components()) {
@@ -261,7 +251,7 @@ void KestDetectorUI::clearResults()
     }
     ui->lbCameraStatus->setStyleSheet(QStringLiteral("background-color: rgb(220, 220, 220);color: rgb(20, 20, 20);"));
     ui->lbCameraStatus->setText(QStringLiteral("NA"));
-    setOverallState(ui->lbCameraStatus, notTestedLook.state);
+    showOverallState(ui->lbCameraStatus, verdict::notTested);
 }
 
 void KestDetectorUI::slot_showBatteryCheckResult(int verdict)
@@ -315,38 +305,7 @@ void KestDetectorUI::slot_showCheckLogList(const QList<checkLog> & /*logs*/) {}
 
 void KestDetectorUI::slot_showCheckLog(const checkLog &log)
 {
-    QTableWidget *table = ui->twCheckedLog;
-    const QScrollBar *scrollBar = table->verticalScrollBar();
-    const bool followed = scrollBar->value() >= m_followedTo; // the operator has not scrolled up
-
-    // A list of our own: the runner's thread made this one, and taking a share of it also tells the thread sanitizer,
-    // which does not see how Qt hands a record over, that the items were written before they are read here.
-    const QList<CheckItemLog> items = log.itemLogs;
-
-    // All rows at once: every insertion makes the view lay out the whole table anew.
-    int row = table->rowCount();
-    table->setRowCount(row + 1 + items.size());
-
-    QTableWidgetItem *heading = logCell(getComponent(log.component));
-    heading->setFlags(heading->flags() & ~Qt::ItemIsEditable);
-    table->setItem(row, 0, heading);
-    QTableWidgetItem *newestText = heading; // the rows of the log collection hold none
-    for (const CheckItemLog &item : items) {
-        ++row;
-        table->setItem(row, 1, logCell(item.message));
-        table->setItem(row, 2, logCell(item.detail));
-        if (!item.message.isEmpty() || !item.detail.isEmpty()) {
-            newestText = table->item(row, 1);
-        }
-        if (LogTextDelegate::hasSeveralLines(item.message) || LogTextDelegate::hasSeveralLines(item.detail)) {
-            table->resizeRowToContents(row);
-        }
-    }
-    if (followed) {
-        table->scrollToBottom(); // also lays out the new rows
-        table->scrollToItem(newestText, QAbstractItemView::PositionAtBottom);
-        m_followedTo = scrollBar->value();
-    }
+    m_eventLog->append(log);
 }
 
 void KestDetectorUI::slot_showCheckResult(bool passed)
@@ -355,7 +314,10 @@ void KestDetectorUI::slot_showCheckResult(bool passed)
     ui->lbCameraStatus->setStyleSheet(
         passed ? QStringLiteral("background-color: rgb(0, 255, 0);color: rgb(0, 0, 255);")
                : QStringLiteral("background-color: rgb(255, 0, 0);color: rgb(255, 255, 255);"));
-    setOverallState(ui->lbCameraStatus, lookOf(passed ? verdict::ok : verdict::failed).state);
+    showOverallState(ui->lbCameraStatus, passed ? verdict::ok : verdict::failed);
+    if (!passed) {
+        m_eventLog->showFirstFailure();
+    }
 }
 
 void KestDetectorUI::slot_showTotalPersent(int percent)
@@ -372,10 +334,17 @@ void KestDetectorUI::slot_setButtonEnable(bool enabled)
     for (QWidget *button : {ui->tbStart, ui->tbChooseAll, ui->tbNotChooseAll}) {
         button->setEnabled(enabled);
     }
+    const bool lockAll = KestDetectorFace::Get()->safeguards().locksEverythingDuringRun();
     for (const Component &component : components()) {
-        if (!component.placeholder) {
+        if (!component.placeholder || lockAll) {
             (ui.get()->*component.box)->setEnabled(enabled);
         }
+    }
+    if (lockAll) {
+        ui->tbSavePath->setEnabled(enabled);
+    }
+    if (enabled) {
+        ui->tbStart->setFocus();
     }
 }
 
@@ -386,10 +355,24 @@ void KestDetectorUI::slot_setWifiName(const QString &name)
 void KestDetectorUI::slot_setMacAddress(const QString &mac)
 {
     m_macAddress->setText(tr("Mac: %1 ").arg(mac));
+    if (mac.isEmpty() || mac == m_cameraShown) {
+        return;
+    }
+    KestDetectorFace *face = KestDetectorFace::Get();
+    const bool otherCamera = !m_cameraShown.isEmpty();
+    m_cameraShown = mac;
+    if (otherCamera && !face->run.isActive() && face->safeguards().clearsResultsOfOtherCamera()) {
+        clearResults();
+        face->notices.withdrawRun();
+    }
 }
 
 void KestDetectorUI::slot_setWifiPassWord(const QString &password)
 {
+    if (m_hiddenPassword != nullptr) {
+        m_hiddenPassword->setSecret(password);
+        return;
+    }
     m_wifiPassword->setText(tr("Password: %1 ").arg(password));
 }
 
@@ -406,7 +389,15 @@ void KestDetectorUI::on_tbStart_clicked()
             plan.append({component.id, component.items});
         }
     }
-    if (KestDetectorFace::Get()->run.post(plan)) {
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->notices.withdraw(Notice::Kind::NotStarted);
+    const QStringList missing = face->safeguards().missingForStart(
+        {plan.size(), face->connectState, face->macAddress, face->settings().problems});
+    if (!missing.isEmpty()) {
+        face->notices.tell(Notices::notStarted(missing));
+        return;
+    }
+    if (face->run.post(plan)) {
         clearResults();
     }
     // Otherwise it was pressed before the runner could disable it: what its run has shown so far must stay.
@@ -437,6 +428,27 @@ void KestDetectorUI::setSavePath(const QString &path)
 {
     KestDetectorFace::Get()->savePath = path;
     ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(path));
+}
+
+void KestDetectorUI::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto *button = qobject_cast<QToolButton *>(focusWidget());
+    if (enter && button != nullptr && !event->isAutoRepeat()) {
+        button->click(); // a button takes the space bar alone, and leaves Enter to its window
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void KestDetectorUI::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_frameKnown) {
+        m_frameKnown = true;
+        const QMargins frame = windowHandle()->frameMargins();
+        fitInto(screen()->availableSize() - QSize(frame.left() + frame.right(), frame.top() + frame.bottom()));
+    }
 }
 
 void KestDetectorUI::resizeEvent(QResizeEvent *event)

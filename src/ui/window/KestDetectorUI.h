@@ -7,7 +7,9 @@
 #include <QMainWindow>
 #include <QString>
 
+class EventLog;
 class FolderQuestion;
+class HiddenText;
 class QLabel;
 class RingsProgressbar;
 
@@ -32,6 +34,10 @@ public:
 
     /// The folder below which logs are written; also shown.
     void setSavePath(const QString &path);
+    /// Keeps the window, and the least size that it may be given, within this room: on a screen that is smaller than
+    /// that size the status bar would otherwise lie below the edge. The window does so by itself for the screen on
+    /// which it opens.
+    void fitInto(const QSize &room);
 
 public slots:
     // Each serves the facade's signal of the same stem.
@@ -53,7 +59,8 @@ public slots:
     void slot_showCheckResult(bool passed);
     void slot_showTotalPersent(int percent);
     void slot_showCurrentPersent(int percent);
-    /// Fan, button and audio stay clickable during a run, and so does the folder button.
+    /// Fan, button and audio stay clickable during a run, and so does the folder button, unless the safeguards lock
+    /// them.
     void slot_setButtonEnable(bool enabled);
     void slot_setWifiName(const QString &name);
     void slot_setMacAddress(const QString &mac);
@@ -63,6 +70,8 @@ public slots:
 protected:
     /// Returns once the services have ended.
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private slots:
@@ -75,6 +84,7 @@ private slots:
 private:
     void initUI();
     void initVal();
+    void applySafeguards();
     void initConnection();
 
     void showVerdict(int component, int verdict);
@@ -82,9 +92,12 @@ private:
 
     std::unique_ptr<Ui::KestDetectorUI> ui;
     FolderQuestion *const m_folderQuestion;
-    int m_followedTo = 0; ///< the event log's scroll position after it last followed its newest row
+    EventLog *m_eventLog = nullptr;
+    bool m_frameKnown = false; ///< the window manager has put its frame around the window
     QLabel *m_wifiName = nullptr;
     QLabel *m_wifiPassword = nullptr;
     QLabel *m_macAddress = nullptr;
     QLabel *m_connectState = nullptr;
+    HiddenText *m_hiddenPassword = nullptr; ///< null: the password is shown as it is
+    QString m_cameraShown;                  ///< MAC address of the last camera; empty before the first
 };
