@@ -7,5 +7,5 @@ struct RequestEnd
 
     Kind kind = Kind::Answered;
     int code = 0;     ///< the camera's own, when it refused; else 0
-    int attempts = 1; ///< the most that one request of the item needed
+    int attempts = 1; ///< 1, and as many as the item's queries had to be sent again
 };

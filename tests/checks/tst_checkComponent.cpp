@@ -1,5 +1,7 @@
 #include "detector/checks/checkComponent.h"
+#include "detector/checks/noteRequest.h"
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/requestTally.h"
 #include "support/CheckTest.h"
 #include "support/MessageSpy.h"
 
@@ -34,6 +36,24 @@ void leavesVerdictAlone(CheckItemLog &item)
     item.message = QStringLiteral("%1 %2\n").arg(QString::number(item.result), empty ? "empty" : "not empty");
 }
 
+/// As an item does whose request is given up.
+void failsAsTheProgramCloses(CheckItemLog &item)
+{
+    KestDetectorFace::Get()->requestStop();
+    item.result = 1;
+    item.message = QStringLiteral("NG\n");
+}
+
+/// Three sendings of one request, and one of another.
+void needsThreeSendings(CheckItemLog &item)
+{
+    noteResentRequest();
+    noteResentRequest();
+    noteRequest(item, 0);
+    noteRequest(item, 0);
+    item.result = 0;
+}
+
 void closesTheProgram(CheckItemLog &item)
 {
     item.result = 0;
@@ -48,6 +68,8 @@ constexpr std::array table = {
     CheckItem{3, "only named", nullptr},
     CheckItem{4, "untouched", leavesVerdictAlone},
     CheckItem{7, "closing", closesTheProgram},
+    CheckItem{8, "given up", failsAsTheProgramCloses},
+    CheckItem{9, "lossy", needsThreeSendings},
 };
 
 QString fakeComponent(int *verdict, const QList<int> &items)
@@ -64,6 +86,7 @@ class tst_checkComponent : public QObject
 private slots:
     void initTestCase();
     void init();
+    void cleanup() { KestDetectorFace::Get()->takeBackStop(); }
 
     void runsItems_data();
     void runsItems();
@@ -72,6 +95,8 @@ private slots:
     void recordIsAppended();
     void recordReachesAnotherThread();
     void laterItemsAreLeftOutWhenTheProgramCloses();
+    void itemThatHadNoTimeIsNotRecorded();
+    void sendingsAreCounted();
 };
 
 void tst_checkComponent::initTestCase()
@@ -174,7 +199,6 @@ void tst_checkComponent::recordReachesAnotherThread()
     QCOMPARE(texts(received.first()), QStringList{"0|OK\n|report\n"});
 }
 
-/// The last one: a stop request cannot be taken back.
 void tst_checkComponent::laterItemsAreLeftOutWhenTheProgramCloses()
 {
     const FacadeSpy spy;
@@ -183,6 +207,27 @@ void tst_checkComponent::laterItemsAreLeftOutWhenTheProgramCloses()
              (QStringList{"progress 0", "item good", "progress 33", "item closing", "progress 66", "log 2"}));
     QCOMPARE(texts(spy.logs().constFirst()), (QStringList{"0|OK\n|report\n", "0|OK\n|"}));
     QCOMPARE(outcome.verdict, 3);
+}
+
+void tst_checkComponent::itemThatHadNoTimeIsNotRecorded()
+{
+    const Outcome outcome = runComponent(fakeComponent, {0, 8});
+    QCOMPARE(outcome.verdict, 3);
+    QCOMPARE(outcome.text, QStringLiteral("OK\n"));
+    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList();
+    QCOMPARE(logs.size(), 1);
+    QCOMPARE(logs.constFirst().itemLogs.size(), 1);
+    QCOMPARE(logs.constFirst().itemLogs.constFirst().message, QStringLiteral("OK\n"));
+}
+
+void tst_checkComponent::sendingsAreCounted()
+{
+    runComponent(fakeComponent, {0, 9, 9});
+    const QList<checkLog> logs = KestDetectorFace::Get()->checkLogList();
+    const QList<CheckItemLog> items = logs.constFirst().itemLogs;
+    QVERIFY(!items.at(0).request); // asked for nothing
+    QCOMPARE(items.at(1).request->attempts, 3);
+    QCOMPARE(items.at(2).request->attempts, 3);
 }
 
 QTEST_GUILESS_MAIN(tst_checkComponent)

@@ -51,6 +51,7 @@ private:
 
 void tst_logCollection::init()
 {
+    KestDetectorFace::Get()->takeBackStop();
     m_shell.reset();
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(m_folder->isValid());
@@ -297,7 +298,6 @@ void tst_logCollection::allItems()
                           "pstree_ps.txt"}));
 }
 
-/// The last one: a stop request cannot be taken back.
 void tst_logCollection::closingLeavesEarlierFilesAlone()
 {
     m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("reply\r\n~ # "));

@@ -64,6 +64,7 @@ private slots:
 
 void tst_checkHelpers::cleanup()
 {
+    KestDetectorFace::Get()->takeBackStop();
     KestDetectorFace *face = KestDetectorFace::Get();
     face->quitFlag = 0;
     face->setSettings(Settings());
@@ -270,7 +271,6 @@ void tst_checkHelpers::namesTheLogFolder()
     QCOMPARE(face->macAddress.get(), mac);
 }
 
-/// The last one: a stop request cannot be taken back.
 void tst_checkHelpers::stopRequestEndsTheSleep()
 {
     QElapsedTimer clock;

@@ -4,6 +4,7 @@
 #include "detector/store/CheckItemLog.h"
 #include "detector/store/checkLog.h"
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/requestTally.h"
 #include "detector/store/verdict.h"
 
 #include <array>
@@ -51,7 +52,11 @@ ComponentResult recordItems(int component, int verdictIfNotAllPassed, const std:
         CheckItemLog item;
         item.number = row.index;
         const auto begin = std::chrono::steady_clock::now();
+        const RequestTally before = requestTally();
         check(row, item);
+        if (item.request) {
+            item.request->attempts += (requestTally() - before).resent;
+        }
         item.duration = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin);
         if (item.result != verdict::ok && KestDetectorFace::Get()->stopRequested()) {
             cutShort = true;

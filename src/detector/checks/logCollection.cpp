@@ -1,6 +1,7 @@
 #include "detector/checks/logCollection.h"
 
 #include "detector/checks/checkComponent.h"
+#include "detector/checks/noteRequest.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
 #include "detector/store/itemId.h"
@@ -142,7 +143,10 @@ QString downLoadLogs(int *verdict, const QList<int> &items)
     const QString date = QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
     const ComponentResult result = recordItems(
         componentId::log, verdict::failed, itemTable, items, [](const LogItem &) { return true; },
-        [&date](const LogItem &row, CheckItemLog &item) { item.message = row.download(&item.result, date); });
+        [&date](const LogItem &row, CheckItemLog &item) {
+            item.message = row.download(&item.result, date);
+            noteShellCall(item, item.result);
+        });
     emit KestDetectorFace::Get()->signal_showCheckLog(result.record);
     *verdict = result.verdict;
     return result.text;

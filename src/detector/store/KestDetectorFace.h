@@ -60,9 +60,11 @@ public:
     /// To be called once, before any worker exists: everybody reads the settings without a lock.
     void setSettings(const Settings &settings) { m_settings = settings; }
 
-    /// Whether the program is closing: the routines of a run end early. Set once, by `requestStop`, from any thread.
+    /// Whether the program is closing: the routines of a run end early. Set by `requestStop`, from any thread.
     bool stopRequested() const { return m_stopRequested; }
     void requestStop() { m_stopRequested = true; }
+    /// For whoever goes on after all, as a test does: a program that closes does not.
+    void takeBackStop() { m_stopRequested = false; }
     /// Whether whatever waits is to give up: a stop has been requested, or `quitFlag` is set.
     bool closing() const { return m_stopRequested || quitFlag != 0; }
 
