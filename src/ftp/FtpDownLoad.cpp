@@ -38,6 +38,19 @@ std::unique_ptr<QNetworkAccessManager> makeManager(QObject *parent)
     QCoreApplication::setLibraryPaths(folders);
     return manager;
 }
+
+/// A full disk takes a part, and tells why only when it is asked for the rest.
+bool writeAll(QFile &file, const char *data, qint64 size)
+{
+    qint64 taken = 0;
+    for (qint64 done = 0; done < size; done += taken) {
+        taken = file.write(data + done, size - done);
+        if (taken <= 0) {
+            return false;
+        }
+    }
+    return true;
+}
 } // namespace
 
 FtpDownLoad *FtpDownLoad::Get()
@@ -88,8 +101,8 @@ void FtpDownLoad::slot_readContent()
     // Everything that is there, by way of one buffer that stays.
     qint64 size = 0;
     while ((size = reply->read(m_piece.data(), m_piece.size())) > 0) {
-        if (file->isOpen() && file->write(m_piece.constData(), size) != size) {
-            reportFileError("cannot write");
+        if (file->isOpen() && !writeAll(*file, m_piece.constData(), size)) {
+            reportFileError("cannot write", file->errorString());
         }
     }
 }
@@ -115,6 +128,9 @@ void FtpDownLoad::slot_replyFinished(QNetworkReply *finished)
     loadDone = true;
     reply = nullptr;
     closeFile();
+    if (loadResult == success) {
+        giveFileItsName();
+    }
 }
 
 /// Whatever an earlier download still does, it no longer reaches its file nor the slots.
@@ -134,27 +150,40 @@ void FtpDownLoad::openFile(const QString &localFile)
     m_fileFailed = false;
     // Made anew: ext4 writes a file that was emptied instead to the disk as it is closed, for which the window's thread
     // would wait. A link is followed.
-    if (const QFileInfo earlier(localFile); earlier.isFile() && !earlier.isSymLink()) {
-        QFile::remove(localFile);
+    m_place = PartFile(localFile, KestDetectorFace::Get()->safeguards().keepsEvidence());
+    const QString path = m_place.writtenTo();
+    if (const QFileInfo earlier(path); earlier.isFile() && !earlier.isSymLink()) {
+        QFile::remove(path);
     }
-    file->setFileName(localFile);
+    file->setFileName(path);
     // Unbuffered: what arrived of a transfer that never ends is in the file when the program does.
     if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-        reportFileError("cannot create");
+        reportFileError("cannot create", file->errorString());
     }
 }
 
 void FtpDownLoad::closeFile()
 {
     if (file->isOpen() && !file->flush()) {
-        reportFileError("cannot write");
+        reportFileError("cannot write", file->errorString());
     }
     file->close();
 }
 
-void FtpDownLoad::reportFileError(const char *what)
+void FtpDownLoad::giveFileItsName()
+{
+    if (m_fileFailed) {
+        return;
+    }
+    if (const QString reason = m_place.takeName(); !reason.isEmpty()) {
+        reportFileError("cannot rename", reason);
+    }
+}
+
+void FtpDownLoad::reportFileError(const char *what, const QString &reason)
 {
     if (!std::exchange(m_fileFailed, true)) {
-        qWarning() << what << file->fileName() << file->errorString();
+        qWarning() << what << file->fileName() << reason;
+        KestDetectorFace::Get()->run.noteUnsaved({m_place.path(), reason});
     }
 }

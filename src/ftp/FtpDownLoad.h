@@ -1,5 +1,7 @@
 #pragma once
 
+#include "detector/store/PartFile.h"
+
 #include <cstdint>
 #include <memory>
 #include <QByteArray>
@@ -15,6 +17,8 @@ struct SyncCondMutexData;
 
 /// Fetches one file at a time from the camera's FTP server (RFC 959, binary transfer). Lives on the GUI thread; its
 /// slot serves the requests of `FtpDownLoadFace` and keeps serving the thread's events while it waits.
+///
+/// Where the safeguards keep evidence, the file is called "<name>.part" until it is complete.
 ///
 /// User, password and port come from the facade, at the time of each download. A file that cannot be created or
 /// written is reported in the debug output only: the result is that of the transfer.
@@ -46,13 +50,15 @@ private:
     void dropReply();
     void openFile(const QString &localFile);
     void closeFile();
-    void reportFileError(const char *what);
+    void giveFileItsName();
+    void reportFileError(const char *what, const QString &reason);
 
     QPointer<QNetworkReply> reply; ///< the current download's; null before the first and after a successful one
     std::unique_ptr<QFile> file;
     std::unique_ptr<QNetworkAccessManager> manager; ///< owns the replies
     std::int32_t loadResult = 0;                    ///< of the current download: 0 or -1, once loadDone is set
     bool loadDone = false;
+    PartFile m_place;          ///< of the current file
     QByteArray m_piece;        ///< what is on its way from the reply to the file
     bool m_fileFailed = false; ///< the current file's failure has been reported
 };

@@ -55,6 +55,11 @@ private slots:
     void passwordStaysOutOfTheDebugOutput();
     void unwritableFileKeepsTheTransfersResult_data();
     void unwritableFileKeepsTheTransfersResult();
+    void unwritableFileIsUnsaved();
+    void completeArchiveTakesItsName();
+    void incompleteArchiveIsAPart();
+    void archiveThatIsCompleteTooLateTakesItsName();
+    void archiveThatCannotBeWrittenLeavesTheEarlierOne();
     void serverWithoutHelpIsGoodEnough();
     void serverThatClosesInTheMiddleIsNoticed();
     void finishThatIsAlreadyThereIsSeenAtTheDeadline();
@@ -70,6 +75,7 @@ private slots:
     void faceGivesUpWhenTheProgramCloses();
 
 private:
+    static void keepEvidence();
     int download(const QString &url, const QString &path);
     QString path(const QString &name) const { return m_folder->filePath(name); }
 
@@ -105,6 +111,13 @@ void tst_FtpDownLoad::cleanup()
     m_folder.reset();
     // The worker counts on the event loop that its thread runs; a test function has none.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void tst_FtpDownLoad::keepEvidence()
+{
+    Settings settings = KestDetectorFace::Get()->settings();
+    settings.safeguards = true;
+    KestDetectorFace::Get()->setSettings(settings);
 }
 
 int tst_FtpDownLoad::download(const QString &url, const QString &path)
@@ -246,6 +259,77 @@ void tst_FtpDownLoad::unwritableFileKeepsTheTransfersResult()
     const MessageSpy spy;
     QCOMPARE(download(url, localFile), 0);
     QCOMPARE(spy.containing(localFile).size(), 1);
+}
+
+void tst_FtpDownLoad::unwritableFileIsUnsaved()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    QVERIFY(face->run.post({}));
+    QVERIFY(face->run.take({}));
+    QCOMPARE(download(smallUrl, QStringLiteral("/dev/full")), 0);
+    const QList<UnsavedFile> unsaved = face->run.finish().unsaved;
+    QCOMPARE(unsaved.size(), 1);
+    QCOMPARE(unsaved.first().path, QStringLiteral("/dev/full"));
+    QCOMPARE(unsaved.first().reason, QStringLiteral("No space left on device"));
+}
+
+void tst_FtpDownLoad::completeArchiveTakesItsName()
+{
+    keepEvidence();
+    const QString file = path(QStringLiteral("file"));
+    QCOMPARE(download(smallUrl, file), 0);
+    QCOMPARE(fileContent(file), smallContent);
+    QCOMPARE(download(otherUrl, file), 0);
+    QCOMPARE(fileContent(file), otherContent);
+    QVERIFY(!QFile::exists(file + QStringLiteral(".part")));
+}
+
+void tst_FtpDownLoad::incompleteArchiveIsAPart()
+{
+    keepEvidence();
+    const QString file = path(QStringLiteral("file"));
+    QCOMPARE(download(otherUrl, file), 0);
+    m_server->stallAfter(10);
+    QTimer::singleShot(200, this, [this] { m_server->cut(); });
+    QCOMPARE(download(smallUrl, file), -1);
+    QCOMPARE(fileContent(file), otherContent);
+    QCOMPARE(fileContent(file + QStringLiteral(".part")), smallContent.left(10));
+
+    // A later attempt begins afresh.
+    m_server->stallAfter(-1);
+    QCOMPARE(download(smallUrl, file), 0);
+    QCOMPARE(fileContent(file), smallContent);
+    QVERIFY(!QFile::exists(file + QStringLiteral(".part")));
+}
+
+void tst_FtpDownLoad::archiveThatIsCompleteTooLateTakesItsName()
+{
+    keepEvidence();
+    const QString file = path(QStringLiteral("file"));
+    m_server->stallAfter(10);
+    QTimer::singleShot(200, this, [] { KestDetectorFace::Get()->quitFlag = -1; });
+    QCOMPARE(download(smallUrl, file), -1);
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(fileContent(file + QStringLiteral(".part")), smallContent.left(10));
+    m_server->release();
+    QTRY_VERIFY(QFile::exists(file));
+    QCOMPARE(fileContent(file), smallContent);
+}
+
+void tst_FtpDownLoad::archiveThatCannotBeWrittenLeavesTheEarlierOne()
+{
+    keepEvidence();
+    KestDetectorFace *face = KestDetectorFace::Get();
+    const QString file = path(QStringLiteral("file"));
+    QCOMPARE(download(otherUrl, file), 0);
+    QVERIFY(face->run.post({}));
+    QVERIFY(face->run.take({}));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), file + QStringLiteral(".part")));
+    QCOMPARE(download(smallUrl, file), 0);
+    QCOMPARE(fileContent(file), otherContent);
+    const QList<UnsavedFile> unsaved = face->run.finish().unsaved;
+    QCOMPARE(unsaved.size(), 1);
+    QCOMPARE(unsaved.first().path, file);
 }
 
 void tst_FtpDownLoad::serverWithoutHelpIsGoodEnough()
