@@ -68,6 +68,16 @@ bool trim(QFile &file)
     const qint64 kept = copyToFront(file, parts * trimmedPartSize);
     return kept >= 0 && file.resize(kept);
 }
+
+/// As far as the file system has permissions at all.
+void closeToOthers(QFile &file)
+{
+    constexpr QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    if (file.permissions() & others) {
+        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    }
+}
 } // namespace
 
 void MyDebug::Write(const QString &piece)
@@ -85,7 +95,13 @@ void MyDebug::write2Log(const QString &piece)
         return;
     }
     QFile file(QCoreApplication::applicationDirPath() + QStringLiteral("/log.txt"));
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || !trim(file) || !file.seek(file.size())) {
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
+        return;
+    }
+    if (m_readers == Readers::Owner) {
+        closeToOthers(file);
+    }
+    if (!trim(file) || !file.seek(file.size())) {
         return;
     }
     const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyy.MM.dd hh:mm:ss"));

@@ -21,6 +21,14 @@ class QRectF;
 class MyDebug
 {
 public:
+    /// Who may read the file, apart from its owner.
+    enum class Readers {
+        Anybody, ///< as the process makes its files
+        Owner,   ///< an existing file is closed to all others as well
+    };
+
+    explicit MyDebug(Readers readers = Readers::Anybody) : m_readers(readers) {}
+
     static QString terminator() { return QStringLiteral("$#$\r\n"); }
 
     /// Adds a piece to the record, or writes the record if `piece` is the terminator. The record is not cleared by
@@ -67,4 +75,5 @@ private:
     static QString toText(const void *pointer);
 
     QString m_text;
+    Readers m_readers;
 };

@@ -13,9 +13,11 @@
 #include <QRect>
 #include <QRectF>
 #include <QtTest>
+#include <sys/stat.h>
 
 using Insertion = std::function<void()>;
 Q_DECLARE_METATYPE(Insertion)
+Q_DECLARE_METATYPE(MyDebug::Readers)
 
 namespace {
 constexpr int stampSize = 19;
@@ -82,6 +84,8 @@ private slots:
     void recordsLongerThanTheLimitDoNotPileUp();
     void staysWithinLimitOverManyRecords();
     void unusableFileIsIgnored();
+    void readers_data();
+    void readers();
     void worksInDirectoryWithBlanks();
 };
 
@@ -298,6 +302,37 @@ void tst_MyDebug::unusableFileIsIgnored()
     MyDebug() << "lost" << MyDebug::terminator();
     QVERIFY(QFileInfo(logPath()).isDir());
     QVERIFY(QDir(logPath()).isEmpty());
+}
+
+void tst_MyDebug::readers_data()
+{
+    QTest::addColumn<int>("before");
+    QTest::addColumn<MyDebug::Readers>("who");
+    QTest::addColumn<int>("permissions");
+    constexpr int none = -1;
+    constexpr int all = 0x6644;
+    constexpr int owner = 0x6600;
+    QTest::newRow("new file for anybody") << none << MyDebug::Readers::Anybody << all;
+    QTest::newRow("new file for its owner") << none << MyDebug::Readers::Owner << owner;
+    QTest::newRow("open file for anybody") << all << MyDebug::Readers::Anybody << all;
+    QTest::newRow("open file for its owner") << all << MyDebug::Readers::Owner << owner;
+    QTest::newRow("closed file for anybody") << owner << MyDebug::Readers::Anybody << owner;
+}
+
+void tst_MyDebug::readers()
+{
+    QFETCH(int, before);
+    QFETCH(MyDebug::Readers, who);
+    QFETCH(int, permissions);
+    const mode_t mask = umask(022);
+    if (before != -1) {
+        putLogBytes("earlier\n");
+        QVERIFY(QFile::setPermissions(logPath(), QFile::Permissions(before)));
+    }
+    MyDebug(who) << "A" << 1 << MyDebug::terminator();
+    umask(mask);
+    QVERIFY(logBytes().contains("A  1  $#$\r\n"));
+    QCOMPARE(int(QFile::permissions(logPath())), permissions);
 }
 
 void tst_MyDebug::worksInDirectoryWithBlanks()

@@ -62,6 +62,8 @@ private slots:
     void connectionErrorCompletesTheCommand();
     void callFromTheServingThreadIsRefused();
     void trafficIsInTheDiagnosticLog();
+    void secretsInTheDiagnosticLog_data();
+    void secretsInTheDiagnosticLog();
     void quitFlagEndsAPendingCommand();
     void giveUpEndsPendingAndLaterCalls();
 
@@ -465,6 +467,40 @@ void tst_TelnetInteractive::trafficIsInTheDiagnosticLog()
         texts += record.mid(int(qstrlen("2024.05.06 07:08:09 : "))) + '|';
     }
     QCOMPARE(texts, QByteArray("(none) login:   |root\r\nPassword:   |\r\n~ #   |one\r\n  |one\r\ntwo\r\n~ #   ||"));
+}
+
+void tst_TelnetInteractive::secretsInTheDiagnosticLog_data()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::newRow("with safeguards") << true;
+    QTest::newRow("without") << false;
+}
+
+void tst_TelnetInteractive::secretsInTheDiagnosticLog()
+{
+    QFETCH(bool, safeguards);
+    Settings settings = loginAs(QStringLiteral("hunter2"));
+    settings.safeguards = safeguards;
+    KestDetectorFace::Get()->setSettings(settings);
+    const QString log = QCoreApplication::applicationDirPath() + QStringLiteral("/log.txt");
+    QFile::remove(log);
+    // A login that shows what is typed, and an access point's file in two pieces.
+    m_peer->autoLogin();
+    m_peer->onLine = [&](const QByteArray &line) {
+        m_peer->say(line == "root" ? "root\r\nPassword: " : line + "\r\n~ # ");
+    };
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [&](const QByteArray &) {
+        m_peer->say("ssid=Cam1\r\nwpa_passphrase=1234");
+        QTimer::singleShot(100, m_peer.get(), [this] { m_peer->say("5678\r\n~ # "); });
+    };
+    const Reply reply = command(QStringLiteral("cat\n"));
+    QCOMPARE(reply.text, QStringLiteral("ssid=Cam1\r\nwpa_passphrase=12345678\r\n~ # "));
+    const QByteArray logged = fileContent(log);
+    QVERIFY(logged.contains("Cam1"));
+    QCOMPARE(logged.contains("hunter2"), !safeguards);
+    QCOMPARE(logged.contains("1234"), !safeguards);
+    QCOMPARE(bool(QFile::permissions(log) & (QFile::ReadGroup | QFile::ReadOther)), !safeguards);
 }
 
 void tst_TelnetInteractive::quitFlagEndsAPendingCommand()

@@ -4,6 +4,7 @@
 #include "detector/store/serveEvents.h"
 #include "log/MyDebug.h"
 #include "telnet/engine/KestTelnet.h"
+#include "telnet/session/redactSecrets.h"
 #include "telnet/session/shellStep.h"
 #include "telnet/sync/SyncCondMutexData.h"
 
@@ -36,7 +37,15 @@ QByteArrayList promptBytes(std::initializer_list<QLatin1String> prompts)
 
 void writeToLog(const QString &text)
 {
-    MyDebug() << text << MyDebug::terminator();
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    if (!face->safeguards().hidesSecrets()) {
+        MyDebug() << text << MyDebug::terminator();
+        return;
+    }
+    const Settings &settings = face->settings();
+    MyDebug(MyDebug::Readers::Owner) << redactSecrets(text,
+                                                      {settings.password, settings.ftpPsw, face->wifiPassword.get()})
+                                     << MyDebug::terminator();
 }
 } // namespace
 

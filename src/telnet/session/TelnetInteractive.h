@@ -13,7 +13,7 @@ struct SyncCondMutexData;
 /// command replies. Lives on the GUI thread; its slots serve the requests of `TelnetInteractiveFace` and keep serving
 /// the thread's events while they wait.
 ///
-/// All traffic goes to the diagnostic log.
+/// All traffic goes to the diagnostic log, without passwords and passphrases where the safeguards hide secrets.
 class TelnetInteractive : public QObject
 {
     Q_OBJECT
