@@ -31,6 +31,10 @@ private slots:
     void text_data();
     void text();
     void textFileIsWrittenWhenTheCommandFailed();
+    void completeTextTakesItsName();
+    void textOfAFailedCommandIsAPart();
+    void archiveThatWasNotPackedIsAPart_data();
+    void archiveThatWasNotPackedIsAPart();
     void valuesAreNotFilledInAgain();
     void laterLogReplacesTheEarlierOne();
     void folderWithoutMacAddress();
@@ -42,6 +46,7 @@ private slots:
     void closingLeavesEarlierFilesAlone();
 
 private:
+    static void setSafeguards(bool on);
     QString runLog(LogRoutine routine, int *verdict);
     QString folder() const { return m_folder->path() + QStringLiteral("/log/2024-05-01_AABBCCDDEEFF"); }
 
@@ -69,6 +74,13 @@ void tst_logCollection::init()
     settings.versionPath = QStringLiteral("/etc/kest_version");
     settings.mciInfoPath = QStringLiteral("/proc/mci/mci_info");
     face->setSettings(settings);
+}
+
+void tst_logCollection::setSafeguards(bool on)
+{
+    Settings settings = KestDetectorFace::Get()->settings();
+    settings.safeguards = on;
+    KestDetectorFace::Get()->setSettings(settings);
 }
 
 QString tst_logCollection::runLog(LogRoutine routine, int *verdict)
@@ -179,6 +191,56 @@ void tst_logCollection::textFileIsWrittenWhenTheCommandFailed()
     runLog(downloadDmesgLog, &verdict);
     QCOMPARE(verdict, -1);
     QCOMPARE(fileContent(folder() + QStringLiteral("/dmesg.txt")), QByteArray());
+}
+
+void tst_logCollection::completeTextTakesItsName()
+{
+    setSafeguards(true);
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("one\r\n~ # "));
+    int verdict = 99;
+    runLog(downloadDmesgLog, &verdict);
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("two\r\n~ # "));
+    runLog(downloadDmesgLog, &verdict);
+    QCOMPARE(fileContent(folder() + QStringLiteral("/dmesg.txt")), QByteArray("two\r\n~ # "));
+    QCOMPARE(QDir(folder()).entryList(QDir::Files), QStringList{QStringLiteral("dmesg.txt")});
+}
+
+void tst_logCollection::textOfAFailedCommandIsAPart()
+{
+    setSafeguards(true);
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("one\r\n~ # "));
+    int verdict = 99;
+    runLog(downloadDmesgLog, &verdict);
+    m_shell.reset();
+    runLog(downloadDmesgLog, &verdict);
+    QCOMPARE(verdict, -1);
+    QCOMPARE(fileContent(folder() + QStringLiteral("/dmesg.txt")), QByteArray("one\r\n~ # "));
+    QCOMPARE(fileContent(folder() + QStringLiteral("/dmesg.txt.part")), QByteArray());
+}
+
+void tst_logCollection::archiveThatWasNotPackedIsAPart_data()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::addColumn<bool>("packed");
+    QTest::addColumn<QString>("file");
+    const QString whole = QStringLiteral("/log.tar.gz");
+    QTest::newRow("packed, with safeguards") << true << true << whole;
+    QTest::newRow("not packed, with safeguards") << true << false << whole + QStringLiteral(".part");
+    QTest::newRow("not packed, without") << false << false << whole;
+}
+
+void tst_logCollection::archiveThatWasNotPackedIsAPart()
+{
+    QFETCH(bool, safeguards);
+    QFETCH(bool, packed);
+    QFETCH(QString, file);
+    setSafeguards(safeguards);
+    if (packed) {
+        m_shell.answer(QStringLiteral("tar -zcvf /tmp/ftp/log.tar.gz /var/log\n"), QStringLiteral("~ # "));
+    }
+    int verdict = 99;
+    runLog(downloadCameraLog, &verdict);
+    QCOMPARE(m_shell.calls().at(1), QStringLiteral("ftp ftp://127.0.0.10/log.tar.gz ") + folder() + file);
 }
 
 void tst_logCollection::valuesAreNotFilledInAgain()

@@ -6,6 +6,7 @@
 #include "detector/store/componentId.h"
 #include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/PartFile.h"
 #include "detector/store/verdict.h"
 #include "ftp/FtpDownLoadFace.h"
 #include "telnet/session/shellStep.h"
@@ -99,17 +100,20 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
         return {}; // the download would be given up at once, and an earlier archive be lost for it
     }
     const QString url = QStringLiteral("ftp://%1/%2").arg(face->cameraAddress.get(), name);
-    FtpDownLoadFace::Get()->ftpDownLoad(url, localPath(date, name));
+    const QString path = localPath(date, name);
+    // Of an archive that was not packed in time, all that can come is a part.
+    const bool part = *verdict != 0 && face->safeguards().keepsEvidence();
+    FtpDownLoadFace::Get()->ftpDownLoad(url, part ? PartFile(path, true).writtenTo() : path);
     *verdict = shell->telnet(QStringLiteral("rm -rf %1/%2\n").arg(settings.zipLogTargetPath, name), archive.removeStep,
                              &reply);
     return {};
 }
 
-void writeText(const QString &path, const QString &text)
+void writeText(const PartFile &place, const QString &text, bool complete)
 {
-    QFile file(path);
+    QFile file(place.writtenTo());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        qWarning() << "cannot create" << path << file.errorString();
+        qWarning() << "cannot create" << file.fileName() << file.errorString();
         return;
     }
     QTextStream stream(&file);
@@ -118,22 +122,28 @@ void writeText(const QString &path, const QString &text)
     stream.flush();
     file.close();
     if (file.error() != QFileDevice::NoError) {
-        qWarning() << "cannot write" << path << file.errorString();
+        qWarning() << "cannot write" << file.fileName() << file.errorString();
+        return;
+    }
+    if (const QString reason = complete ? place.takeName() : QString(); !reason.isEmpty()) {
+        qWarning() << "cannot rename" << file.fileName() << reason;
     }
 }
 
 QString downloadText(const TextLog &log, int *verdict, const QString &date)
 {
+    const KestDetectorFace *face = KestDetectorFace::Get();
     QString command = QLatin1String(log.command);
     if (log.argument != nullptr) {
-        command = command.arg(KestDetectorFace::Get()->settings().*log.argument);
+        command = command.arg(face->settings().*log.argument);
     }
     QString reply;
     *verdict = TelnetInteractiveFace::Get()->telnet(command, log.step, &reply);
-    if (*verdict != 0 && KestDetectorFace::Get()->stopRequested()) {
+    if (*verdict != 0 && face->stopRequested()) {
         return {}; // given up: nothing to replace an earlier file with
     }
-    writeText(localPath(date, QLatin1String(log.fileName)), reply);
+    const PartFile place(localPath(date, QLatin1String(log.fileName)), face->safeguards().keepsEvidence());
+    writeText(place, reply, *verdict == 0);
     return {};
 }
 } // namespace

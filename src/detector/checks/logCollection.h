@@ -7,6 +7,9 @@
 // camera, fetched over FTP and deleted there again; the output of shell commands is written to text files.
 // Runner thread only: every item makes blocking shell and FTP calls.
 //
+// Where the safeguards keep evidence, a file is called "<name>.part" until it is complete: for good where the command
+// failed that was to make it.
+//
 // Nothing stops an item early but the closing program, which leaves earlier files as they are: each of its steps runs
 // even if an earlier one failed. A file that cannot be written leaves a warning with its path in the debug output.
 
