@@ -183,7 +183,8 @@ void tst_batteryChecks::reportCannotBeRead()
 
     const FacadeSpy spy;
     runComponent(checkBattery, {0, 2, 1});
-    for (const CheckItemLog &item : spy.logs().constFirst().itemLogs) {
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    for (const CheckItemLog &item : items) {
         QCOMPARE(measurementTexts(item), QStringList());
     }
 }

@@ -279,7 +279,8 @@ void tst_gimbalChecks::measuresTheLinks()
     const FacadeSpy spy;
     runComponent(checkGimbal, {1, 2, 3});
     QStringList measured;
-    for (const CheckItemLog &item : spy.logs().constFirst().itemLogs) {
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    for (const CheckItemLog &item : items) {
         measured += measurementTexts(item);
     }
     QCOMPARE(measured, (QStringList{"gimbal.roll.flag=1", "gimbal.pitch.flag=0", "gimbal.yaw.flag=255"}));

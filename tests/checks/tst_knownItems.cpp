@@ -50,7 +50,8 @@ void tst_knownItems::component()
 void tst_knownItems::windowsPlanNamesOnlyKnownItems()
 {
     const KestDetectorUI window;
-    for (QCheckBox *box : window.findChildren<QCheckBox *>()) {
+    const QList<QCheckBox *> boxes = window.findChildren<QCheckBox *>();
+    for (QCheckBox *box : boxes) {
         box->setChecked(true);
     }
     window.findChild<QToolButton *>(QStringLiteral("tbStart"))->click();

@@ -143,7 +143,8 @@ void tst_pcbaChecks::measuresTheFlags()
     const FacadeSpy spy;
     runComponent(checkPcba, {0, 1, 2, 3, 4, 5, 6});
     QStringList measured;
-    for (const CheckItemLog &item : spy.logs().constFirst().itemLogs) {
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    for (const CheckItemLog &item : items) {
         measured += measurementTexts(item);
     }
     QCOMPARE(measured, (QStringList{"pcba.sensor.flag=0", "pcba.gimbalMain.flag=1", "pcba.gimbalRoll.flag=0",
@@ -160,6 +161,11 @@ void tst_pcbaChecks::cameraDoesNotAnswer()
              (QStringList{"2|获取工厂sensor检测标志位失败\n|", "2|获取云台主控板工厂检测标志位失败\n|",
                           "2|获取Roll轴电调板工厂检测标志位失败\n|", "2|获取Pitch轴电调板工厂检测标志位失败\n|",
                           "2|获取Yaw轴电调板工厂检测标志位失败\n|", "2|获取电池工厂检测标志位失败\n|"}));
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    for (const CheckItemLog &item : items) {
+        QVERIFY(item.request);
+        QCOMPARE(item.request->kind, RequestEnd::Kind::NoReply);
+    }
     // Each controller is asked for anew.
     QCOMPARE(m_camera.requests(gimbalSet, controllerFlags).size(), 4);
 }

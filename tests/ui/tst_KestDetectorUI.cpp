@@ -1145,7 +1145,8 @@ void tst_KestDetectorUI::safeguardedStartSaysWhatIsMissing()
     QCOMPARE(Face::Get()->runRequest(), notice.isEmpty() ? 1 : 0);
     QCOMPARE(log()->rowCount(), notice.isEmpty() ? 0 : 2); // what there is stays when there is no run
     QStringList told;
-    for (const Notice &one : Face::Get()->notices.current()) {
+    const QList<Notice> current = Face::Get()->notices.current();
+    for (const Notice &one : current) {
         told.append(one.text);
     }
     QCOMPARE(told.join(QLatin1Char('\n')), notice);
