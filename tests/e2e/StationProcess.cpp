@@ -12,6 +12,35 @@
 #include <unistd.h>
 
 namespace {
+constexpr char nineteenKeys[] = "[BaseOption]\n"
+                                "wifi=127.0.0.10\n"
+                                "usb=127.0.0.10\n"
+                                "username=root\n"
+                                "password=camera\n"
+                                "ftpName=camera\n"
+                                "ftpPsw=camera\n"
+                                "ftpPort=2121\n"
+                                "\n"
+                                "[SystemLogPath]\n"
+                                "HostApdUrl=/data/netconf/hostapd.conf\n"
+                                "MacAddressUrl=/data/netconf/mac_addr\n"
+                                "TFCardInfoUrl=/proc/mci/mci_info\n"
+                                "\n"
+                                "[ZipLogPath]\n"
+                                "ZipLogTargetPath=/tmp/archive\n"
+                                "\n"
+                                "[DownloadLogSrcPath]\n"
+                                "LogPath=/data/log\n"
+                                "PrivatePath=/data/private\n"
+                                "VersionPath=/etc/kest_version\n"
+                                "NetconfPath=/data/netconf\n"
+                                "MciInfoPath=/proc/mci/mci_info\n"
+                                "SharefsPath=/data/sharefs\n"
+                                "\n"
+                                "[CameraStatus]\n"
+                                "expectedVal=8001A\n"
+                                "statusBits=8001A\n";
+
 QString iniPath(const QString &folder)
 {
     return folder + QStringLiteral("/option.ini");
@@ -27,7 +56,9 @@ StationProcess::StationProcess()
         !QFile::copy(QString::fromLocal8Bit(original), program)) {
         qWarning("The station cannot be put into %s", qPrintable(m_folder.path()));
     }
-    writeOptionIni(fileContent(QStringLiteral(KEST_SOURCE_DIR "/emulator/option.ini")));
+    const bool shipped = qEnvironmentVariable("KEST_E2E_SETTINGS") == QLatin1String("shipped");
+    writeOptionIni(shipped ? fileContent(QStringLiteral(KEST_SOURCE_DIR "/emulator/option.ini"))
+                           : QByteArray(nineteenKeys));
     setVariable(QStringLiteral("TMPDIR"), m_temporary.path());
     // Qt would make one of its own among the temporary files.
     setVariable(QStringLiteral("XDG_RUNTIME_DIR"), m_capture.path());
@@ -52,6 +83,11 @@ void StationProcess::writeOptionIni(const QByteArray &content) const
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
         qWarning("option.ini cannot be written: %s", qPrintable(file.errorString()));
     }
+}
+
+void StationProcess::addSafeguards() const
+{
+    writeOptionIni(optionIni() + "\n[Station]\nsafeguards=true\n");
 }
 
 void StationProcess::removeOptionIni() const

@@ -16,7 +16,8 @@ class StationProcess
     Q_DISABLE_COPY(StationProcess)
 
 public:
-    /// Puts the program and the shipped option.ini into a fresh folder.
+    /// Puts the program into a fresh folder. Its option.ini has the nineteen keys without which a station cannot be and
+    /// no other, or is the shipped one where KEST_E2E_SETTINGS is "shipped".
     StationProcess();
     ~StationProcess();
 
@@ -28,6 +29,8 @@ public:
     void setVariable(const QString &name, const QString &value) { m_environment.insert(name, value); }
     void writeOptionIni(const QByteArray &content) const;
     void removeOptionIni() const;
+    /// Adds `[Station] safeguards=true` to it.
+    void addSafeguards() const;
     QByteArray optionIni() const;
 
     /// Starts `--run <components>` with `options`.

@@ -16,6 +16,9 @@ QString playInto(const Story &story, Scene &scene, StoryOutcome *outcome)
                                                              : scene.camera.startShipped(story.shippedScenario))) {
         return QStringLiteral("the camera does not start");
     }
+    if (story.safeguards) {
+        scene.station.addSafeguards();
+    }
     QString problem = act(story.before, scene);
     if (!problem.isEmpty()) {
         return problem;

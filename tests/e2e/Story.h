@@ -30,10 +30,11 @@ struct Story
     QByteArray scenario{"{}"}; ///< JSON
     QString shippedScenario;   ///< instead of `scenario`, by name
     bool hasCamera = true;
-    bool calm = false; ///< beside few other stories: its outcome depends on tenths of a second
-    Act before;        ///< after the camera's start, before the station's
-    Act meanwhile;     ///< after the station's start; the story then waits for the station's end
-    Act after;         ///< after the station's end
+    bool safeguards = false; ///< adds `[Station] safeguards=true` to the settings of nineteen keys
+    bool calm = false;       ///< beside few other stories: its outcome depends on tenths of a second
+    Act before;              ///< after the camera's start, before the station's
+    Act meanwhile;           ///< after the station's start; the story then waits for the station's end
+    Act after;               ///< after the station's end
 
     // What is expected.
     int exitCode = 0;
