@@ -42,7 +42,7 @@ int main(int argc, char *argv[])
     }
     if (line.mode == CommandLine::Mode::Wrong) {
         std::fprintf(stderr, "%s\nTry --help.\n", qUtf8Printable(line.message));
-        return UnattendedRun::WrongUsage;
+        return UnattendedRun::NotSound;
     }
 
     qRegisterMetaType<QList<checkLog>>("QList<checkLog>");

@@ -3,8 +3,17 @@
 #include <QtGlobal>
 #include <utility>
 
+namespace {
+/// Told by the thread that starts the worker: so the lines stand in the order in which the workers were started.
+const char *announced(const char *name)
+{
+    qDebug("The %s thread begins", name);
+    return name;
+}
+} // namespace
+
 WorkerThread::WorkerThread(const char *name, std::chrono::milliseconds patience, std::function<void()> loop)
-    : m_name(name), m_patience(patience), m_thread([this, loop = std::move(loop)] {
+    : m_name(announced(name)), m_patience(patience), m_thread([this, loop = std::move(loop)] {
           loop();
           const std::lock_guard<std::mutex> lock(m_mutex);
           m_exited = true;
@@ -41,4 +50,5 @@ void WorkerThread::stop(const std::function<void()> &wake)
         }
     }
     m_thread.join();
+    qDebug("The %s thread has ended", m_name);
 }

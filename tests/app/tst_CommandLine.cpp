@@ -12,6 +12,7 @@ private slots:
     void unattended();
     void allNamesEveryBox();
     void helpNamesEveryOption();
+    void versionIsTold();
     void wrongUsage_data();
     void wrongUsage();
 };
@@ -56,9 +57,16 @@ void tst_CommandLine::helpNamesEveryOption()
 {
     const CommandLine line = parse(QStringLiteral("--help"));
     QVERIFY(line.mode == CommandLine::Mode::Help);
-    for (const char *option : {"--run", "--save-path", "--connect-timeout", "--screenshot", "--repeat"}) {
+    for (const char *option : {"--run", "--save-path", "--connect-timeout", "--screenshot", "--repeat", "--version"}) {
         QVERIFY2(line.message.contains(QLatin1String(option)), option);
     }
+}
+
+void tst_CommandLine::versionIsTold()
+{
+    const CommandLine line = parse(QStringLiteral("--version"));
+    QVERIFY(line.mode == CommandLine::Mode::Help);
+    QCOMPARE(line.message, QStringLiteral("KestDetector 1.0.3"));
 }
 
 void tst_CommandLine::wrongUsage_data()

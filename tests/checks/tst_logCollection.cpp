@@ -40,6 +40,8 @@ private slots:
     void folderWithoutMacAddress();
     void fileThatCannotBeWritten_data();
     void fileThatCannotBeWritten();
+    void whatIsNotSavedIsNoted_data();
+    void whatIsNotSavedIsNoted();
     void component_data();
     void component();
     void allItems();
@@ -302,6 +304,63 @@ void tst_logCollection::fileThatCannotBeWritten()
     QCOMPARE(runLog(downloadDmesgLog, &verdict), QString());
     QCOMPARE(verdict, 0);
     QVERIFY(!spy.containing(folder() + QStringLiteral("/dmesg.txt")).isEmpty());
+}
+
+void tst_logCollection::whatIsNotSavedIsNoted_data()
+{
+    QTest::addColumn<LogRoutine>("routine");
+    QTest::addColumn<bool>("answered"); // by shell and FTP server
+    QTest::addColumn<QString>("obstacle");
+    QTest::addColumn<QString>("unsaved");
+
+    const QString none;
+    const QString dmesg = QStringLiteral("dmesg.txt: ");
+    const QString archive = QStringLiteral("log.tar.gz: ");
+    QTest::newRow("text") << LogRoutine(downloadDmesgLog) << true << none << none;
+    QTest::newRow("archive") << LogRoutine(downloadCameraLog) << true << none << none;
+    QTest::newRow("silent shell") << LogRoutine(downloadDmesgLog) << false << none
+                                  << dmesg + QStringLiteral("the camera's shell did not answer");
+    QTest::newRow("archive that does not come")
+        << LogRoutine(downloadCameraLog) << false << none
+        << archive + QStringLiteral("the camera's archive could not be fetched");
+    QTest::newRow("no folder for a text")
+        << LogRoutine(downloadDmesgLog) << true << QStringLiteral("/log") << dmesg + QStringLiteral("Not a directory");
+    QTest::newRow("no folder for an archive") << LogRoutine(downloadCameraLog) << false << QStringLiteral("/log")
+                                              << archive + QStringLiteral("Not a directory");
+    QTest::newRow("full disk") << LogRoutine(downloadDmesgLog) << true
+                               << QStringLiteral("/log/2024-05-01_AABBCCDDEEFF/dmesg.txt")
+                               << dmesg + QStringLiteral("No space left on device");
+}
+
+void tst_logCollection::whatIsNotSavedIsNoted()
+{
+    QFETCH(const LogRoutine, routine);
+    QFETCH(const bool, answered);
+    QFETCH(const QString, obstacle);
+    QFETCH(const QString, unsaved);
+    if (answered) {
+        m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("reply\r\n~ # "));
+        m_shell.answer(QStringLiteral("tar -zcvf /tmp/ftp/log.tar.gz /var/log\n"), QStringLiteral("~ # "));
+    } else {
+        m_shell.setDownloadResult(-1);
+    }
+    if (obstacle == QStringLiteral("/log")) {
+        QFile blocker(m_folder->path() + obstacle);
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+    } else if (!obstacle.isEmpty()) {
+        QVERIFY(QDir().mkpath(QFileInfo(m_folder->path() + obstacle).path()));
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), m_folder->path() + obstacle));
+    }
+    RunExchange &run = KestDetectorFace::Get()->run;
+    QVERIFY(run.take(QStringLiteral("AA:BB:CC:DD:EE:FF")));
+    int verdict = 99;
+    runLog(routine, &verdict);
+    QStringList noted;
+    const QList<UnsavedFile> files = run.finish().unsaved;
+    for (const UnsavedFile &file : files) {
+        noted.append(QStringLiteral("%1: %2").arg(QFileInfo(file.path).fileName(), file.reason));
+    }
+    QCOMPARE(noted, unsaved.isEmpty() ? QStringList() : QStringList{unsaved});
 }
 
 void tst_logCollection::component_data()

@@ -321,7 +321,7 @@ Story ping(const char *name, const QByteArray &faults, bool drops, int pings = 6
         const int registrations = scene.camera.requests("registerPC");
         return (registrations > 1) == drops ? QString() : QStringLiteral("%1 registrations").arg(registrations);
     };
-    story.exitCode = 1; // ended by SIGTERM
+    story.exitCode = 4; // ended by SIGTERM
     story.verdicts = QStringLiteral("Fan: OK, Result: OK");
     // Without the link the MAC address is unknown, and so is the name of the folder.
     story.folders =

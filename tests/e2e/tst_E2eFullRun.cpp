@@ -14,6 +14,7 @@ class tst_E2eFullRun : public QObject
 private slots:
     void initTestCase();
     void exitCode();
+    void servicesStartInTheirOrder();
     void verdicts();
     void detectionLog();
     void textLogs_data();
@@ -60,6 +61,15 @@ void tst_E2eFullRun::verdicts()
 {
     QCOMPARE(m_station.verdicts(), QStringList({"Camera: OK", "Gimbal: OK", "Battery: OK", "TF Card: OK", "Lens: OK",
                                                 "Fan: OK", "Button: OK", "Audio: OK", "PCBA: OK", "Result: OK"}));
+}
+
+void tst_E2eFullRun::servicesStartInTheirOrder()
+{
+    const QByteArray said = m_station.debugOutput().content();
+    const int runner = said.indexOf("The runner thread begins");
+    const int supervisor = said.indexOf("The supervisor thread begins");
+    const int receiver = said.indexOf("The receive thread begins");
+    QVERIFY2(runner >= 0 && runner < supervisor && supervisor < receiver, said.constData());
 }
 
 void tst_E2eFullRun::detectionLog()

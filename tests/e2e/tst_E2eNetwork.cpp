@@ -224,7 +224,7 @@ std::vector<Story> addressStories()
                    ? QString()
                    : QStringLiteral("other registrations");
     };
-    changes.exitCode = 1; // ended by SIGTERM
+    changes.exitCode = 4; // ended by SIGTERM
 
     Story gone = changes;
     gone.name = "the PC's network goes and comes back";

@@ -17,7 +17,9 @@ protected:
 };
 
 namespace {
+constexpr int malformed = 2;
 constexpr int noCamera = 3;
+constexpr int notSaved = 5;
 const QString detectorLog = QStringLiteral("60601F0A5F2A/DetectorLog.txt");
 QByteArray battery()
 {
@@ -111,6 +113,7 @@ std::vector<Story> settingsStories()
 
     Story badPaths = story("option.ini: every key malformed that the connection does not need", "camera,log",
                            "Camera: OK, Result: OK", expectedLogs::camera);
+    badPaths.exitCode = malformed;
     badPaths.before = settings(goodAddresses() +
                                "username=root\npassword=camera\nftpPort=-1e9\nftpName=\nftpPsw=;\n"
                                "[SystemLogPath]\nHostApdUrl=/no/such\nMacAddressUrl=/data/netconf/mac_addr\n" +
@@ -147,14 +150,19 @@ std::vector<Story> settingsStories()
         return came ? QString() : QStringLiteral("the request does not come");
     };
 
+    Story allBad =
+        lost("option.ini: every key malformed", 3, badAddresses,
+             settings("[BaseOption]\nwifi=127.0.0.256\nusb=127.0.0\n" + badLogin() + badFiles() + badRest()));
+    allBad.exitCode = malformed;
+
     return {
         lost("option.ini: missing", 3, noAddress,
              [](Scene &scene) { return scene.station.removeOptionIni(), QString(); }),
         lost("option.ini: empty", 3, noAddress, settings("")),
         lost("option.ini: binary", 3, noAddress, settings(everyByte())),
-        lost("option.ini: every key malformed", 3, badAddresses,
-             settings("[BaseOption]\nwifi=127.0.0.256\nusb=127.0.0\n" + badLogin() + badFiles() + badRest())),
+        allBad,
         lost("option.ini: addresses alone", 8, noLogin, settings(goodAddresses())),
+        // What is malformed here swallows the rest of the file: the keys behind it count as missing.
         lost("option.ini: every key malformed but the addresses", 8, noLogin,
              settings(goodAddresses() + badLogin() + badFiles() + badRest())),
         badPaths,
@@ -200,6 +208,7 @@ std::vector<Story> pathStories()
 
     // The shell waits for the quote's end; what follows is taken for more of the path.
     Story quote = story("a path with a lone quote", "log", "Result: OK", "");
+    quote.exitCode = notSaved;
     quote.scenario = files;
     quote.before = with("VersionPath=/etc/kest_version", "VersionPath=/etc/it's");
     for (const char *file :
@@ -262,6 +271,7 @@ std::vector<Story> folderStories()
 
     Story readOnly = story("a read-only folder", "battery", "Battery: OK, Result: OK", "");
     readOnly.files.clear();
+    readOnly.exitCode = notSaved;
     readOnly.says = QStringList{QStringLiteral("Detection log not written")};
     readOnly.before = [](Scene &scene) {
         const QByteArray folder = QFile::encodeName(scene.station.savePath());
@@ -277,6 +287,7 @@ std::vector<Story> folderStories()
 
     Story isFile = story("a file in the folder's place", "battery", "Battery: OK, Result: OK", "");
     isFile.files.clear();
+    isFile.exitCode = notSaved;
     isFile.says = readOnly.says;
     isFile.before = [](Scene &scene) {
         QFile file(scene.station.savePath());
@@ -287,6 +298,7 @@ std::vector<Story> folderStories()
     // A later file finds no room either: of the log there is as much as fits, and the operator is told.
     Story full = story("a full disk", "battery,log", "Battery: OK, Result: OK", "");
     full.files.clear();
+    full.exitCode = notSaved;
     full.says = QStringList{QStringLiteral("cannot write"), QStringLiteral("No space left on device")};
     full.before = [](Scene &scene) {
         const QByteArray folder = QFile::encodeName(scene.station.savePath());

@@ -20,6 +20,8 @@ private slots:
     void folderName();
     void unwritableFolderIsReported();
     void fullDiskIsReported();
+    void withEvidenceAnEmptyListWritesNothing();
+    void withEvidenceTheLogOfTheRunBeforeIsKept();
 
 private:
     QString path(const QString &identifier) const;
@@ -111,7 +113,10 @@ void tst_DetectionLog::unwritableFolderIsReported()
     QTest::ignoreMessage(QtWarningMsg,
                          QRegularExpression(QStringLiteral(
                              "^Detection log not written: .*/blocked/log/.*/DetectorLog.txt Not a directory$")));
-    KestDetectorRt::saveDetectoryLog({});
+    const auto unsaved = KestDetectorRt::saveDetectoryLog({});
+    QVERIFY(unsaved);
+    QVERIFY2(unsaved->path.startsWith(blocker.fileName() + QStringLiteral("/log/")), qPrintable(unsaved->path));
+    QCOMPARE(unsaved->reason, QStringLiteral("Not a directory"));
 }
 
 void tst_DetectionLog::fullDiskIsReported()
@@ -123,8 +128,46 @@ void tst_DetectionLog::fullDiskIsReported()
     QTest::ignoreMessage(
         QtWarningMsg,
         QRegularExpression(QStringLiteral("^Detection log not complete: .*/DetectorLog.txt No space left on device$")));
-    KestDetectorRt::saveDetectoryLog({{componentId::camera, {item(QStringLiteral("相机视频流OK\n"))}}});
+    const auto unsaved =
+        KestDetectorRt::saveDetectoryLog({{componentId::camera, {item(QStringLiteral("相机视频流OK\n"))}}});
+    QVERIFY(unsaved);
+    QCOMPARE(unsaved->path, log.filePath());
+    QCOMPARE(unsaved->reason, QStringLiteral("No space left on device"));
     QVERIFY(QFile::remove(log.filePath()));
+}
+
+void tst_DetectionLog::withEvidenceAnEmptyListWritesNothing()
+{
+    KestDetectorRt::saveDetectoryLog({{componentId::camera, {item(QStringLiteral("相机视频流OK\n"))}}});
+    Settings settings;
+    settings.safeguards = true;
+    KestDetectorFace::Get()->setSettings(settings);
+    QVERIFY(!KestDetectorRt::saveDetectoryLog({}));
+    KestDetectorFace::Get()->setSettings(Settings());
+    QCOMPARE(written(), QByteArray("[Camera]:\n相机视频流OK\n\n"));
+}
+
+void tst_DetectionLog::withEvidenceTheLogOfTheRunBeforeIsKept()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    KestDetectorRt::saveDetectoryLog({{componentId::camera, {item(QStringLiteral("相机视频流OK\n"))}}});
+    Settings settings;
+    settings.safeguards = true;
+    face->setSettings(settings);
+    face->run.post({});
+    QVERIFY(face->run.take(face->macAddress));
+    face->run.finish();
+    QVERIFY(!KestDetectorRt::saveDetectoryLog({{componentId::lens, {item(QStringLiteral("相机通信正常\n"))}}}));
+    face->setSettings(Settings());
+    QCOMPARE(written(), QByteArray("[Lens]:\n相机通信正常\n\n"));
+    const QDir folder(QFileInfo(path(QStringLiteral("AABBCCDDEEFF"))).path());
+    const QStringList subfolders = folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QCOMPARE(subfolders.size(), 1);
+    QVERIFY2(QRegularExpression(QStringLiteral("^\\d\\d-\\d\\d-\\d\\d$")).match(subfolders.constFirst()).hasMatch(),
+             qPrintable(subfolders.constFirst()));
+    QFile earlier(folder.filePath(subfolders.constFirst() + QStringLiteral("/DetectorLog.txt")));
+    QVERIFY(earlier.open(QIODevice::ReadOnly));
+    QCOMPARE(earlier.readAll(), QByteArray("[Camera]:\n相机视频流OK\n\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_DetectionLog)

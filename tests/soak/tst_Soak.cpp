@@ -241,7 +241,9 @@ void tst_Soak::threadsAndFilesStay()
 
 void tst_Soak::stationEndsWell()
 {
-    QVERIFY2(m_exitCode == 0 || m_exitCode == 1, m_station.debugOutput().content().right(4000).constData());
+    // Whatever the drawn faults did to the verdicts and to the files: no run was given up.
+    const QList<int> endings{0, 1, 3, 5};
+    QVERIFY2(endings.contains(m_exitCode), m_station.debugOutput().content().right(4000).constData());
     QCOMPARE(m_station.leftovers().join(QLatin1Char(' ')), QString());
     QVERIFY(m_camera.stop());
 }

@@ -1,5 +1,6 @@
 #include "detector/store/checkHelpers.h"
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/runFolder.h"
 #include "support/MessageSpy.h"
 
 #include <ctime>

@@ -22,6 +22,7 @@ private slots:
     void slowLoopIsNamedAndStillJoined();
     void furtherStopsDoNothing();
     void destructionStops();
+    void beginAndEndAreTold();
 };
 
 void tst_WorkerThread::loopRunsOnAnotherThreadUntilStopped()
@@ -138,6 +139,15 @@ void tst_WorkerThread::destructionStops()
     auto sleeper = std::make_unique<Sleeper>(1h);
     QTRY_COMPARE(sleeper->pauses.load(), 1);
     sleeper.reset(); // std::terminate() if it does not join
+}
+
+void tst_WorkerThread::beginAndEndAreTold()
+{
+    QTest::ignoreMessage(QtDebugMsg, "The sleeping thread begins");
+    QTest::ignoreMessage(QtDebugMsg, "The sleeping thread has ended");
+    Sleeper sleeper(1h);
+    QTRY_COMPARE(sleeper.pauses.load(), 1);
+    sleeper.worker.stop();
 }
 
 QTEST_GUILESS_MAIN(tst_WorkerThread)

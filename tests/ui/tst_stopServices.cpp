@@ -4,6 +4,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "ftp/FtpDownLoad.h"
 #include "ftp/FtpDownLoadFace.h"
+#include "support/MessageSpy.h"
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 #include "ui/window/KestDetectorUI.h"
@@ -61,7 +62,11 @@ void tst_stopServices::closingEndsEveryWait()
         std::this_thread::yield();
     }
 
+    const MessageSpy spy;
     QVERIFY(window.close());
+    QCOMPARE(spy.containing(QStringLiteral("thread has ended")),
+             QStringList(
+                 {"The receive thread has ended", "The supervisor thread has ended", "The runner thread has ended"}));
     shellCaller.join(); // hangs here if a wait does not give up
     fileCaller.join();
     pingCaller.join();

@@ -1,28 +1,34 @@
 #include "app/station/CommandLine.h"
 
+#include "detector/store/componentId.h"
+#include "detector/store/programVersion.h"
+#include "record/itemKeys.h"
+
 #include <array>
 #include <limits>
 #include <QCommandLineParser>
 
 namespace {
-struct ComponentName
+struct ComponentBox
 {
-    const char *name;
+    int component;
     const char *box;
 };
 
-constexpr std::array componentNames = {
-    ComponentName{"camera", "cbCamera"},   ComponentName{"gimbal", "cbGimbal"}, ComponentName{"battery", "cbBattery"},
-    ComponentName{"tfcard", "cbTFCard"},   ComponentName{"lens", "cbLens"},     ComponentName{"fan", "cbFan"},
-    ComponentName{"button", "cbKeyBoard"}, ComponentName{"audio", "cbVoice"},   ComponentName{"pcba", "cbPCBA"},
-    ComponentName{"log", "cbLoadLog"},
+/// In the order in which a run tests them.
+constexpr std::array componentBoxes = {
+    ComponentBox{componentId::camera, "cbCamera"},     ComponentBox{componentId::gimbal, "cbGimbal"},
+    ComponentBox{componentId::battery, "cbBattery"},   ComponentBox{componentId::tfCard, "cbTFCard"},
+    ComponentBox{componentId::lens, "cbLens"},         ComponentBox{componentId::fan, "cbFan"},
+    ComponentBox{componentId::keyBoard, "cbKeyBoard"}, ComponentBox{componentId::voice, "cbVoice"},
+    ComponentBox{componentId::pcba, "cbPCBA"},         ComponentBox{componentId::log, "cbLoadLog"},
 };
 
 QString knownNames()
 {
     QStringList names;
-    for (const ComponentName &component : componentNames) {
-        names.append(QLatin1String(component.name));
+    for (const ComponentBox &entry : componentBoxes) {
+        names.append(componentKey(entry.component));
     }
     return names.join(QStringLiteral(", "));
 }
@@ -34,10 +40,10 @@ QString readComponents(const QString &list, QStringList *boxes)
     const QStringList names = list.split(QLatin1Char(','));
     for (const QString &name : names) {
         bool known = false;
-        for (const ComponentName &component : componentNames) {
-            if (name == all || name == QLatin1String(component.name)) {
+        for (const ComponentBox &entry : componentBoxes) {
+            if (name == all || name == componentKey(entry.component)) {
                 known = true;
-                boxes->append(QLatin1String(component.box));
+                boxes->append(QLatin1String(entry.box));
             }
         }
         if (!known) {
@@ -88,16 +94,19 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     const QCommandLineOption closeAfterOption(
         QStringLiteral("close-after"),
         QStringLiteral("Close the window after this time, whatever goes on, as a hand "
-                       "would; the exit code is then 0."),
+                       "would; the exit code is then 4."),
         QStringLiteral("milliseconds"));
     const QCommandLineOption helpOption({QStringLiteral("help"), QStringLiteral("h")},
                                         QStringLiteral("Show this text."));
+    const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the program's version."));
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Self-test station for WiFi gimbal cameras. Without options it opens its window.\n"
-                       "Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, 3 no camera in time."));
-    parser.addOptions(
-        {runOption, savePathOption, timeoutOption, screenshotOption, repeatOption, closeAfterOption, helpOption});
+    parser.setApplicationDescription(QStringLiteral(
+        "Self-test station for WiFi gimbal cameras. Without options it opens its window.\n"
+        "Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed settings or a second "
+        "station, 3 no camera in time or lost or changed during a run, 4 closed before the end, 5 not "
+        "everything was saved."));
+    parser.addOptions({runOption, savePathOption, timeoutOption, screenshotOption, repeatOption, closeAfterOption,
+                       helpOption, versionOption});
 
     CommandLine line;
     const auto wrong = [&line](const QString &message) {
@@ -111,6 +120,11 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     if (parser.isSet(helpOption)) {
         line.mode = Mode::Help;
         line.message = parser.helpText();
+        return line;
+    }
+    if (parser.isSet(versionOption)) {
+        line.mode = Mode::Help;
+        line.message = QStringLiteral("KestDetector %1").arg(QLatin1String(programVersion()));
         return line;
     }
     if (!parser.positionalArguments().isEmpty()) {

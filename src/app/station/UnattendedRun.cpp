@@ -1,38 +1,23 @@
 #include "app/station/UnattendedRun.h"
 
+#include "detector/run/components.h"
 #include "detector/run/KestDetectorRt.h"
+#include "detector/run/logBlock.h"
 #include "detector/store/checkHelpers.h"
-#include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/verdict.h"
 #include "ui/window/KestDetectorUI.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QPixmap>
 #include <QTextStream>
 
 namespace {
-struct Result
-{
-    int component;
-    void (KestDetectorFace::*signal)(int verdict);
-};
-
-constexpr std::array results = {
-    Result{componentId::camera, &KestDetectorFace::signal_showCameraCheckResult},
-    Result{componentId::gimbal, &KestDetectorFace::signal_showGimbalCheckResult},
-    Result{componentId::battery, &KestDetectorFace::signal_showBatteryCheckResult},
-    Result{componentId::fan, &KestDetectorFace::signal_showFanCheckResult},
-    Result{componentId::keyBoard, &KestDetectorFace::signal_showKeyBoardCheckResult},
-    Result{componentId::lens, &KestDetectorFace::signal_showLensCheckResult},
-    Result{componentId::tfCard, &KestDetectorFace::signal_showTFCardCheckResult},
-    Result{componentId::voice, &KestDetectorFace::signal_showVoiceCheckResult},
-    Result{componentId::pcba, &KestDetectorFace::signal_showPcbaCheckResult},
-};
-
 constexpr int savedPollMs = 10;
 
 QString verdictText(int outcome)
@@ -56,13 +41,19 @@ void print(std::FILE *file, const QString &text)
     out << text << Qt::flush;
 }
 
-QString logBlock(const checkLog &log)
+int malformed(const QList<SettingProblem> &problems)
 {
-    QString text = QLatin1Char('[') + getComponent(log.component) + QStringLiteral("]:\n");
-    for (const CheckItemLog &item : log.itemLogs) {
-        text += item.message + item.detail;
-    }
-    return text + QLatin1Char('\n');
+    return static_cast<int>(std::count_if(problems.begin(), problems.end(), [](const SettingProblem &problem) {
+        return problem.kind == SettingProblem::Kind::Malformed;
+    }));
+}
+
+/// How much a run's exit code weighs among those of several runs.
+int weight(UnattendedRun::ExitCode code)
+{
+    constexpr std::array lightestFirst = {UnattendedRun::Passed, UnattendedRun::Failed, UnattendedRun::NotSaved,
+                                          UnattendedRun::NoCamera, UnattendedRun::Stopped};
+    return static_cast<int>(std::find(lightestFirst.begin(), lightestFirst.end(), code) - lightestFirst.begin());
 }
 } // namespace
 
@@ -77,18 +68,31 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line) : 
         m_mac = mac;
         startWhenReady();
     });
-    for (const Result &result : results) {
-        connect(face, result.signal, this,
-                [this, component = result.component](int outcome) { noteVerdict(component, outcome); });
+    connect(face, &KestDetectorFace::signal_setButtonEnable, this, [this](bool enabled) {
+        if (enabled && m_startDue) {
+            startRun();
+        }
+    });
+    for (const RunComponent &component : runComponents()) {
+        if (component.showResult != nullptr) {
+            connect(face, component.showResult, this,
+                    [this, id = component.id](int outcome) { noteVerdict(id, outcome); });
+        }
     }
     connect(face, &KestDetectorFace::signal_showCheckLog, this,
             [this](const checkLog &log) { m_log += logBlock(log); });
     connect(face, &KestDetectorFace::signal_showCheckResult, this, &UnattendedRun::runEnded);
 
+    const QList<Notice> sofar = face->notices.current();
+    for (const Notice &notice : sofar) {
+        print(notice);
+    }
+    connect(&face->notices, &Notices::told, this, &UnattendedRun::print);
+
     connect(&m_connectTimer, &QTimer::timeout, this, [this] {
         const QString reason = m_connected ? QStringLiteral("The camera is connected, but its MAC address is unknown")
                                            : QStringLiteral("No camera found");
-        print(stderr, QStringLiteral("%1 after %2 s\n").arg(reason, QString::number(m_line.connectTimeoutSeconds)));
+        ::print(stderr, QStringLiteral("%1 after %2 s\n").arg(reason, QString::number(m_line.connectTimeoutSeconds)));
         leave(NoCamera);
     });
     m_connectTimer.setSingleShot(true);
@@ -99,9 +103,32 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line) : 
     if (m_line.closeAfterMs >= 0) {
         QTimer::singleShot(m_line.closeAfterMs, Qt::PreciseTimer, this, [this] {
             qInfo("Closing the window");
-            leave(Passed);
+            leave(Stopped);
         });
     }
+}
+
+int UnattendedRun::exitCode() const
+{
+    const Settings &settings = KestDetectorFace::Get()->settings();
+    // An address that was malformed at the start has been mended if a camera was found.
+    const int mended = m_started ? malformed(settings.addressProblems()) : 0;
+    // A verdict by a file that nobody meant so is none; but who stops a run has not waited for one.
+    return m_exitCode != Stopped && malformed(settings.problems) > mended ? NotSound : m_exitCode;
+}
+
+UnattendedRun::ExitCode UnattendedRun::exitCodeOf(const RunOutcome &outcome)
+{
+    if (!outcome.complete) {
+        return Stopped;
+    }
+    if (outcome.end.camera != RunEnd::Camera::Kept) {
+        return NoCamera;
+    }
+    if (!outcome.end.unsaved.isEmpty()) {
+        return NotSaved;
+    }
+    return outcome.passed && outcome.tested && outcome.unanswered == 0 ? Passed : Failed;
 }
 
 void UnattendedRun::startWhenReady()
@@ -122,9 +149,23 @@ void UnattendedRun::startWhenReady()
 
 void UnattendedRun::startRun()
 {
+    auto *button = m_window->findChild<QAbstractButton *>(QStringLiteral("tbStart"));
+    // The signal that enables it may still be under way from the run before, and a click would go nowhere.
+    m_startDue = !button->isEnabled();
+    if (m_startDue) {
+        return;
+    }
     m_verdicts.clear();
     m_log.clear();
-    m_window->findChild<QAbstractButton *>(QStringLiteral("tbStart"))->click();
+    button->click();
+}
+
+void UnattendedRun::print(const Notice &notice)
+{
+    ::print(stderr, notice.text + QLatin1Char('\n'));
+    if (notice.kind == Notice::Kind::NotStarted) {
+        leave(KestDetectorFace::Get()->settings().problems.isEmpty() ? NoCamera : NotSound);
+    }
 }
 
 void UnattendedRun::noteVerdict(int component, int outcome)
@@ -135,7 +176,6 @@ void UnattendedRun::noteVerdict(int component, int outcome)
 void UnattendedRun::runEnded(bool passed)
 {
     m_runPassed = passed;
-    m_allPassed = m_allPassed && passed;
     ++m_runs;
     m_savedTimer.start();
 }
@@ -146,19 +186,23 @@ void UnattendedRun::report()
         return;
     }
     m_savedTimer.stop();
-    print(stdout, QStringLiteral("%1Result: %2\n\n%3")
-                      .arg(m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
+    QCoreApplication::sendPostedEvents(this); // the last notices, told by the runner's thread
+    const ExitCode code = exitCodeOf(KestDetectorRt::Get()->lastRun());
+    m_worst = weight(code) > weight(m_worst) ? code : m_worst;
+    ::print(stdout, QStringLiteral("%1Result: %2\n\n%3")
+                        .arg(m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
     if (m_runs < m_line.repeat) {
         startRun();
         return;
     }
     if (!m_line.screenshot.isEmpty() && !m_window->grab().save(m_line.screenshot, "PNG")) {
-        print(stderr, QStringLiteral("The screenshot could not be saved: %1\n").arg(m_line.screenshot));
+        ::print(stderr, QStringLiteral("The screenshot could not be saved: %1\n").arg(m_line.screenshot));
+        m_worst = weight(NotSaved) > weight(m_worst) ? NotSaved : m_worst;
     }
-    leave(m_allPassed ? Passed : Failed);
+    leave(m_worst);
 }
 
-void UnattendedRun::leave(int exitCode)
+void UnattendedRun::leave(ExitCode exitCode)
 {
     m_exitCode = exitCode;
     m_window->close();

@@ -2,17 +2,19 @@
 
 #include "app/station/CommandLine.h"
 #include "detector/store/checkLog.h"
+#include "detector/store/Notices.h"
 
-#include <QList>
 #include <QObject>
 #include <QString>
 #include <QTimer>
 
 class KestDetectorUI;
+struct RunOutcome;
 
 /// Drives the window as an operator would: waits for the camera and its MAC address, ticks the boxes, presses Start,
-/// waits for the end, prints the verdicts and the log to standard output, and closes the window. Lives on the GUI
-/// thread; to be made after the window and before the services, so that it misses no signal.
+/// waits for the end, prints the verdicts and the log to standard output, and closes the window. What the operator is
+/// told in plain words goes to standard error. Lives on the GUI thread; to be made after the window and before the
+/// services, so that it misses no signal.
 class UnattendedRun : public QObject
 {
     Q_OBJECT
@@ -20,24 +22,30 @@ class UnattendedRun : public QObject
 
 public:
     enum ExitCode {
-        Passed = 0,
-        Failed = 1, ///< also when the window was closed before the last run had ended
-        WrongUsage = 2,
-        NoCamera = 3,
+        Passed = 0, ///< something was tested, every request was answered, everything was saved
+        Failed = 1,
+        NotSound = 2, ///< the command line or option.ini is malformed, or there is a station already
+        NoCamera = 3, ///< not in time, or lost or changed during a run
+        Stopped = 4,  ///< the window was closed before the last run had ended
+        NotSaved = 5, ///< the verdict stands, but something could not be saved
     };
 
     UnattendedRun(KestDetectorUI *window, const CommandLine &line);
 
     /// The process's exit code, once the window is closed.
-    int exitCode() const { return m_exitCode; }
+    int exitCode() const;
+
+    /// What one run alone gives as exit code.
+    static ExitCode exitCodeOf(const RunOutcome &outcome);
 
 private:
     void startWhenReady();
     void startRun();
+    void print(const Notice &notice);
     void noteVerdict(int component, int verdict);
     void runEnded(bool passed);
     void report();
-    void leave(int exitCode);
+    void leave(ExitCode exitCode);
 
     KestDetectorUI *m_window;
     const CommandLine m_line;
@@ -46,10 +54,11 @@ private:
     bool m_connected = false;
     QString m_mac;
     bool m_started = false;
+    bool m_startDue = false; ///< the button was not enabled yet
     int m_runs = 0;
     bool m_runPassed = false;
-    bool m_allPassed = true;
     QString m_verdicts; ///< the lines to print of the run under way
     QString m_log;
-    int m_exitCode = Failed;
+    ExitCode m_worst = Passed; ///< of the runs that have ended
+    ExitCode m_exitCode = Stopped;
 };

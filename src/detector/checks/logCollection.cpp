@@ -7,6 +7,7 @@
 #include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/PartFile.h"
+#include "detector/store/runFolder.h"
 #include "detector/store/verdict.h"
 #include "ftp/FtpDownLoadFace.h"
 #include "telnet/session/shellStep.h"
@@ -75,15 +76,26 @@ constexpr TextLog version = {"cat %1\n", &Settings::versionPath, shellStep::vers
 constexpr TextLog iwDevAp0Scan = {"iw dev ap0 scan\n", nullptr, shellStep::iwDevAp0Scan, "iw_dev_ap0_scan.txt"};
 constexpr TextLog mciInfo = {"cat %1\n", &Settings::mciInfoPath, shellStep::mciInfo, "mci_info.txt"};
 
-/// The file's path in the folder of the day, which exists afterwards if it can be created.
-QString localPath(const QString &date, const QString &fileName)
+/// A file of the run that is not there, or not as it should be. Nothing is failed by it.
+void noteUnsaved(const QString &path, const QString &reason)
 {
-    const QString folder = logFolder(date);
-    if (!path_create(folder)) {
-        qWarning() << "cannot create the folder" << folder;
-    }
-    return folder + QLatin1Char('/') + fileName;
+    qWarning().noquote() << "cannot write" << path << reason;
+    KestDetectorFace::Get()->run.noteUnsaved({path, reason});
 }
+
+/// A place for a file in the folder of the run, which exists afterwards if it can be created.
+struct LocalFile
+{
+    LocalFile(const QString &date, const QString &fileName)
+    {
+        const QString folder = logFolder(date);
+        problem = openLogFolder(folder);
+        path = folder + QLatin1Char('/') + fileName;
+    }
+
+    QString path;
+    QString problem; ///< why the folder is not there; empty: it is
+};
 
 QString downloadArchive(const Archive &archive, int *verdict, const QString &date)
 {
@@ -100,34 +112,38 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
         return {}; // the download would be given up at once, and an earlier archive be lost for it
     }
     const QString url = QStringLiteral("ftp://%1/%2").arg(face->cameraAddress.get(), name);
-    const QString path = localPath(date, name);
+    const LocalFile local(date, name);
     // Of an archive that was not packed in time, all that can come is a part.
-    const bool part = *verdict != 0 && face->safeguards().keepsEvidence();
-    FtpDownLoadFace::Get()->ftpDownLoad(url, part ? PartFile(path, true).writtenTo() : path);
+    const bool packed = *verdict == 0;
+    const bool part = !packed && face->safeguards().keepsEvidence();
+    const int fetched =
+        FtpDownLoadFace::Get()->ftpDownLoad(url, part ? PartFile(local.path, true).writtenTo() : local.path);
+    if ((!packed || fetched != 0) && !face->stopRequested()) {
+        noteUnsaved(local.path,
+                    local.problem.isEmpty() ? QObject::tr("the camera's archive could not be fetched") : local.problem);
+    }
     *verdict = shell->telnet(QStringLiteral("rm -rf %1/%2\n").arg(settings.zipLogTargetPath, name), archive.removeStep,
                              &reply);
     return {};
 }
 
-void writeText(const PartFile &place, const QString &text, bool complete)
+/// Why the text is not in the file under its name; empty: it is.
+QString writeText(const PartFile &place, const QString &text, bool complete)
 {
     QFile file(place.writtenTo());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        qWarning() << "cannot create" << file.fileName() << file.errorString();
-        return;
+        return file.errorString();
     }
     QTextStream stream(&file);
     stream.setCodec("UTF-8");
     stream << text;
     stream.flush();
+    // Asked before the file is closed, which forgets the reason.
+    if (!file.flush() || file.error() != QFileDevice::NoError) {
+        return file.errorString();
+    }
     file.close();
-    if (file.error() != QFileDevice::NoError) {
-        qWarning() << "cannot write" << file.fileName() << file.errorString();
-        return;
-    }
-    if (const QString reason = complete ? place.takeName() : QString(); !reason.isEmpty()) {
-        qWarning() << "cannot rename" << file.fileName() << reason;
-    }
+    return complete ? place.takeName() : QString();
 }
 
 QString downloadText(const TextLog &log, int *verdict, const QString &date)
@@ -142,8 +158,17 @@ QString downloadText(const TextLog &log, int *verdict, const QString &date)
     if (*verdict != 0 && face->stopRequested()) {
         return {}; // given up: nothing to replace an earlier file with
     }
-    const PartFile place(localPath(date, QLatin1String(log.fileName)), face->safeguards().keepsEvidence());
-    writeText(place, reply, *verdict == 0);
+    const LocalFile local(date, QLatin1String(log.fileName));
+    const PartFile place(local.path, face->safeguards().keepsEvidence());
+    QString problem = writeText(place, reply, *verdict == 0);
+    if (!local.problem.isEmpty()) {
+        problem = local.problem;
+    } else if (problem.isEmpty() && *verdict != 0) {
+        problem = QObject::tr("the camera's shell did not answer");
+    }
+    if (!problem.isEmpty()) {
+        noteUnsaved(local.path, problem);
+    }
     return {};
 }
 } // namespace

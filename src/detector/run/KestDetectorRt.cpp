@@ -1,144 +1,185 @@
 #include "detector/run/KestDetectorRt.h"
 
-#include "detector/checks/batteryChecks.h"
-#include "detector/checks/cameraChecks.h"
-#include "detector/checks/gimbalChecks.h"
-#include "detector/checks/lensChecks.h"
-#include "detector/checks/logCollection.h"
-#include "detector/checks/pcbaChecks.h"
-#include "detector/checks/placeholderChecks.h"
-#include "detector/checks/tfCardChecks.h"
+#include "detector/run/logBlock.h"
 #include "detector/store/checkHelpers.h"
-#include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/requestTally.h"
+#include "detector/store/runFolder.h"
+#include "detector/store/Safeguards.h"
 #include "detector/store/verdict.h"
 
 #include <algorithm>
-#include <array>
-#include <chrono>
 #include <QDate>
 #include <QDebug>
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTextStream>
 
 namespace {
-using std::chrono::milliseconds;
+constexpr std::chrono::milliseconds exitLimit(1000);
 
-constexpr milliseconds requestPoll(50);
-constexpr milliseconds taskPause(100);
-constexpr milliseconds exitLimit(1000);
-
-struct Component
+QString today()
 {
-    int id;
-    QString (*routine)(int *verdict, const QList<int> &items);
-    void (KestDetectorFace::*showResult)(int verdict); ///< null: the verdict is neither shown nor counted
-};
-
-constexpr std::array components = {
-    Component{componentId::camera, checkCamera, &KestDetectorFace::signal_showCameraCheckResult},
-    Component{componentId::gimbal, checkGimbal, &KestDetectorFace::signal_showGimbalCheckResult},
-    Component{componentId::battery, checkBattery, &KestDetectorFace::signal_showBatteryCheckResult},
-    Component{componentId::fan, checkFan, &KestDetectorFace::signal_showFanCheckResult},
-    Component{componentId::keyBoard, checkKeyBoard, &KestDetectorFace::signal_showKeyBoardCheckResult},
-    Component{componentId::lens, checkLens, &KestDetectorFace::signal_showLensCheckResult},
-    Component{componentId::tfCard, checkTFCard, &KestDetectorFace::signal_showTFCardCheckResult},
-    Component{componentId::voice, checkVoice, &KestDetectorFace::signal_showVoiceCheckResult},
-    Component{componentId::pcba, checkPcba, &KestDetectorFace::signal_showPcbaCheckResult},
-    Component{componentId::log, downLoadLogs, nullptr},
-};
-
-bool passes(int outcome)
-{
-    return (outcome | verdict::warning) == verdict::warning;
+    return QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
 }
 
-/// Runs one task; false when its component's verdict fails the run.
-bool runTask(const ComponentTask &task)
-{
-    KestDetectorFace *face = KestDetectorFace::Get();
-    const auto *component = std::find_if(components.begin(), components.end(),
-                                         [&](const Component &entry) { return entry.id == task.component; });
-    if (component == components.end()) {
-        return false;
-    }
-    emit face->signal_showCurrentComponent(getComponent(task.component));
-    int outcome = verdict::none;
-    component->routine(&outcome, task.items);
-    if (component->showResult == nullptr) {
-        return true;
-    }
-    emit(face->*component->showResult)(outcome);
-    return passes(outcome);
-}
 } // namespace
 
 std::shared_ptr<KestDetectorRt> KestDetectorRt::Get()
 {
-    static const std::shared_ptr<KestDetectorRt> ptr(new KestDetectorRt);
+    static const auto ptr = std::make_shared<KestDetectorRt>();
     return ptr;
 }
 
-KestDetectorRt::KestDetectorRt() : workerThread("runner", exitLimit, [this] { func(); }) {}
+KestDetectorRt::KestDetectorRt(const std::vector<RunComponent> &components)
+    : m_components(components), workerThread("runner", exitLimit, [this] { func(); })
+{
+}
 
 void KestDetectorRt::killThread()
 {
     workerThread.stop();
 }
 
+/// The program asks for the stop first and joins other threads before this one: a component that began meanwhile could
+/// only leave an empty record.
+bool KestDetectorRt::stopping() const
+{
+    return !workerThread.running() || KestDetectorFace::Get()->stopRequested();
+}
+
 void KestDetectorRt::func()
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     while (workerThread.running()) {
-        if (const auto plan = face->run.take(face->macAddress)) {
-            run(*plan);
+        if (!face->stopRequested()) {
+            if (const auto plan = face->run.take(face->macAddress)) {
+                run(*plan);
+            }
         }
         workerThread.pause(requestPoll);
     }
+}
+
+/// A shell that was there on this link will be back, and without it a healthy camera looks broken. One that has never
+/// been there is not waited for.
+void KestDetectorRt::waitForShell()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    QElapsedTimer clock;
+    clock.start();
+    while (face->shellState == ShellState::Regaining && !clock.hasExpired(shellPatience.count()) && !stopping()) {
+        face->notices.tell(Notices::waitingForShell());
+        workerThread.pause(requestPoll);
+    }
+    face->notices.withdraw(Notice::Kind::Waiting);
 }
 
 void KestDetectorRt::run(const QList<ComponentTask> &plan)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     emit face->signal_setButtonEnable(false);
-    bool passed = true;
+    face->notices.withdrawRun();
+    waitForShell();
+
+    RunOutcome outcome;
     int done = 0;
     for (const ComponentTask &task : plan) {
-        if (!workerThread.running()) {
+        if (stopping()) {
             break;
         }
-        passed = runTask(task) && passed;
+        runTask(task, &outcome);
         workerThread.pause(taskPause);
         ++done;
-        emit face->signal_showTotalPersent(static_cast<int>(static_cast<float>(done * 100.0 / plan.size())));
+        emit face->signal_showTotalPersent(done * 100 / plan.size());
     }
-    const RunEnd end = face->run.finish();
-    emit face->signal_showCheckResult(passed);
+    outcome.complete = done == plan.size() && !stopping();
+    outcome.end = face->run.finish();
+    outcome.passed = face->safeguards().runPassed(outcome.passed, outcome.tested, outcome.end.camera);
+    emit face->signal_showCheckResult(outcome.passed);
     emit face->signal_setButtonEnable(true);
-    saveDetectoryLog(end.logs);
+
+    if (const auto unsaved = saveDetectoryLog(outcome.end.logs)) {
+        outcome.end.unsaved.append(*unsaved);
+    }
+    tell(outcome);
+    m_lastRun = outcome;
     ++m_finishedRuns;
 }
 
-void KestDetectorRt::saveDetectoryLog(const QList<checkLog> &logs)
+void KestDetectorRt::runTask(const ComponentTask &task, RunOutcome *outcome) const
 {
-    const QString folder = logFolder(QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd")));
-    path_create(folder);
+    KestDetectorFace *face = KestDetectorFace::Get();
+    const auto component = std::find_if(m_components.begin(), m_components.end(),
+                                        [&](const RunComponent &entry) { return entry.id == task.component; });
+    if (component == m_components.end()) {
+        outcome->passed = false;
+        return;
+    }
+    emit face->signal_showCurrentComponent(getComponent(task.component));
+    int verdict = verdict::none;
+    const RequestTally before = requestTally();
+    component->routine(&verdict, task.items);
+    const RequestTally requests = requestTally() - before;
+    outcome->tested = outcome->tested || Safeguards::countsAsTested(task.component);
+    outcome->resent += requests.resent;
+    if (component->showResult == nullptr) {
+        return;
+    }
+    const Safeguards safeguards = face->safeguards();
+    const int shown = safeguards.componentVerdict(task.component, verdict, requests.unanswered);
+    outcome->unanswered += requests.unanswered;
+    outcome->passed = outcome->passed && !safeguards.failsRun(task.component, shown);
+    emit(face->*component->showResult)(shown);
+}
+
+void KestDetectorRt::tell(const RunOutcome &outcome)
+{
+    Notices &notices = KestDetectorFace::Get()->notices;
+    if (!outcome.tested) {
+        notices.tell(Notices::nothingTested());
+    }
+    if (outcome.end.camera == RunEnd::Camera::Changed) {
+        notices.tell(Notices::cameraChanged());
+    } else if (outcome.end.camera == RunEnd::Camera::Lost) {
+        notices.tell(Notices::cameraLost());
+    }
+    for (const UnsavedFile &file : outcome.end.unsaved) {
+        notices.tell(Notices::notSaved(file.path, file.reason));
+    }
+    if (outcome.resent > 0) {
+        notices.tell(Notices::attempts(outcome.resent));
+    }
+    const QString folder = logFolder(today());
+    if (QDir(folder).exists()) {
+        notices.tell(Notices::results(folder));
+    }
+}
+
+std::optional<UnsavedFile> KestDetectorRt::saveDetectoryLog(const QList<checkLog> &logs)
+{
+    const Safeguards safeguards = KestDetectorFace::Get()->safeguards();
+    if (logs.isEmpty() && safeguards.keepsEvidence()) {
+        return std::nullopt;
+    }
+    const QString folder = logFolder(today());
+    const QString folderProblem = openLogFolder(folder);
     QFile file(folder + QStringLiteral("/DetectorLog.txt"));
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        qWarning().noquote() << "Detection log not written:" << file.fileName() << file.errorString();
-        return;
+        const QString reason = folderProblem.isEmpty() ? file.errorString() : folderProblem;
+        qWarning().noquote() << "Detection log not written:" << file.fileName() << reason;
+        return UnsavedFile{file.fileName(), reason};
     }
     QTextStream out(&file);
     out.setCodec("UTF-8");
     for (const checkLog &log : logs) {
-        QString block = QLatin1Char('[') + getComponent(log.component) + QStringLiteral("]:\n");
-        for (const CheckItemLog &item : log.itemLogs) {
-            block += item.message + item.detail;
-        }
-        out << block << Qt::endl;
+        out << logBlock(log) << Qt::flush;
     }
     out.flush();
     if (!file.flush() || file.error() != QFile::NoError) {
         qWarning().noquote() << "Detection log not complete:" << file.fileName() << file.errorString();
+        return UnsavedFile{file.fileName(), file.errorString()};
     }
+    return std::nullopt;
 }

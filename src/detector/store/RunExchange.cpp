@@ -22,6 +22,7 @@ std::optional<QList<ComponentTask>> RunExchange::take(const QString &macAddress)
     m_run.identity = {macAddress, QDateTime::currentDateTime()};
     m_run.camera = RunEnd::Camera::Kept;
     m_run.unsaved.clear();
+    m_folderClaimed = false;
     m_knownMac = macAddress;
     return m_plan;
 }
@@ -36,6 +37,14 @@ void RunExchange::noteUnsaved(const UnsavedFile &file)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_run.unsaved.append(file);
+}
+
+bool RunExchange::claimFolder()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const bool first = !m_folderClaimed;
+    m_folderClaimed = true;
+    return first;
 }
 
 RunEnd RunExchange::finish()

@@ -56,6 +56,8 @@ public:
     std::optional<QList<ComponentTask>> take(const QString &macAddress);
     void append(const checkLog &log);
     void noteUnsaved(const UnsavedFile &file);
+    /// True once in each run: whoever gets it makes the run's folder ready.
+    bool claimFolder();
     /// The run is over, and the next may be posted. Hands out what is left of it.
     RunEnd finish();
 
@@ -76,5 +78,6 @@ private:
     bool m_active = false;
     QList<ComponentTask> m_plan;
     RunEnd m_run;
+    bool m_folderClaimed = false;
     QString m_knownMac; ///< the run's own camera, as soon as it is known
 };

@@ -106,10 +106,3 @@ bool path_create(const QString &path)
 {
     return QDir(path).exists() || QDir().mkpath(path);
 }
-
-QString logFolder(const QString &date)
-{
-    const KestDetectorFace *face = KestDetectorFace::Get();
-    const QString mac = face->macAddress.get().remove(QLatin1Char(':'));
-    return face->savePath.get() + QStringLiteral("/log/%1_%2").arg(date, mac);
-}

@@ -21,7 +21,3 @@ int mSleep(int milliseconds);
 
 /// Creates a folder with all missing parents; true if it exists afterwards.
 bool path_create(const QString &path);
-
-/// The folder of one camera and one day: "<savePath>/log/<yyyy-MM-dd>_<MAC without colons>". The facade supplies
-/// `savePath` and `macAddress`.
-QString logFolder(const QString &date);

@@ -5,6 +5,7 @@
 #include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/Notices.h"
+#include "detector/store/programVersion.h"
 #include "detector/store/Safeguards.h"
 #include "detector/store/Settings.h"
 #include "detector/store/verdict.h"
@@ -131,7 +132,7 @@ void KestDetectorUI::initUI()
     Q_INIT_RESOURCE(icon); // the images lie in a static library, which leaves them out unless they are asked for
     nameFontSubstitutes();
     ui->setupUi(this);
-    setWindowTitle(tr("KestDetector_V%1").arg(QStringLiteral("1.0.3")));
+    setWindowTitle(tr("KestDetector_V%1").arg(QLatin1String(programVersion())));
     ui->barTotal->caption = tr("Total:");
     ui->barCurrent->caption = tr("Current:");
 
@@ -188,7 +189,11 @@ void KestDetectorUI::fitInto(const QSize &room)
 
 void KestDetectorUI::initVal()
 {
-    KestDetectorFace::Get()->setSettings(readSettings(settingsPath()));
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->setSettings(readSettings(settingsPath()));
+    for (const SettingProblem &problem : face->settings().problems) {
+        face->notices.tell(Notices::settings(problem.text()));
+    }
 }
 
 void KestDetectorUI::applySafeguards()

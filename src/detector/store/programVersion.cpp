@@ -1,0 +1,6 @@
+#include "detector/store/programVersion.h"
+
+const char *programVersion()
+{
+    return KEST_VERSION;
+}

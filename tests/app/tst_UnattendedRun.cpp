@@ -1,0 +1,246 @@
+#include "app/station/UnattendedRun.h"
+#include "detector/run/KestDetectorRt.h"
+#include "detector/store/KestDetectorFace.h"
+#include "ui/window/KestDetectorUI.h"
+
+#include <QAbstractButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using Face = KestDetectorFace;
+using Code = UnattendedRun::ExitCode;
+using Camera = RunEnd::Camera;
+Q_DECLARE_METATYPE(Code)
+Q_DECLARE_METATYPE(RunOutcome)
+Q_DECLARE_METATYPE(Settings)
+
+/// The unattended run with the real window and runner, and without a camera: only the fan is run, which asks for none.
+class tst_UnattendedRun : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void exitCodeOfOneRun_data();
+    void exitCodeOfOneRun();
+    void closedBeforeTheEnd();
+    void closedByTheClock();
+    void noCameraInTime();
+    void settingsCount_data();
+    void settingsCount();
+    void startThatIsRefusedEndsTheRun_data();
+    void startThatIsRefusedEndsTheRun();
+    void repeatWaitsForTheButton();
+    void unsavedLogIsFive();
+
+private:
+    static CommandLine line(int repeat = 1);
+    static void cameraComes();
+
+    QTemporaryDir m_folder;
+};
+
+CommandLine tst_UnattendedRun::line(int repeat)
+{
+    CommandLine line;
+    line.mode = CommandLine::Mode::Unattended;
+    line.boxes = QStringList{QStringLiteral("cbFan")};
+    line.repeat = repeat;
+    line.connectTimeoutSeconds = 60;
+    return line;
+}
+
+void tst_UnattendedRun::cameraComes()
+{
+    emit Face::Get()->signal_setConnectStatus(true);
+    emit Face::Get()->signal_setMacAddress(QStringLiteral("AA:BB:CC:DD:EE:FF"));
+}
+
+void tst_UnattendedRun::initTestCase()
+{
+    qRegisterMetaType<QList<checkLog>>("QList<checkLog>");
+    qRegisterMetaType<checkLog>("checkLog");
+    KestDetectorRt::Get();
+}
+
+void tst_UnattendedRun::init()
+{
+    Face::Get()->savePath = m_folder.path();
+    Face::Get()->quitFlag = 0;
+}
+
+void tst_UnattendedRun::exitCodeOfOneRun_data()
+{
+    QTest::addColumn<RunOutcome>("outcome");
+    QTest::addColumn<Code>("code");
+
+    RunOutcome good;
+    good.tested = true;
+    const auto row = [&good](const char *name, Code code, auto change) {
+        RunOutcome outcome = good;
+        change(outcome);
+        QTest::newRow(name) << outcome << code;
+    };
+    row("all well", Code::Passed, [](RunOutcome &) {});
+    row("failed", Code::Failed, [](RunOutcome &o) { o.passed = false; });
+    row("nothing tested", Code::Failed, [](RunOutcome &o) { o.tested = false; });
+    row("passed, a request unanswered", Code::Failed, [](RunOutcome &o) { o.unanswered = 1; });
+    row("camera lost", Code::NoCamera, [](RunOutcome &o) { o.end.camera = Camera::Lost; });
+    row("camera changed", Code::NoCamera, [](RunOutcome &o) { o.end.camera = Camera::Changed; });
+    row("not saved", Code::NotSaved, [](RunOutcome &o) { o.end.unsaved.append(UnsavedFile()); });
+    row("failed and not saved", Code::NotSaved, [](RunOutcome &o) {
+        o.passed = false;
+        o.end.unsaved.append(UnsavedFile());
+    });
+    row("lost and not saved", Code::NoCamera, [](RunOutcome &o) {
+        o.end.camera = Camera::Lost;
+        o.end.unsaved.append(UnsavedFile());
+    });
+    row("stopped", Code::Stopped, [](RunOutcome &o) {
+        o.complete = false;
+        o.end.camera = Camera::Lost;
+    });
+}
+
+void tst_UnattendedRun::exitCodeOfOneRun()
+{
+    QFETCH(const RunOutcome, outcome);
+    QFETCH(const Code, code);
+    QVERIFY(UnattendedRun::exitCodeOf(outcome) == code);
+}
+
+void tst_UnattendedRun::closedBeforeTheEnd()
+{
+    KestDetectorUI window;
+    window.show();
+    const UnattendedRun run(&window, line());
+    QVERIFY(window.close());
+    QCOMPARE(run.exitCode(), 4);
+}
+
+void tst_UnattendedRun::closedByTheClock()
+{
+    KestDetectorUI window;
+    window.show();
+    CommandLine closing = line();
+    closing.closeAfterMs = 1;
+    const UnattendedRun run(&window, closing);
+    QTest::ignoreMessage(QtInfoMsg, "Closing the window");
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(run.exitCode(), 4);
+}
+
+void tst_UnattendedRun::noCameraInTime()
+{
+    KestDetectorUI window;
+    window.show();
+    CommandLine hasty = line();
+    hasty.connectTimeoutSeconds = 1;
+    const UnattendedRun run(&window, hasty);
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(run.exitCode(), 3);
+}
+
+void tst_UnattendedRun::settingsCount_data()
+{
+    QTest::addColumn<Settings>("settings");
+    QTest::addColumn<bool>("toTheEnd");
+    QTest::addColumn<int>("code");
+
+    Settings missing;
+    missing.problems = {{SettingProblem::Kind::Missing, {}, {}, {}}};
+    Settings malformed;
+    malformed.problems = {{SettingProblem::Kind::Missing, {}, {}, {}}, {SettingProblem::Kind::Malformed, {}, {}, {}}};
+    QTest::newRow("sound") << Settings() << true << 1; // nothing is tested
+    QTest::newRow("a key is missing") << missing << true << 1;
+    QTest::newRow("a value is malformed") << malformed << true << 2;
+    QTest::newRow("a value is malformed, closed before the end") << malformed << false << 4;
+}
+
+void tst_UnattendedRun::settingsCount()
+{
+    QFETCH(const Settings, settings);
+    QFETCH(const bool, toTheEnd);
+    KestDetectorUI window;
+    window.show();
+    Face::Get()->setSettings(settings);
+    const UnattendedRun run(&window, line());
+    if (toTheEnd) {
+        cameraComes();
+        QTRY_VERIFY(!window.isVisible());
+    } else {
+        window.close();
+    }
+    QTEST(run.exitCode(), "code");
+}
+
+void tst_UnattendedRun::startThatIsRefusedEndsTheRun_data()
+{
+    QTest::addColumn<Settings>("settings");
+    QTest::addColumn<int>("code");
+    Settings missing;
+    missing.problems = {{SettingProblem::Kind::Missing, {}, {}, {}}};
+    QTest::newRow("for want of a camera") << Settings() << 3;
+    QTest::newRow("for want of a setting") << missing << 2;
+}
+
+void tst_UnattendedRun::startThatIsRefusedEndsTheRun()
+{
+    QFETCH(const Settings, settings);
+    KestDetectorUI window;
+    window.show();
+    Face::Get()->setSettings(settings);
+    const UnattendedRun run(&window, line());
+    Face::Get()->notices.tell(Notices::notStarted({QStringLiteral("something")}));
+    QVERIFY(!window.isVisible());
+    QTEST(run.exitCode(), "code");
+    Face::Get()->notices.withdrawRun();
+}
+
+void tst_UnattendedRun::repeatWaitsForTheButton()
+{
+    KestDetectorUI window;
+    window.show();
+    const UnattendedRun run(&window, line(2));
+    auto *start = window.findChild<QAbstractButton *>(QStringLiteral("tbStart"));
+    const int before = KestDetectorRt::Get()->finishedRuns();
+    bool held = false;
+    QObject hold;
+    connect(Face::Get(), &Face::signal_setButtonEnable, &hold, [&](bool enabled) {
+        if (enabled && !held) {
+            held = true;
+            start->setEnabled(false);
+            QTimer::singleShot(300, &hold, [] { emit Face::Get()->signal_setButtonEnable(true); });
+        }
+    });
+    cameraComes();
+    QTRY_VERIFY_WITH_TIMEOUT(!window.isVisible(), 10000);
+    QCOMPARE(KestDetectorRt::Get()->finishedRuns(), before + 2);
+    QVERIFY(held);
+}
+
+void tst_UnattendedRun::unsavedLogIsFive()
+{
+    QFile blocker(m_folder.filePath(QStringLiteral("blocked")));
+    QVERIFY(blocker.open(QIODevice::WriteOnly));
+    KestDetectorUI window;
+    window.show();
+    CommandLine blocked = line();
+    blocked.savePath = blocker.fileName();
+    const UnattendedRun run(&window, blocked);
+    cameraComes();
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(run.exitCode(), 5);
+    const QList<Notice> notices = Face::Get()->notices.current();
+    const auto isUnsaved = [](const Notice &notice) { return notice.kind == Notice::Kind::NotSaved; };
+    const auto unsaved = std::find_if(notices.begin(), notices.end(), isUnsaved);
+    QVERIFY(unsaved != notices.end());
+    QVERIFY2(unsaved->text.startsWith(QStringLiteral("not saved: %1/log/").arg(blocker.fileName())),
+             qPrintable(unsaved->text));
+    QVERIFY2(unsaved->text.endsWith(QStringLiteral("/DetectorLog.txt: Not a directory")), qPrintable(unsaved->text));
+}
+
+QTEST_MAIN(tst_UnattendedRun)
+#include "tst_UnattendedRun.moc"
