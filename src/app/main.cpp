@@ -1,4 +1,5 @@
 #include "app/station/CommandLine.h"
+#include "app/station/OneStation.h"
 #include "app/station/platformChoice.h"
 #include "app/station/TerminationSignals.h"
 #include "app/station/UnattendedRun.h"
@@ -16,6 +17,7 @@
 #include <langinfo.h>
 #include <memory>
 #include <QApplication>
+#include <QMessageBox>
 #include <QPixmapCache>
 #include <QTextCodec>
 
@@ -26,6 +28,19 @@ void useUtf8InPlainLocale()
     const char *codeset = nl_langinfo(CODESET); // NOLINT(concurrency-mt-unsafe): no other thread is there yet
     if (std::strcmp(codeset, "ANSI_X3.4-1968") == 0) {
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    }
+}
+
+/// There is another station on this network, which must not be disturbed.
+void refuse(const CommandLine &line)
+{
+    const QString text = QCoreApplication::translate(
+        "main",
+        "Another KestDetector is running on this PC. Two of them would take each other's replies from the camera.");
+    if (line.mode == CommandLine::Mode::Unattended) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+    } else {
+        QMessageBox::warning(nullptr, QStringLiteral("KestDetector"), text);
     }
 }
 } // namespace
@@ -42,6 +57,11 @@ int main(int argc, char *argv[])
     }
     if (line.mode == CommandLine::Mode::Wrong) {
         std::fprintf(stderr, "%s\nTry --help.\n", qUtf8Printable(line.message));
+        return UnattendedRun::NotSound;
+    }
+    const OneStation oneStation;
+    if (!oneStation.isAlone()) {
+        refuse(line);
         return UnattendedRun::NotSound;
     }
 
