@@ -452,7 +452,9 @@ void KestDetectorUI::changeEvent(QEvent *event)
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && !m_frameKnown) {
         m_frameKnown = true;
         const QMargins frame = windowHandle()->frameMargins();
-        fitInto(screen()->availableSize() - QSize(frame.left() + frame.right(), frame.top() + frame.bottom()));
+        if (frame.top() > frame.bottom()) { // a mere border may hang over the edge, a title bar may not
+            fitInto(screen()->availableSize() - QSize(frame.left() + frame.right(), frame.top() + frame.bottom()));
+        }
     }
 }
 

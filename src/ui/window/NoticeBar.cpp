@@ -13,10 +13,10 @@
 namespace {
 constexpr int linkMargin = 4; ///< pixels that the link's frame takes from its text, on both sides together
 
-/// Takes what room there is and asks for none: the permanent labels keep theirs.
+/// Takes what room there is and asks for none: the permanent labels keep theirs, and the status bar its height.
 void yieldRoom(QWidget *widget)
 {
-    widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
 }
 } // namespace
 
