@@ -409,6 +409,13 @@ def codec():
                        Peer("Boost.CRC", values(found[boost])), 1.0, "< 1")
 
 
+def record():
+    found = google_benchmark("recordBench", options=["--benchmark_min_time=0.1"])
+    add_comparison(Case("record", "of every item with a test, built and rendered", "ms"),
+                   values(found["record"], factor=1e-6),
+                   Peer("QJsonDocument", values(found["qtDocument"], factor=1e-6)), 1.5, "<= 1.5")
+
+
 def log():
     found = google_benchmark("logBench", options=["--benchmark_min_time=0.2"])
     for case, name in (("below", "below the trim size"), ("above", "above it")):
@@ -421,7 +428,7 @@ def log():
 
 
 MEASUREMENTS = {one.__name__: one for one in (
-    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log)}
+    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log, record)}
 
 
 def main():
