@@ -109,9 +109,9 @@ CommandLine CommandLine::parse(const QStringList &arguments)
                        helpOption, versionOption});
 
     CommandLine line;
-    const auto wrong = [&line](const QString &message) {
+    const auto wrong = [&line](const QString &reason) {
         line.mode = Mode::Wrong;
-        line.message = message;
+        line.message = reason;
         return line;
     };
     if (!parser.parse(arguments)) {
