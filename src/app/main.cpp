@@ -6,6 +6,7 @@
 #include "camera/client/Camera.h"
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
+#include "detector/store/Settings.h"
 #include "ftp/FtpDownLoad.h"
 #include "ftp/FtpDownLoadFace.h"
 #include "telnet/session/TelnetInteractive.h"
@@ -31,16 +32,15 @@ void useUtf8InPlainLocale()
     }
 }
 
-/// There is another station on this network, which must not be disturbed.
-void refuse(const CommandLine &line)
+/// Says why the program does not start.
+void refuse(const CommandLine &line, const QString &reason)
 {
-    const QString text = QCoreApplication::translate(
-        "main",
-        "Another KestDetector is running on this PC. Two of them would take each other's replies from the camera.");
     if (line.mode == CommandLine::Mode::Unattended) {
-        std::fprintf(stderr, "%s\n", qUtf8Printable(text));
+        std::fprintf(stderr, "%s\n", qUtf8Printable(reason));
     } else {
-        QMessageBox::warning(nullptr, QStringLiteral("KestDetector"), text);
+        QMessageBox box(QMessageBox::Warning, QStringLiteral("KestDetector"), reason);
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
     }
 }
 } // namespace
@@ -61,7 +61,15 @@ int main(int argc, char *argv[])
     }
     const OneStation oneStation;
     if (!oneStation.isAlone()) {
-        refuse(line);
+        // Must not be disturbed.
+        refuse(line,
+               QCoreApplication::translate("main", "Another KestDetector is running on this PC. Two of them would "
+                                                   "take each other's replies from the camera."));
+        return UnattendedRun::NotSound;
+    }
+    const QStringList refusals = readSettings(settingsPath()).refusals;
+    if (!refusals.isEmpty()) {
+        refuse(line, refusals.join(QLatin1Char('\n')));
         return UnattendedRun::NotSound;
     }
 

@@ -6,7 +6,9 @@
 #include "support/MessageSpy.h"
 
 #include <array>
+#include <QFile>
 #include <QMetaObject>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -61,12 +63,22 @@ void closesTheProgram(CheckItemLog &item)
     item.message = QStringLiteral("OK\n");
 }
 
+void reads(CheckItemLog &item)
+{
+    item.result = 0;
+    item.message = QStringLiteral("OK\n");
+    item.detail = QStringLiteral("report\n");
+    item.measurements = {measured(Field::BatteryVoltage, 4.36), measured(Field::BatteryCharge, 20),
+                         measured(Field::Firmware, QStringLiteral("1.2.3"))};
+}
+
 constexpr std::array table = {
     CheckItem{0, "good", passes},
     CheckItem{1, "bad", fails},
     CheckItem{2, "dubious", warns},
     CheckItem{3, "only named", nullptr},
     CheckItem{4, "untouched", leavesVerdictAlone},
+    CheckItem{5, "reads", reads},
     CheckItem{7, "closing", closesTheProgram},
     CheckItem{8, "given up", failsAsTheProgramCloses},
     CheckItem{9, "lossy", needsThreeSendings},
@@ -92,6 +104,8 @@ private slots:
     void runsItems();
     void unknownItemIsTold();
     void recordNamesItsItems();
+    void measurementsAreHeldAgainstLimits_data();
+    void measurementsAreHeldAgainstLimits();
     void recordIsAppended();
     void recordReachesAnotherThread();
     void laterItemsAreLeftOutWhenTheProgramCloses();
@@ -174,6 +188,46 @@ void tst_checkComponent::recordNamesItsItems()
     QCOMPARE(items.size(), 2); // 3 is only named
     QCOMPARE(items.at(0).number, 2);
     QCOMPARE(items.at(1).number, 0);
+    QCOMPARE(items.at(0).name, QStringLiteral("dubious"));
+    QCOMPARE(items.at(1).name, QStringLiteral("good"));
+}
+
+void tst_checkComponent::measurementsAreHeldAgainstLimits_data()
+{
+    QTest::addColumn<QByteArray>("limits");
+    QTest::addColumn<int>("verdict");
+    QTest::addColumn<QString>("detail");
+    QTest::newRow("no limits") << QByteArray() << 0 << "report\n";
+    QTest::newRow("inside, on the bounds")
+        << QByteArray("battery.voltage=3.6..4.36\nbattery.charge=20..\nfirmware=1.2.3\n") << 0 << "report\n";
+    QTest::newRow("outside") << QByteArray("battery.voltage=3.6..4.35\n") << 1
+                             << "report\nbattery.voltage: 4.36 V (3.6..4.35)\n";
+    QTest::newRow("two outside, in the order of reading")
+        << QByteArray("firmware=1.2.4|1.2.5\nbattery.charge=21..\n") << 1
+        << "report\nbattery.charge: 20 % (21..)\nfirmware: 1.2.3 (1.2.4|1.2.5)\n";
+    QTest::newRow("of something that is not read") << QByteArray("battery.current=..0\n") << 0 << "report\n";
+}
+
+void tst_checkComponent::measurementsAreHeldAgainstLimits()
+{
+    QFETCH(QByteArray, limits);
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("option.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.write("[Limits]\n" + limits) > 0);
+    file.close();
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->setSettings(readSettings(file.fileName()));
+    QCOMPARE(face->settings().refusals, QStringList());
+    const Outcome outcome = runComponent(fakeComponent, {5});
+    face->setSettings({});
+    QTEST(outcome.verdict, "verdict");
+    const CheckItemLog item = face->checkLogList().constFirst().itemLogs.constFirst();
+    QTEST(item.result, "verdict");
+    QTEST(item.detail, "detail");
+    QCOMPARE(item.message, QStringLiteral("OK\n"));
+    QCOMPARE(item.measurements.size(), 3);
+    QCOMPARE(item.measurements.at(0).limit.has_value(), limits.contains("voltage"));
 }
 
 void tst_checkComponent::recordIsAppended()

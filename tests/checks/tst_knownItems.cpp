@@ -1,5 +1,7 @@
 #include "detector/checks/knownItems.h"
+#include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
+#include "record/itemKeys.h"
 #include "ui/window/KestDetectorUI.h"
 #include "ui/window/stopServices.h"
 
@@ -19,6 +21,7 @@ class tst_knownItems : public QObject
 private slots:
     void component_data();
     void component();
+    void everyItemHasAKey();
     void windowsPlanNamesOnlyKnownItems();
 };
 
@@ -45,6 +48,15 @@ void tst_knownItems::component()
 {
     QFETCH(const int, id);
     QTEST(knownItems(id), "items");
+}
+
+/// What the checks know has a key in records and can be planned, and nothing else has.
+void tst_knownItems::everyItemHasAKey()
+{
+    for (int id = -1; id <= componentId::log + 1; ++id) {
+        QCOMPARE(itemNumbers(id), knownItems(id));
+        QCOMPARE(componentKey(id).isEmpty(), knownItems(id).isEmpty());
+    }
 }
 
 void tst_knownItems::windowsPlanNamesOnlyKnownItems()

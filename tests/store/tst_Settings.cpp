@@ -54,6 +54,8 @@ private slots:
     void noFileEmptiesEverySetting();
     void nothingIsWrittenBack();
     void fileOfTheNineteenKeysIsSound();
+    void plansAndLimits();
+    void refusesWrongPlansAndLimits();
     void problems_data();
     void problems();
     void problemTellsWhereItIs();
@@ -203,6 +205,31 @@ void tst_Settings::fileOfTheNineteenKeysIsSound()
         qWarning("%s", qPrintable(problem.text()));
     }
     QCOMPARE(settings.problems.size(), 0);
+}
+
+void tst_Settings::plansAndLimits()
+{
+    const Settings none = load("[BaseOption]\nwifi=192.168.88.10\n");
+    QVERIFY(none.plannedItems.isEmpty());
+    QVERIFY(none.limits.isEmpty());
+    QCOMPARE(none.refusals, QStringList());
+    const Settings settings = load("[RunPlan]\ncamera=1,0\ngimbal=4\n[Limits]\nbattery.voltage=3.6..4.35\n");
+    QCOMPARE(settings.plannedItems, (PlannedItems{{0, {1, 0}}, {1, {4}}}));
+    QCOMPARE(settings.limits.keys(), QStringList{QStringLiteral("battery.voltage")});
+    QVERIFY(settings.limits.value(QStringLiteral("battery.voltage")) == (Limit{3.6, 4.35, {}}));
+    QCOMPARE(settings.refusals, QStringList());
+}
+
+void tst_Settings::refusesWrongPlansAndLimits()
+{
+    const Settings settings = load("[RunPlan]\ncamera=7\ngimbal=4\n[Limits]\nbattery.volts=3..4\nfirmware=1\n");
+    QVERIFY(settings.plannedItems.isEmpty());
+    QVERIFY(settings.limits.isEmpty());
+    QCOMPARE(settings.refusals.size(), 2);
+    QVERIFY(settings.refusals.at(0).endsWith(
+        QStringLiteral(".ini: RunPlan/camera=\"7\": there is no item 7; the items are 0, 1")));
+    QVERIFY(settings.refusals.at(1).endsWith(
+        QStringLiteral(".ini: Limits/battery.volts=\"3..4\": there is no such measurement")));
 }
 
 void tst_Settings::problems_data()

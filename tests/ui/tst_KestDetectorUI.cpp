@@ -175,6 +175,7 @@ private slots:
     void unselectAll();
     void startPostsThePlan_data();
     void startPostsThePlan();
+    void startFollowsThePlanOfTheSettings();
     void startClearsTheLastRun();
     void startWithNoBoxShowsNoResultAndRequestsARun();
     void startDoesNotDisableItself();
@@ -607,6 +608,20 @@ void tst_KestDetectorUI::startPostsThePlan()
     click(QStringLiteral("tbStart"));
     QCOMPARE(planText(Face::Get()->taskList()), plan);
     QCOMPARE(Face::Get()->runRequest(), 1);
+}
+
+void tst_KestDetectorUI::startFollowsThePlanOfTheSettings()
+{
+    const Settings before = Face::Get()->settings();
+    Settings settings = before;
+    settings.plannedItems = {{0, {1, 0}}, {1, {4}}, {9, {5}}};
+    Face::Get()->setSettings(settings);
+    for (const char *box : {"cbCamera", "cbBattery", "cbLoadLog"}) {
+        clickBox(QLatin1String(box));
+    }
+    click(QStringLiteral("tbStart"));
+    Face::Get()->setSettings(before);
+    QCOMPARE(planText(Face::Get()->taskList()), QStringLiteral("0:1,0 2:0,2,1 9:5"));
 }
 
 void tst_KestDetectorUI::startClearsTheLastRun()

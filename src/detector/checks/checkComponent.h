@@ -1,6 +1,7 @@
 #pragma once
 
 #include "detector/checks/itemWalk.h"
+#include "detector/checks/judgeMeasurements.h"
 #include "detector/store/CheckItemLog.h"
 #include "detector/store/checkLog.h"
 #include "detector/store/KestDetectorFace.h"
@@ -11,6 +12,7 @@
 #include <chrono>
 #include <cstddef>
 #include <QList>
+#include <QObject>
 #include <QString>
 
 /// Runs one item: writes verdict, texts and measurements into a fresh record.
@@ -51,6 +53,7 @@ ComponentResult recordItems(int component, int verdictIfNotAllPassed, const std:
         }
         CheckItemLog item;
         item.number = row.index;
+        item.name = QObject::tr(row.name);
         const auto begin = std::chrono::steady_clock::now();
         const RequestTally before = requestTally();
         check(row, item);
@@ -58,6 +61,7 @@ ComponentResult recordItems(int component, int verdictIfNotAllPassed, const std:
             item.request->attempts += (requestTally() - before).resent;
         }
         item.duration = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin);
+        judgeMeasurements(item);
         if (item.result != verdict::ok && KestDetectorFace::Get()->stopRequested()) {
             cutShort = true;
             return;

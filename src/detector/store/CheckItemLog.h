@@ -16,6 +16,7 @@ struct CheckItemLog
     QString message;                       ///< short verdict text, ends in a line break
     QString detail;                        ///< long report, empty for most items
     int number = -1;                       ///< an `itemId` of the record's component
+    QString name{};                        ///< as the operator read it while the item ran
     QList<Measurement> measurements{};     ///< what the item read, in the order of reading
     std::optional<RequestEnd> request{};   ///< none: the item asked the camera for nothing
     std::chrono::microseconds duration{0}; ///< of the item's routine

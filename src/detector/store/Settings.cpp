@@ -1,5 +1,7 @@
 #include "detector/store/Settings.h"
 
+#include "plan/Limits.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QHostAddress>
@@ -141,6 +143,16 @@ void readRow(const Row &row, const QSettings &file, Settings *settings)
         complain(Kind::Malformed, translated("\"%1\" is %2").arg(value, translated(row.fault)));
     }
 }
+
+/// What the line's engineer has decided, which is followed as a whole or not at all.
+void readPlans(const QString &path, Settings *settings)
+{
+    const RunPlan plan = readRunPlan(readSettingsSection(path, QStringLiteral("RunPlan")), path);
+    const Limits limits = readLimits(readSettingsSection(path, QStringLiteral("Limits")), path);
+    settings->plannedItems = plan.items;
+    settings->limits = limits.byName;
+    settings->refusals = plan.errors + limits.errors;
+}
 } // namespace
 
 QString SettingProblem::text() const
@@ -167,6 +179,7 @@ Settings readSettings(const QString &path)
     for (const Row &row : rows) {
         readRow(row, file, &settings);
     }
+    readPlans(path, &settings);
     if (!QFile::exists(path) || file.status() == QSettings::AccessError) {
         // One problem, not one for each key.
         const char *reason = QFile::exists(path) ? QT_TRANSLATE_NOOP("Settings", "cannot be read")

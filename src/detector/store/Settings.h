@@ -1,7 +1,12 @@
 #pragma once
 
+#include "plan/RunPlan.h"
+#include "record/Limit.h"
+
 #include <QList>
+#include <QMap>
 #include <QString>
+#include <QStringList>
 #include <QtGlobal>
 
 /// A setting that is not what it should be. Nobody is kept from working by it; whoever can show a text shows this one.
@@ -53,6 +58,10 @@ struct Settings
     QList<bool> statusBitList;    ///< entry i: whether status bit i is examined; 64 entries once read
 
     bool safeguards = false; ///< see `Safeguards`
+
+    PlannedItems plannedItems;   ///< [RunPlan]: what a ticked component runs, where that is not what it runs by itself
+    QMap<QString, Limit> limits; ///< [Limits]: by measurement
+    QStringList refusals;        ///< what is wrong with these two, a line each: nothing may be run with them
 
     QList<SettingProblem> problems; ///< in the order of the file's sections as the README lists them
 

@@ -389,9 +389,10 @@ void KestDetectorUI::slot_setConnectStatus(bool connected)
 void KestDetectorUI::on_tbStart_clicked()
 {
     QList<ComponentTask> plan;
+    const PlannedItems &planned = KestDetectorFace::Get()->settings().plannedItems;
     for (const Component &component : components()) {
         if ((ui.get()->*component.box)->isChecked()) {
-            plan.append({component.id, component.items});
+            plan.append({component.id, planned.value(component.id, component.items)});
         }
     }
     KestDetectorFace *face = KestDetectorFace::Get();
