@@ -113,8 +113,8 @@ QString endAt(const Series &series, int milliseconds)
                          milliseconds + 60000);
     };
     if (series.way == Way::signal) {
-        // Its first words come from the supervisor, just after the window is there.
-        hasSaid("\n");
+        // Its first service begins just after the window is there and signals are taken for a hand's click.
+        hasSaid("The runner thread begins\n");
         QThread::msleep(static_cast<unsigned long>(milliseconds));
         station.signal(SIGTERM);
     } else {
