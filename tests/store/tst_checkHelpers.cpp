@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTranslator>
 #include <thread>
 
 using IntList = QList<int>;
@@ -49,6 +50,7 @@ private slots:
     void cameraStatusList();
     void cameraStatusListWritesADebugLine_data();
     void cameraStatusListWritesADebugLine();
+    void textsAreTranslated();
     void batteryWarning_data();
     void batteryWarning();
     void sleepTakesAtLeastItsTime_data();
@@ -142,6 +144,32 @@ void tst_checkHelpers::cameraStatusListWritesADebugLine()
     const MessageSpy spy;
     getCameraStatusList(status);
     QTEST(spy.messages(), "messages");
+}
+
+namespace {
+/// Marks what has passed through it.
+class MarkingTranslator : public QTranslator
+{
+public:
+    QString translate(const char *context, const char *source, const char *, int) const override
+    {
+        return QStringLiteral("<%1:%2>").arg(QLatin1String(context), QString::fromUtf8(source));
+    }
+    bool isEmpty() const override { return false; }
+};
+} // namespace
+
+void tst_checkHelpers::textsAreTranslated()
+{
+    MarkingTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    const QString component = getComponent(6);
+    const QString outside = getComponent(10);
+    const QString warnings = getBatteryWar(3);
+    QCoreApplication::removeTranslator(&translator);
+    QCOMPARE(component, QStringLiteral("<QObject:TF Card>"));
+    QCOMPARE(outside, QString());
+    QCOMPARE(warnings, QStringLiteral("状态良好<QObject:电池组电压过低><QObject:电池组电压过高>"));
 }
 
 void tst_checkHelpers::batteryWarning_data()
