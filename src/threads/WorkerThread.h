@@ -10,7 +10,8 @@
 /// A thread that runs one loop until it is told to stop.
 ///
 /// To be the last member of its owner: the loop starts when everything that it uses is in place, and has ended before
-/// anything of it goes. Its begin and its end are told in the debug output. The loop asks `running` in each round and waits with `pause`.
+/// anything of it goes. Its begin and its end are told in the debug output. The loop asks `running` in each round and
+/// waits with `pause`.
 class WorkerThread
 {
 public:
