@@ -79,6 +79,7 @@ private:
     int download(const QString &url, const QString &path);
     QString path(const QString &name) const { return m_folder->filePath(name); }
 
+    int m_askedPort = -1; ///< of the last download's URL
     std::unique_ptr<ScriptedFtpServer> m_server;
     std::unique_ptr<QTemporaryDir> m_folder;
 };
@@ -190,14 +191,14 @@ void tst_FtpDownLoad::portThatIsNoNumberIsZero()
     Settings settings = KestDetectorFace::Get()->settings();
     settings.ftpPort = QStringLiteral("21 or so");
     KestDetectorFace::Get()->setSettings(settings);
-    int port = -1;
+    m_askedPort = -1;
     QObject watch;
     auto *manager = FtpDownLoad::Get()->findChild<QNetworkAccessManager *>();
     QVERIFY(manager != nullptr);
     connect(manager, &QNetworkAccessManager::finished, &watch,
-            [&port](const QNetworkReply *reply) { port = reply->url().port(21); });
+            [this](const QNetworkReply *reply) { m_askedPort = reply->url().port(21); });
     QCOMPARE(download(smallUrl, path(QStringLiteral("file"))), -1);
-    QCOMPARE(port, 0);
+    QCOMPARE(m_askedPort, 0);
 }
 
 void tst_FtpDownLoad::failureLeavesNothingOpen_data()

@@ -5,7 +5,12 @@
 #include <QLatin1String>
 
 namespace {
-const QString dots = QString(8, QChar(0x2022));
+QString dots()
+{
+    constexpr int count = 8;
+    constexpr QChar bullet(0x2022);
+    return QString(count, bullet);
+}
 
 /// What the names of secret settings have in common, in hostapd's files and others.
 constexpr std::array secretNames = {"passphrase", "password", "passwd", "psk", "wep_key", "secret"};
@@ -24,7 +29,7 @@ QString redactValues(const QString &text, QLatin1String name)
         at = static_cast<int>(lineEnd - text.cbegin());
         if (lineEnd - equals > 1) {
             redacted += text.midRef(taken, static_cast<int>(equals + 1 - text.cbegin()) - taken);
-            redacted += dots;
+            redacted += dots();
             taken = at;
         }
     }
@@ -37,7 +42,7 @@ QString redactSecrets(const QString &text, const QStringList &known)
     QString redacted = text;
     for (const QString &secret : known) {
         if (!secret.isEmpty()) {
-            redacted.replace(secret, dots);
+            redacted.replace(secret, dots());
         }
     }
     for (const char *name : secretNames) {
