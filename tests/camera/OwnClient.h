@@ -16,10 +16,7 @@ class OwnClient
 public:
     explicit OwnClient(const QString &peer = QStringLiteral("127.0.0.10"), quint16 localPort = 7777)
         : camera([this](KestDataPacket &packet) { return transciever.sendPacket(packet); }),
-          transciever(nullptr, argsFor(peer, localPort),
-                      [this](protocol::Command command, int code, const std::uint8_t *data, int length) {
-                          camera.handleReply(command, code, data, length);
-                      })
+          transciever(nullptr, argsFor(peer, localPort), [this](const Reply &reply) { camera.handleReply(reply); })
     {
     }
 

@@ -1,15 +1,20 @@
 #include "camera/client/deviceCommands.h"
 #include "camera/codec/KestDataPacket.h"
 #include "DatagramPeer.h"
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/requestTally.h"
 #include "OwnClient.h"
 #include "support/MessageSpy.h"
 #include "support/onWorkerThread.h"
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <QtTest>
 #include <thread>
+#include <vector>
 
 using emulator::Frame;
 
@@ -30,6 +35,13 @@ QString outcome(int result, Fields... fields)
 QByteArray hex(const char *text)
 {
     return QByteArray::fromHex(text);
+}
+
+void useSafeguards(bool on)
+{
+    Settings settings;
+    settings.safeguards = on;
+    KestDetectorFace::Get()->setSettings(settings);
 }
 
 QByteArray counted(const QByteArray &bytes)
@@ -67,6 +79,11 @@ private slots:
     void unansweredRequestWaitsItsTime();
     void replyThatNoCommandExpectsIsTold();
     void requestThatIsNotSentIsTold();
+    void whatIsSentAgain_data();
+    void whatIsSentAgain();
+    void secondSendingIsAnswered();
+    void staleReplyIsNoAnswer_data();
+    void staleReplyIsNoAnswer();
 
 private:
     QString make(const Request &request);
@@ -88,6 +105,7 @@ void tst_Camera::init()
 
 void tst_Camera::cleanup()
 {
+    useSafeguards(false);
     m_client.reset();
     m_peer.reset();
 }
@@ -540,6 +558,157 @@ void tst_Camera::requestThatIsNotSentIsTold()
     other.join();
     QCOMPARE(sends, 2);
     QCOMPARE(spy.messages(), QStringList{QStringLiteral("A request was not sent: (Universal) 0x0020")});
+}
+
+void tst_Camera::whatIsSentAgain_data()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::addColumn<QStringList>("expected");
+
+    // Name: frames within the wait, result, sendings that were counted, unanswered requests that were counted.
+    QTest::newRow("as ever") << false
+                             << QStringList({"registerPC: 1 118 0 0", "Ping: 1 118 0 0", "getCameraState: 1 118 0 1",
+                                             "getBatteryEscFactoryCheck: 1 118 0 1", "ReadEEPROM: 1 118 0 1",
+                                             "setGimbalFactoryCheck: 1 118 0 0", "setGimbalAnguVeloPosi: 1 118 0 0"});
+    QTest::newRow("with safeguards") << true
+                                     << QStringList(
+                                            {"registerPC: 1 118 0 0", "Ping: 1 118 0 0", "getCameraState: 4 118 3 1",
+                                             "getBatteryEscFactoryCheck: 4 118 3 1", "ReadEEPROM: 4 118 3 1",
+                                             "setGimbalFactoryCheck: 1 118 0 0", "setGimbalAnguVeloPosi: 1 118 0 0"});
+}
+
+void tst_Camera::whatIsSentAgain()
+{
+    QFETCH(bool, safeguards);
+    useSafeguards(safeguards);
+    struct Row
+    {
+        const char *name;
+        const DeviceCommand &command;
+        std::function<int(Camera &)> request;
+    };
+    const std::vector<Row> rows = {
+        {"registerPC", deviceCommand::registerPC, [](Camera &camera) { return camera.registerPC(QString()); }},
+        {"Ping", deviceCommand::Ping, [](Camera &camera) { return camera.Ping(); }},
+        {"getCameraState", deviceCommand::getCameraState,
+         [](Camera &camera) {
+             CameraStatus status;
+             return camera.getCameraState(&status);
+         }},
+        {"getBatteryEscFactoryCheck", deviceCommand::getBatteryEscFactoryCheck,
+         [](Camera &camera) {
+             BatteryCheckResult check;
+             return camera.getBatteryEscFactoryCheck(&check);
+         }},
+        {"ReadEEPROM", deviceCommand::ReadEEPROM,
+         [](Camera &camera) {
+             EEPromBuf buffer;
+             return camera.ReadEEPROM(0, 1, &buffer);
+         }},
+        {"setGimbalFactoryCheck", deviceCommand::setGimbalFactoryCheck,
+         [](Camera &camera) { return camera.setGimbalFactoryCheck(1); }},
+        {"setGimbalAnguVeloPosi", deviceCommand::setGimbalAnguVeloPosi,
+         [](Camera &camera) { return camera.setGimbalAnguVeloPosi({}); }},
+    };
+    std::mutex mutex;
+    std::map<int, int> frames; // by command set and id
+    const auto key = [](int set, int id) { return set << 16 | id; };
+    Camera camera([&](KestDataPacket &packet) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        ++frames[key(packet.cmdSet, packet.cmdId)];
+        return 12;
+    });
+    // All at once: different commands do not hold each other up, and the longest wait is 3 s.
+    std::vector<QString> outcomes(rows.size());
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        threads.emplace_back([&, i] {
+            const int result = rows[i].request(camera);
+            const RequestTally tally = requestTally();
+            outcomes[i] = QStringLiteral("%1 %2 %3").arg(result).arg(tally.resent).arg(tally.unanswered);
+        });
+    }
+    QStringList seen;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        threads[i].join();
+        const protocol::Command command = rows[i].command.command;
+        seen.append(QStringLiteral("%1: %2 %3")
+                        .arg(QLatin1String(rows[i].name))
+                        .arg(frames[key(static_cast<int>(command.set), command.id)])
+                        .arg(outcomes[i]));
+    }
+    QTEST(seen, "expected");
+}
+
+void tst_Camera::secondSendingIsAnswered()
+{
+    useSafeguards(true);
+    int frames = 0;
+    m_peer->onRequest = [&](const Frame &request) {
+        if (++frames == 2) {
+            m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, hex("000f"))));
+        }
+    };
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(make([](Camera &camera) {
+                 GimbalESCDevicesCheck check;
+                 const int result = camera.getGimbalESCDevicesCheck(&check);
+                 const RequestTally tally = requestTally();
+                 return outcome(result, check.flags, tally.resent, tally.unanswered);
+             }),
+             QStringLiteral("0 15 1 0"));
+    QVERIFY(clock.elapsed() >= 500); // a quarter of 2 s
+    QVERIFY(clock.elapsed() < 2000);
+    QCOMPARE(m_peer->datagrams().size(), 2);
+    QCOMPARE(m_peer->requests().at(1).sequence - m_peer->requests().at(0).sequence, 1);
+}
+
+void tst_Camera::staleReplyIsNoAnswer_data()
+{
+    QTest::addColumn<bool>("copiesTheNumber");
+
+    QTest::newRow("the camera copies the request's number") << true;
+    QTest::newRow("the camera always says 0") << false;
+}
+
+void tst_Camera::staleReplyIsNoAnswer()
+{
+    // The first block is asked for twice and answered twice; its second answer comes while the next block is read.
+    QFETCH(bool, copiesTheNumber);
+    useSafeguards(true);
+    std::optional<Frame> unanswered;
+    int frames = 0;
+    const auto answer = [&](Frame request, const char *block) {
+        if (!copiesTheNumber) {
+            request.sequence = 0;
+        }
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, hex("00") + counted(block))));
+    };
+    m_peer->onRequest = [&](const Frame &request) {
+        ++frames;
+        if (frames == 1) {
+            unanswered = request;
+        } else if (frames == 2) {
+            answer(request, "AA");
+        } else {
+            if (copiesTheNumber) {
+                answer(*unanswered, "AA");
+            }
+            answer(request, "BB");
+        }
+    };
+    const Request readTwoBlocks = [](Camera &camera) {
+        QStringList blocks;
+        for (const int address : {0, 2}) {
+            EEPromBuf buffer;
+            const int result = camera.ReadEEPROM(address, 2, &buffer);
+            blocks.append(outcome(result, buffer.data()[0], buffer.data()[1]));
+        }
+        return blocks.join(QStringLiteral(", "));
+    };
+    QCOMPARE(make(readTwoBlocks), QStringLiteral("0 65 65, 0 66 66"));
+    QCOMPARE(frames, 3);
 }
 
 QTEST_GUILESS_MAIN(tst_Camera)

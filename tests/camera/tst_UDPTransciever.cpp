@@ -252,9 +252,7 @@ void tst_UDPTransciever::senderWhoseTextContainsThePeerIsAccepted()
     // "127.0.0.10" contains "127.0.0.1", as an IPv4-mapped IPv6 text contains the IPv4 text.
     KestDetectorFace::Get()->cameraAddress = QStringLiteral("127.0.0.1");
     const UDPTransciever other(nullptr, {7778, 9999, "192.168.88.10"},
-                               [this](protocol::Command command, int code, const std::uint8_t *data, int length) {
-                                   m_client->camera.handleReply(command, code, data, length);
-                               });
+                               [this](const Reply &reply) { m_client->camera.handleReply(reply); });
     m_peer->onRequest = [&](const Frame &request) {
         m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray("\x06"))), 7778);
     };

@@ -5,9 +5,12 @@
 #include "camera/codec/PacketCodec.h"
 #include "camera/supervisor/Supervisor.h"
 #include "camera/supervisor/systemInformation.h"
+#include "detector/store/KestDetectorFace.h"
+#include "detector/store/requestTally.h"
 
 #include <algorithm>
 #include <arpa/inet.h>
+#include <chrono>
 #include <QDebug>
 #include <utility>
 
@@ -32,6 +35,13 @@ constexpr EepromBlock awbMark{8126, 2};
 constexpr EepromBlock focusMark{4203, 2};
 constexpr EepromBlock factoryMark{8162, 2};
 } // namespace eeprom
+
+constexpr int sendingsOfAQuery = 4; // one for each quarter of its wait time
+
+bool contains(const std::vector<std::uint16_t> &numbers, std::uint16_t number)
+{
+    return std::find(numbers.begin(), numbers.end(), number) != numbers.end();
+}
 
 KestDataPacket makeRequest(const DeviceCommand &command, std::initializer_list<unsigned> payload)
 {
@@ -99,11 +109,12 @@ void Camera::abandonRequests()
 
 // Requests
 
-void Camera::send(const DeviceCommand &command, KestDataPacket &packet)
+void Camera::send(Completion &slot, KestDataPacket &packet)
 {
     if (m_send(packet) < 0) {
-        m_sendFailed.tell(QStringLiteral("A request was not sent:") + nameOf(command.command));
+        m_sendFailed.tell(QStringLiteral("A request was not sent:") + nameOf(slot.command.command));
     }
+    slot.numbers.push_back(packet.seq);
 }
 
 template <class Take>
@@ -113,17 +124,35 @@ int Camera::request(Completion &slot, KestDataPacket &packet, Take take)
     // Held from before the send until the wait begins, or a reply within microseconds would notify nobody.
     std::unique_lock<std::mutex> lock(slot.mutex);
     const std::uint64_t before = slot.completions;
+    const bool isQuery = slot.command.kind == CommandKind::Query;
     if (!m_abandoned) {
-        send(slot.command, packet);
-        slot.cond.wait_for(lock, slot.command.wait, [&] { return m_abandoned || slot.completions != before; });
+        if (slot.numbers.size() > 1) {
+            slot.staleNumbers = slot.numbers;
+        }
+        slot.numbers.clear();
+        const int sendings = isQuery && KestDetectorFace::Get()->safeguards().resendsQueries() ? sendingsOfAQuery : 1;
+        const auto begin = std::chrono::steady_clock::now();
+        for (int sending = 1; sending <= sendings; ++sending) {
+            if (sending > 1) {
+                noteResentRequest();
+            }
+            send(slot, packet);
+            const auto limit = begin + slot.command.wait * sending / sendings;
+            if (slot.cond.wait_until(lock, limit, [&] { return m_abandoned || slot.completions != before; })) {
+                break;
+            }
+        }
     }
-    if (slot.completions == before) {
-        return requestResult::noReply;
-    }
-    if (slot.result == requestResult::success) {
+    const int result = slot.completions == before ? requestResult::noReply : slot.result;
+    if (result == requestResult::success) {
         take();
     }
-    return slot.result;
+    const bool unanswered = result == requestResult::noReply || result == requestResult::wrongSize;
+    // An order without an answer may have been carried out: whoever gives it asks afterwards what has come of it.
+    if (unanswered && isQuery && !m_abandoned) {
+        noteUnansweredRequest();
+    }
+    return result;
 }
 
 template <class Record>
@@ -332,15 +361,22 @@ void Camera::getSystemInformation()
 
 // Completions, on the receive thread
 
-void Camera::handleReply(protocol::Command command, int code, const std::uint8_t *data, int length)
+void Camera::handleReply(const Reply &reply)
 {
-    const auto slot = std::find_if(m_completions.begin(), m_completions.end(),
-                                   [&](const Completion *entry) { return entry->command.command == command; });
-    if (slot == m_completions.end()) {
-        m_unknownReply.tell(QStringLiteral("A reply to a command that is never sent:") + nameOf(command));
+    const auto found = std::find_if(m_completions.begin(), m_completions.end(),
+                                    [&](const Completion *entry) { return entry->command.command == reply.command; });
+    if (found == m_completions.end()) {
+        m_unknownReply.tell(QStringLiteral("A reply to a command that is never sent:") + nameOf(reply.command));
         return;
     }
-    (this->*(*slot)->handler)(code, data, length);
+    Completion &slot = **found;
+    {
+        const std::lock_guard<std::mutex> lock(slot.mutex);
+        if (contains(slot.staleNumbers, reply.sequence) && !contains(slot.numbers, reply.sequence)) {
+            return;
+        }
+    }
+    (this->*slot.handler)(reply.code, reply.data, reply.length);
 }
 
 template <class Read>

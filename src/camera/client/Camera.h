@@ -3,6 +3,7 @@
 #include "camera/client/deviceCommands.h"
 #include "camera/client/EEPromBuf.h"
 #include "camera/client/records.h"
+#include "camera/client/Reply.h"
 #include "camera/client/SparingWarning.h"
 #include "camera/codec/requestResult.h"
 #include "camera/supervisor/LinkCommands.h"
@@ -28,6 +29,9 @@ struct KestDataPacket;
 /// Requests may be made from any thread but the GUI thread and the receive thread. They block for at most the
 /// command's wait time, return a `requestResult` or the camera's code, and fill their output only on success.
 /// A late reply to an earlier request completes the next wait for the same command: sequence numbers are not compared.
+/// Where the safeguards have queries sent again, one query may bring several replies: those whose sequence number says
+/// that they belong to an earlier query are dropped, so that no answer about one block of the EEPROM passes for
+/// another's.
 class Camera final : public LinkCommands
 {
     Q_DISABLE_COPY(Camera)
@@ -52,7 +56,7 @@ public:
 
     /// Hands a reply to the completion handler of its command. A command that the station does not know is told in the
     /// debug output. On the receive thread.
-    void handleReply(protocol::Command command, int code, const std::uint8_t *data, int length);
+    void handleReply(const Reply &reply);
 
     int registerPC(const QString &ip) override;
     int Ping() override;
@@ -126,6 +130,9 @@ private:
         std::condition_variable cond;
         std::int32_t result = 0;       ///< of the last completion
         std::uint64_t completions = 0; ///< how many there were: tells one from a spurious wake-up
+
+        std::vector<std::uint16_t> numbers;      ///< of the frames of the last request, or of the one under way
+        std::vector<std::uint16_t> staleNumbers; ///< of the last request before it that was sent more than once
     };
     /// The completion of a command whose reply carries data.
     template <class Record>
@@ -141,13 +148,15 @@ private:
 
     Camera();
 
-    /// Sends a request and waits for its completion; on success `take` copies the reply while it is guarded.
+    /// Sends a request, a query perhaps more than once, and waits for its completion; on success `take` copies the
+    /// reply while it is guarded.
     template <class Take>
     int request(Completion &slot, KestDataPacket &packet, Take take);
     template <class Record>
     int query(RecordCompletion<Record> &slot, Record *out);
     int order(Completion &slot, std::initializer_list<unsigned> payload = {});
-    void send(const DeviceCommand &command, KestDataPacket &packet);
+    /// Gives the packet a number, notes it and sends it. With the slot's mutex held.
+    void send(Completion &slot, KestDataPacket &packet);
 
     /// Ends the wait for `slot`: with `code`, or, if that is success, with what `read` makes of the reply data.
     template <class Read>

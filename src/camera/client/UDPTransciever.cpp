@@ -30,9 +30,9 @@ std::uint16_t nextSequenceNumber()
     return static_cast<std::uint16_t>(++counter); // the number after 65535 is 0
 }
 
-void deliverToTheClient(protocol::Command command, int code, const std::uint8_t *data, int length)
+void deliverToTheClient(const Reply &reply)
 {
-    Camera::Get()->handleReply(command, code, data, length);
+    Camera::Get()->handleReply(reply);
 }
 } // namespace
 
@@ -178,6 +178,9 @@ void UDPTransciever::handleDatagram(std::uint8_t *datagram, int length) const
     if (isRequest(packet) || packet.len < protocol::minReplySize) {
         return;
     }
-    m_deliver({static_cast<protocol::CommandSet>(packet.cmdSet), packet.cmdId}, packet.data[0],
-              packet.data.data() + protocol::replyDataOffset, packet.len - protocol::minReplySize);
+    m_deliver({{static_cast<protocol::CommandSet>(packet.cmdSet), packet.cmdId},
+               packet.seq,
+               packet.data[0],
+               packet.data.data() + protocol::replyDataOffset,
+               packet.len - protocol::minReplySize});
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "camera/client/Reply.h"
 #include "camera/client/UDPortArgs.h"
-#include "camera/codec/protocol.h"
 #include "threads/WorkerThread.h"
 
 #include <array>
@@ -28,8 +28,8 @@ class UDPTransciever : public QObject
     Q_DISABLE_COPY(UDPTransciever)
 
 public:
-    /// Takes a reply: its command, its result code, and its data. Called on the receive thread.
-    using DeliverReply = std::function<void(protocol::Command command, int code, const std::uint8_t *data, int length)>;
+    /// Takes a reply. Called on the receive thread.
+    using DeliverReply = std::function<void(const Reply &reply)>;
 
     /// The process-wide instance, set up with the system's ports on first use.
     static std::shared_ptr<UDPTransciever> Get();

@@ -9,15 +9,24 @@
 // The commands that the station sends, one a row, named after the methods of `Camera` that send them. A further command
 // is a row here, its method and handler in `Camera`, and the completion there that joins the three.
 
+/// What a command is for, and with it, what may be done when its reply does not come.
+enum class CommandKind {
+    Link,  ///< makes or keeps the link: whoever sends it has a rhythm of his own
+    Query, ///< changes nothing: may be sent again
+    Order, ///< does something, perhaps twice if it were sent twice
+};
+
 /// All that is known of a command before it is sent.
 struct DeviceCommand
 {
     /// Has no defaults: a row that leaves something out does not compile.
-    constexpr DeviceCommand(protocol::Device to, protocol::Command code, std::chrono::milliseconds limit, int size)
-        : receiver(to), command(code), wait(limit), replySize(size)
+    constexpr DeviceCommand(CommandKind purpose, protocol::Device to, protocol::Command code,
+                            std::chrono::milliseconds limit, int size)
+        : kind(purpose), receiver(to), command(code), wait(limit), replySize(size)
     {
     }
 
+    CommandKind kind;
     protocol::Device receiver;
     protocol::Command command;
     std::chrono::milliseconds wait; ///< from the sending of a request until it counts as unanswered
@@ -42,23 +51,32 @@ using namespace std::chrono_literals;
 using protocol::CommandSet;
 using protocol::Device;
 
-inline constexpr DeviceCommand registerPC{Device::Camera, {CommandSet::Universal, 0x20}, 1s, replyData::ignored};
-inline constexpr DeviceCommand Ping{Device::Camera, {CommandSet::Factory, 0x22}, 2s, replyData::none};
-inline constexpr RecordCommand<CameraStatus> getCameraState{Device::Camera, {CommandSet::Camera, 0x1C1}, 2s, 88};
-inline constexpr RecordCommand<TFCardStatus> getTFCardStatus{Device::Camera, {CommandSet::Camera, 0xF1}, 2s, 8};
+inline constexpr DeviceCommand registerPC{
+    CommandKind::Link, Device::Camera, {CommandSet::Universal, 0x20}, 1s, replyData::ignored};
+inline constexpr DeviceCommand Ping{
+    CommandKind::Link, Device::Camera, {CommandSet::Factory, 0x22}, 2s, replyData::none};
+inline constexpr RecordCommand<CameraStatus> getCameraState{
+    CommandKind::Query, Device::Camera, {CommandSet::Camera, 0x1C1}, 2s, 88};
+inline constexpr RecordCommand<TFCardStatus> getTFCardStatus{
+    CommandKind::Query, Device::Camera, {CommandSet::Camera, 0xF1}, 2s, 8};
 inline constexpr RecordCommand<TFCardUsedStatus> getTFCardUsedStatus{
-    Device::Camera, {CommandSet::Camera, 0xF0}, 2s, 32};
-inline constexpr RecordCommand<BatteryInfo> getBatteryInfo{Device::Battery, {CommandSet::Battery, 0x40}, 2s, 40};
-inline constexpr RecordCommand<BatteryStatus> getBatteryStatus{Device::Battery, {CommandSet::Battery, 0x1A}, 2s, 11};
+    CommandKind::Query, Device::Camera, {CommandSet::Camera, 0xF0}, 2s, 32};
+inline constexpr RecordCommand<BatteryInfo> getBatteryInfo{
+    CommandKind::Query, Device::Battery, {CommandSet::Battery, 0x40}, 2s, 40};
+inline constexpr RecordCommand<BatteryStatus> getBatteryStatus{
+    CommandKind::Query, Device::Battery, {CommandSet::Battery, 0x1A}, 2s, 11};
 inline constexpr DeviceCommand getBatteryEscFactoryCheck{
-    Device::Battery, {CommandSet::Battery, 0x61}, 3s, replyData::ignored};
+    CommandKind::Query, Device::Battery, {CommandSet::Battery, 0x61}, 3s, replyData::ignored};
 inline constexpr RecordCommand<GimbalDeviceInfo> getGimbalDeviceInfo{
-    Device::Gimbal, {CommandSet::Gimbal, 0x40}, 2s, 64};
-inline constexpr RecordCommand<GimbalState> fetchGimbalState{Device::Gimbal, {CommandSet::Gimbal, 0x01}, 2s, 26};
+    CommandKind::Query, Device::Gimbal, {CommandSet::Gimbal, 0x40}, 2s, 64};
+inline constexpr RecordCommand<GimbalState> fetchGimbalState{
+    CommandKind::Query, Device::Gimbal, {CommandSet::Gimbal, 0x01}, 2s, 26};
 inline constexpr RecordCommand<GimbalESCDevicesCheck> getGimbalESCDevicesCheck{
-    Device::Gimbal, {CommandSet::Gimbal, 0x43}, 2s, 1};
-inline constexpr DeviceCommand setGimbalAnguVeloPosi{Device::Gimbal, {CommandSet::Gimbal, 0x06}, 3s, replyData::none};
-inline constexpr DeviceCommand setGimbalFactoryCheck{Device::Gimbal, {CommandSet::Gimbal, 0x29}, 2s, replyData::none};
+    CommandKind::Query, Device::Gimbal, {CommandSet::Gimbal, 0x43}, 2s, 1};
+inline constexpr DeviceCommand setGimbalAnguVeloPosi{
+    CommandKind::Order, Device::Gimbal, {CommandSet::Gimbal, 0x06}, 3s, replyData::none};
+inline constexpr DeviceCommand setGimbalFactoryCheck{
+    CommandKind::Order, Device::Gimbal, {CommandSet::Gimbal, 0x29}, 2s, replyData::none};
 inline constexpr RecordCommand<EEPromBuf> ReadEEPROM{
-    Device::Camera, {CommandSet::Factory, 0x21}, 3s, replyData::counted};
+    CommandKind::Query, Device::Camera, {CommandSet::Factory, 0x21}, 3s, replyData::counted};
 } // namespace deviceCommand
