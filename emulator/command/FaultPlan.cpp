@@ -3,6 +3,7 @@
 namespace emulator {
 
 FaultPlan::FaultPlan(const Scenario &scenario)
+    : m_lossPercent(scenario.replyLoss.percent), m_random(scenario.replyLoss.seed)
 {
     for (std::size_t command = 0; command < m_lists.size(); ++command) {
         for (const Fault &fault : scenario.faults[command]) {
@@ -13,6 +14,14 @@ FaultPlan::FaultPlan(const Scenario &scenario)
 }
 
 std::optional<Fault> FaultPlan::next(Command command, std::optional<int> address)
+{
+    constexpr std::uint32_t hundred = 100;
+    const std::optional<Fault> fault = nextOfLists(command, address);
+    const bool isLost = m_lossPercent > 0 && m_random() % hundred < static_cast<std::uint32_t>(m_lossPercent);
+    return fault || !isLost ? fault : Fault{};
+}
+
+std::optional<Fault> FaultPlan::nextOfLists(Command command, std::optional<int> address)
 {
     if (address) {
         const auto own = m_listsByAddress.find(*address);

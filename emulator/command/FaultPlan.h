@@ -6,10 +6,13 @@
 #include <optional>
 #include <QMap>
 #include <QVector>
+#include <random>
 
 namespace emulator {
 
 /// Plays the scenario's faults: which one, if any, the reply to the next request suffers.
+///
+/// A reply that no entry of a list spoils may still get lost on the radio.
 ///
 /// EEPROM reads at an address that has entries of its own play those, and do not count for the entries without one.
 class FaultPlan
@@ -21,6 +24,8 @@ public:
     std::optional<Fault> next(Command command, std::optional<int> address);
 
 private:
+    std::optional<Fault> nextOfLists(Command command, std::optional<int> address);
+
     /// One list of entries and how far it has been played.
     class List
     {
@@ -36,6 +41,8 @@ private:
 
     std::array<List, commandTable.size()> m_lists;
     QMap<int, List> m_listsByAddress;
+    int m_lossPercent;
+    std::mt19937 m_random; ///< its numbers are the same everywhere, unlike those of the library's distributions
 };
 
 } // namespace emulator

@@ -162,6 +162,13 @@ struct Ftp
     FtpFault fault = FtpFault::none;
 };
 
+/// A radio that loses datagrams on their way to the station. The same seed loses the same ones.
+struct ReplyLoss
+{
+    int percent = 0; ///< of all replies, each on its own
+    std::uint32_t seed = 1;
+};
+
 struct Scenario
 {
     QString description;
@@ -176,6 +183,7 @@ struct Scenario
     Shell shell;
     Ftp ftp;
     int rebootSeconds = 5;
+    ReplyLoss replyLoss;
     std::array<QVector<Fault>, commandTable.size()> faults; ///< by `commandIndex`
 };
 

@@ -425,6 +425,14 @@ void readFaults(const JsonValueReader &reader, Scenario &scenario)
     });
 }
 
+void readReplyLoss(const JsonValueReader &reader, ReplyLoss &loss)
+{
+    JsonObjectReader object(reader);
+    object.read("percent", loss.percent, 0, 100);
+    object.read("seed", loss.seed);
+    object.finish();
+}
+
 void readScenario(const JsonValueReader &reader, Scenario &scenario)
 {
     JsonObjectReader object(reader);
@@ -439,6 +447,7 @@ void readScenario(const JsonValueReader &reader, Scenario &scenario)
     object.with("shell", [&](const JsonValueReader &value) { readShell(value, scenario.shell); });
     object.with("ftp", [&](const JsonValueReader &value) { readFtp(value, scenario.ftp); });
     object.read("rebootSeconds", scenario.rebootSeconds, 0, 3600);
+    object.with("replyLoss", [&](const JsonValueReader &value) { readReplyLoss(value, scenario.replyLoss); });
     object.with("faults", [&](const JsonValueReader &value) { readFaults(value, scenario); });
     object.finish();
 }

@@ -1,4 +1,5 @@
 #include "emulator/command/CommandService.h"
+#include "emulator/command/FaultPlan.h"
 #include "emulator/scenario/ScenarioReader.h"
 #include "support/CommandPeer.h"
 #include "support/hexBytes.h"
@@ -33,6 +34,19 @@ Scenario withFaults(Command command, const QVector<Fault> &faults)
     scenario.faults[emulator::commandIndex(command)] = faults;
     return scenario;
 }
+
+/// Which of 10000 replies the radio loses.
+QVector<bool> repliesLost(int percent, std::uint32_t seed)
+{
+    Scenario scenario;
+    scenario.replyLoss = {percent, seed};
+    FaultPlan plan(scenario);
+    QVector<bool> lost;
+    for (int count = 0; count < 10000; ++count) {
+        lost.append(plan.next(Command::Ping, std::nullopt).has_value());
+    }
+    return lost;
+}
 } // namespace
 
 class tst_EmulatorCommandService : public QObject
@@ -50,6 +64,9 @@ private slots:
     void spoiltReply_data();
     void spoiltReply();
     void droppedReply();
+    void lossyRadio_data();
+    void lossyRadio();
+    void sameSeedLosesTheSameReplies();
     void delayedReply();
     void duplicateReply();
     void replyFromAnotherPort();
@@ -258,6 +275,34 @@ void tst_EmulatorCommandService::droppedReply()
     QCOMPARE(link.peer.ask(ping), pingReply);
     QCOMPARE(link.service.requestCount(Command::getTFCardStatus), 1);
     QCOMPARE(link.peer.ask(request), goodReply);
+}
+
+void tst_EmulatorCommandService::lossyRadio_data()
+{
+    QTest::addColumn<int>("percent");
+    QTest::addColumn<int>("leastLost");
+    QTest::addColumn<int>("mostLost");
+
+    QTest::newRow("none") << 0 << 0 << 0;
+    QTest::newRow("3 %") << 3 << 200 << 400;
+    QTest::newRow("10 %") << 10 << 850 << 1150;
+    QTest::newRow("all") << 100 << 10000 << 10000;
+}
+
+void tst_EmulatorCommandService::lossyRadio()
+{
+    QFETCH(int, percent);
+    QFETCH(int, leastLost);
+    QFETCH(int, mostLost);
+    const QVector<bool> lost = repliesLost(percent, 1);
+    QVERIFY(lost.count(true) >= leastLost);
+    QVERIFY(lost.count(true) <= mostLost);
+}
+
+void tst_EmulatorCommandService::sameSeedLosesTheSameReplies()
+{
+    QCOMPARE(repliesLost(10, 5), repliesLost(10, 5));
+    QVERIFY(repliesLost(10, 5) != repliesLost(10, 6));
 }
 
 void tst_EmulatorCommandService::delayedReply()

@@ -62,6 +62,7 @@ void tst_EmulatorScenario::everyKey()
                   "trees": [{"path": "/data/log", "size": 10, "seed": 4, "kind": "binary"}], "fault": "flood"},
         "ftp": {"user": "u", "password": "p", "port": 21, "fault": "stall"},
         "rebootSeconds": 9,
+        "replyLoss": {"percent": 7, "seed": 4294967295},
         "faults": {}
     })");
     QCOMPARE(result.error, QString());
@@ -130,6 +131,8 @@ void tst_EmulatorScenario::everyKey()
     QCOMPARE(scenario.ftp.port, std::uint16_t{21});
     QVERIFY(scenario.ftp.fault == FtpFault::stall);
     QCOMPARE(scenario.rebootSeconds, 9);
+    QCOMPARE(scenario.replyLoss.percent, 7);
+    QCOMPARE(scenario.replyLoss.seed, std::uint32_t{4294967295});
 }
 
 void tst_EmulatorScenario::numbers_data()
