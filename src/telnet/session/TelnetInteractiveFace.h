@@ -1,9 +1,9 @@
 #pragma once
 
+#include "telnet/sync/FairMutex.h"
 #include "telnet/sync/SyncCondMutexData.h"
 
 #include <atomic>
-#include <mutex>
 #include <QObject>
 #include <QString>
 
@@ -58,6 +58,6 @@ private:
     SyncCondMutexData m_connect;
     SyncCondMutexData m_disconnect;
     std::atomic<bool> m_connected{false};
-    std::mutex m_oneCall; ///< one shell call at a time, whoever makes it
-    QString m_reply;      ///< what the worker writes into: it outlives a caller that has given up
+    FairMutex m_oneCall; ///< one shell call at a time, whoever makes it: a run and the supervisor take turns
+    QString m_reply;     ///< what the worker writes into: it outlives a caller that has given up
 };

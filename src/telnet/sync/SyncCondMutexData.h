@@ -23,8 +23,8 @@ struct SyncCondMutexData
     /// Caller side: one whole call. Posts the request with `post()` and, once it is answered, lets `collect()` take
     /// what the worker has left. Calls that share `oneCall` are made one at a time. Returns the worker's result, or -1
     /// when `seconds` ran out or the program is closing.
-    template <class Post, class Collect>
-    int call(std::mutex &oneCall, int seconds, Post post, Collect collect);
+    template <class Mutex, class Post, class Collect>
+    int call(Mutex &oneCall, int seconds, Post post, Collect collect);
 
     /// Worker side: stores the result, sets `done` and wakes all waiters.
     void complete(std::int32_t outcome);
@@ -37,10 +37,10 @@ struct SyncCondMutexData
     bool waitForCompletion(std::unique_lock<std::mutex> &lock, int seconds);
 };
 
-template <class Post, class Collect>
-int SyncCondMutexData::call(std::mutex &oneCall, int seconds, Post post, Collect collect)
+template <class Mutex, class Post, class Collect>
+int SyncCondMutexData::call(Mutex &oneCall, int seconds, Post post, Collect collect)
 {
-    const std::lock_guard<std::mutex> alone(oneCall);
+    const std::lock_guard<Mutex> alone(oneCall);
     std::unique_lock<std::mutex> lock(mutex);
     if (abandoned) {
         return -1;

@@ -1,0 +1,57 @@
+#include "telnet/sync/FairMutex.h"
+
+#include <atomic>
+#include <QtTest>
+#include <thread>
+#include <vector>
+
+class tst_FairMutex : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void oneAtATime();
+    void whoComesBackAtOnceIsNotNext();
+};
+
+void tst_FairMutex::oneAtATime()
+{
+    FairMutex mutex;
+    int count = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 1000; ++round) {
+                const std::lock_guard<FairMutex> lock(mutex);
+                ++count;
+            }
+        });
+    }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    QCOMPARE(count, 4000);
+}
+
+void tst_FairMutex::whoComesBackAtOnceIsNotNext()
+{
+    FairMutex mutex;
+    std::atomic<bool> begun{false};
+    std::atomic<bool> served{false};
+    mutex.lock();
+    std::thread other([&] {
+        begun = true;
+        const std::lock_guard<FairMutex> lock(mutex);
+        served = true;
+    });
+    QTRY_VERIFY(begun);
+    QTest::qSleep(200); // it is in line by now
+    mutex.unlock();
+    mutex.lock();
+    QVERIFY(served);
+    mutex.unlock();
+    other.join();
+}
+
+QTEST_APPLESS_MAIN(tst_FairMutex)
+#include "tst_FairMutex.moc"
