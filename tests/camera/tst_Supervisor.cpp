@@ -41,9 +41,14 @@ private slots:
     void withoutPcAddressNothingIsSent();
     void refusedRegistrationStaysDisconnected();
     void registrationConnectsLogsInAndReadsTheCamera();
+    void shellThatGoesIsRegained_data();
+    void shellThatGoesIsRegained();
+    void otherCameraIsNoticed();
+    void whatCannotBeReadAnewStays();
     void twoFailedPingsKeepTheLink();
     void thirdFailedPingDropsTheLink();
     void answeringCameraIsBack();
+    void slowShellIsStillReached();
     void closingDoesNotDropTheLink();
 
 private:
@@ -52,6 +57,9 @@ private:
     std::unique_ptr<DatagramPeer> m_peer;
     std::unique_ptr<ScriptedShellServer> m_shell;
     QStringList m_events;
+    QByteArray m_mac = "aa:bb:cc:dd:ee:0f"; ///< empty: the shell does not say
+    bool m_letsIn = true;
+    ShellState m_stateAtLogin = ShellState::None;
     int m_pingsToDrop = 0;
     bool m_answerRegistration = false;
 };
@@ -64,14 +72,18 @@ void tst_Supervisor::initTestCase()
     QVERIFY(m_shell->isListening());
     m_shell->autoLogin();
     m_shell->onLine = [this](const QByteArray &line) {
+        if (!m_letsIn) {
+            return;
+        }
         if (line == "root") {
+            m_stateAtLogin = KestDetectorFace::Get()->shellState;
             m_shell->say("root\r\nPassword: ");
         } else if (line == "secret") {
             m_shell->say("\r\n~ # ");
         } else if (line == "cat /etc/hostapd.conf") {
             m_shell->say(line + "\r\ninterface=ap0\r\nssid=<b>相机</b>\r\nwpa_passphrase=12345678\r\n~ # ");
-        } else if (line == "cat /etc/mac") {
-            m_shell->say(line + "\r\naa:bb:cc:dd:ee:0f\r\n~ # ");
+        } else if (line == "cat /etc/mac" && !m_mac.isEmpty()) {
+            m_shell->say(line + "\r\n" + m_mac + "\r\n~ # ");
         }
     };
     m_peer->onRequest = [this](const Frame &request) {
@@ -176,6 +188,76 @@ void tst_Supervisor::registrationConnectsLogsInAndReadsTheCamera()
     QCOMPARE(m_shell->received(), QByteArray("root\nsecret\ncat /etc/hostapd.conf\ncat /etc/mac\n"));
 }
 
+void tst_Supervisor::shellThatGoesIsRegained_data()
+{
+    QTest::addColumn<bool>("byReset");
+
+    QTest::newRow("end of file") << false;
+    QTest::newRow("reset") << true;
+}
+
+void tst_Supervisor::shellThatGoesIsRegained()
+{
+    QFETCH(bool, byReset);
+    KestDetectorFace *face = KestDetectorFace::Get();
+    QTRY_COMPARE_WITH_TIMEOUT(face->shellState.load(), ShellState::Up, 10000);
+    const int connections = m_shell->connections();
+    m_stateAtLogin = ShellState::None;
+    m_shell->clear();
+    m_events.clear();
+    face->run.post({});
+    QVERIFY(face->run.take(face->macAddress));
+    if (byReset) {
+        m_shell->reset();
+    } else {
+        m_shell->hangUp();
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("mac AA:BB:CC:DD:EE:0F")), 10000);
+    QCOMPARE(m_stateAtLogin, ShellState::Regaining);
+    QTRY_COMPARE(face->shellState.load(), ShellState::Up);
+    QCOMPARE(m_shell->connections(), connections + 1);
+    QCOMPARE(m_shell->received(), QByteArray("root\nsecret\ncat /etc/hostapd.conf\ncat /etc/mac\n"));
+    QCOMPARE(m_events, QStringList({QStringLiteral("wifi <b>相机</b>"), QStringLiteral("password 12345678"),
+                                    QStringLiteral("mac AA:BB:CC:DD:EE:0F")}));
+    QCOMPARE(face->run.finish().camera, RunEnd::Camera::Kept);
+}
+
+void tst_Supervisor::otherCameraIsNoticed()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    m_events.clear();
+    face->run.post({});
+    QVERIFY(face->run.take(face->macAddress));
+    m_mac = "aa:bb:cc:dd:ee:10";
+    m_shell->hangUp();
+    QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("mac AA:BB:CC:DD:EE:10")), 10000);
+    QCOMPARE(face->macAddress.get(), QStringLiteral("AA:BB:CC:DD:EE:10"));
+    QVERIFY(face->connectState);
+    QCOMPARE(face->run.finish().camera, RunEnd::Camera::Changed);
+}
+
+void tst_Supervisor::whatCannotBeReadAnewStays()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    m_stateAtLogin = ShellState::None;
+    QTRY_COMPARE_WITH_TIMEOUT(face->shellState.load(), ShellState::Up, 10000);
+    m_events.clear();
+    m_mac.clear();
+    m_shell->clear();
+    m_shell->hangUp();
+    // This thread serves the shell call, too: it comes back when that has been given up, 5 s later.
+    QTRY_VERIFY_WITH_TIMEOUT(m_shell->received().contains("cat /etc/mac"), 15000);
+    QCOMPARE(m_stateAtLogin, ShellState::Regaining);
+    QTRY_COMPARE_WITH_TIMEOUT(face->shellState.load(), ShellState::Up, 15000);
+    QCOMPARE(face->macAddress.get(), QStringLiteral("AA:BB:CC:DD:EE:10"));
+    QCOMPARE(m_events.filter(QStringLiteral("mac")), QStringList());
+    // It is asked for again until it is told, without another login.
+    const int connections = m_shell->connections();
+    m_mac = "aa:bb:cc:dd:ee:0f";
+    QTRY_COMPARE_WITH_TIMEOUT(m_events.filter(QStringLiteral("mac")), QStringList{"mac AA:BB:CC:DD:EE:0F"}, 15000);
+    QCOMPARE(m_shell->connections(), connections);
+}
+
 void tst_Supervisor::twoFailedPingsKeepTheLink()
 {
     QTRY_VERIFY(count(ping) >= 1);
@@ -189,6 +271,8 @@ void tst_Supervisor::twoFailedPingsKeepTheLink()
 
 void tst_Supervisor::thirdFailedPingDropsTheLink()
 {
+    KestDetectorFace::Get()->run.post({});
+    QVERIFY(KestDetectorFace::Get()->run.take(KestDetectorFace::Get()->macAddress));
     m_events.clear();
     m_answerRegistration = false;
     m_pingsToDrop = 3;
@@ -198,13 +282,36 @@ void tst_Supervisor::thirdFailedPingDropsTheLink()
                                               QStringLiteral("mac "), QStringLiteral("disconnected")}));
     QCOMPARE(KestDetectorFace::Get()->macAddress.get(), QString());
     QCOMPARE(KestDetectorFace::Get()->wifiName.get(), QString());
+    QCOMPARE(KestDetectorFace::Get()->shellState.load(), ShellState::None);
+    QCOMPARE(KestDetectorFace::Get()->run.finish().camera, RunEnd::Camera::Lost);
 }
 
 void tst_Supervisor::answeringCameraIsBack()
 {
+    const int connections = m_shell->connections();
     m_answerRegistration = true;
     QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("mac AA:BB:CC:DD:EE:0F")), 15000);
-    QCOMPARE(m_shell->connections(), 2);
+    QCOMPARE(m_shell->connections(), connections + 1);
+}
+
+void tst_Supervisor::slowShellIsStillReached()
+{
+    // The link drops; when it is back, the shell does not let anybody in for the time of the first login.
+    KestDetectorFace *face = KestDetectorFace::Get();
+    m_letsIn = false;
+    m_events.clear();
+    m_pingsToDrop = 3;
+    QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("disconnected")), 20000);
+    m_events.clear();
+    QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("connected")), 20000);
+    QCOMPARE(face->shellState.load(), ShellState::None);
+    QCOMPARE(face->macAddress.get(), QString());
+    m_letsIn = true;
+    QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("mac AA:BB:CC:DD:EE:0F")), 40000);
+    QTRY_COMPARE(face->shellState.load(), ShellState::Up);
+    QCoreApplication::processEvents(); // what has been shown until then belongs to this case
+    QCOMPARE(m_events.count(QStringLiteral("connected")), 1);
+    QVERIFY(!m_events.contains(QStringLiteral("disconnected")));
 }
 
 void tst_Supervisor::closingDoesNotDropTheLink()

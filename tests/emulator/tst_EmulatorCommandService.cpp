@@ -10,6 +10,7 @@ using emulator::Command;
 using emulator::CommandService;
 using emulator::Fault;
 using emulator::FaultKind;
+using emulator::FaultPlan;
 using emulator::MotionPhase;
 using emulator::Scenario;
 

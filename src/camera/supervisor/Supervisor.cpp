@@ -41,6 +41,7 @@ void Supervisor::func()
     while (m_worker.running()) {
         if (m_connected) {
             pingOnce();
+            keepShell();
         } else {
             connectOnce();
         }
@@ -67,10 +68,44 @@ void Supervisor::connectOnce()
         publishLink(false);
         return;
     }
-    TelnetInteractiveFace::Get()->telnetConnectToHost();
+    const bool loggedIn = TelnetInteractiveFace::Get()->telnetConnectToHost() == 0;
     m_connected = true;
+    face->shellState = loggedIn ? ShellState::Up : ShellState::None;
     publishLink(true);
-    publishSystemInformation();
+    m_cameraIsRead = publishSystemInformation();
+    m_loginPause.reset();
+    if (!loggedIn || !m_cameraIsRead) {
+        m_loginPause.noteFailure();
+    }
+}
+
+void Supervisor::keepShell()
+{
+    if (!m_connected || m_commands.requestsAbandoned()) {
+        return;
+    }
+    TelnetInteractiveFace *shell = TelnetInteractiveFace::Get();
+    KestDetectorFace *face = KestDetectorFace::Get();
+    bool isThere = shell->connected();
+    if (!isThere && face->shellState == ShellState::Up) {
+        face->shellState = ShellState::Regaining;
+        m_cameraIsRead = false;
+        m_loginPause.reset();
+    }
+    if ((isThere && m_cameraIsRead) || !m_loginPause.isDue()) {
+        return;
+    }
+    if (!isThere) {
+        isThere = shell->telnetConnectToHost() == 0;
+    }
+    if (isThere) {
+        m_cameraIsRead = refreshSystemInformation();
+        // Only now: a run that waits for the shell begins with the MAC address of the camera that is there.
+        face->shellState = ShellState::Up;
+    }
+    if (!isThere || !m_cameraIsRead) {
+        m_loginPause.noteFailure();
+    }
 }
 
 void Supervisor::pingOnce()
@@ -89,6 +124,8 @@ void Supervisor::pingOnce()
     m_failedPings = 0;
     m_connected = false;
     KestDetectorFace *face = KestDetectorFace::Get();
+    face->run.noteLinkLost();
+    face->shellState = ShellState::None;
     face->wifiName = QString();
     face->wifiPassword = QString();
     face->macAddress = QString();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camera/supervisor/GrowingPause.h"
 #include "threads/WorkerThread.h"
 
 #include <QtGlobal>
@@ -9,6 +10,11 @@ class LinkCommands;
 /// The thread that keeps the camera link up: once a second it registers the PC until the camera answers, then logs in
 /// to the shell, reads WiFi and MAC and reports the link; from then on it pings once a second, and drops the link after
 /// the third failed ping in a row. What it finds goes to the facade: its fields and its signals.
+///
+/// A camera that reboots, or is swapped for another, within a few seconds keeps its link but not the shell's
+/// connection. While the link is up, a shell that has gone, or was too slow for the first login, is logged in to again,
+/// at once and then after growing pauses, and WiFi and MAC are read anew. A run hears of the camera that it finds, and
+/// of a link that is lost.
 ///
 /// Which of the PC's addresses and which camera are used is read from option.ini anew on each attempt to connect.
 class Supervisor
@@ -27,10 +33,13 @@ private:
     void func();
     void connectOnce();
     void pingOnce();
+    void keepShell();
 
     LinkCommands &m_commands;
-    bool m_connected = false; ///< this and the next: supervisor thread only
-    int m_failedPings = 0;    ///< in a row
+    bool m_connected = false;    ///< this and the next three: supervisor thread only
+    int m_failedPings = 0;       ///< in a row
+    bool m_cameraIsRead = false; ///< WiFi and MAC, on the shell's present connection
+    GrowingPause m_loginPause;
 
     WorkerThread m_worker; ///< last: it starts when everything else is in place
 };

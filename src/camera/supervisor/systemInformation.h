@@ -1,6 +1,11 @@
 #pragma once
 
-/// Reads WiFi name, passphrase and MAC address over the camera's shell, keeps them in the facade and shows them through
-/// its signals. What could not be read is shown as empty; of the MAC address the facade then keeps what it had. Blocks
-/// like every shell call: never from the GUI thread.
-void publishSystemInformation();
+// WiFi name, passphrase and MAC address, read over the camera's shell, kept in the facade and shown through its
+// signals. A run under way is told which camera answers. They block like every shell call, never to be called from the
+// GUI thread, and return whether every call of the shell came through.
+
+/// What could not be read is shown as empty; of the MAC address the facade then keeps what it had.
+bool publishSystemInformation();
+
+/// For a camera that is known already: what could not be read stays as it was.
+bool refreshSystemInformation();
