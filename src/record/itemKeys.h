@@ -21,6 +21,75 @@ inline constexpr std::array componentKeys = {
     ComponentKey{8, "pcba"},   ComponentKey{9, "log"},
 };
 
+/// Item numbers, component by component: used in the run plan and in the item tables of the checks. They are fixed from
+/// outside, gaps and order included.
+namespace itemId {
+namespace camera {
+inline constexpr int video = 0;
+inline constexpr int factoryCheck = 1;
+} // namespace camera
+
+namespace gimbal {
+inline constexpr int mainLink = 0;
+inline constexpr int rollLink = 1;
+inline constexpr int pitchLink = 2;
+inline constexpr int yawLink = 3;
+inline constexpr int motion = 4;
+} // namespace gimbal
+
+namespace battery {
+inline constexpr int link = 0;
+inline constexpr int status = 1;
+inline constexpr int info = 2;
+inline constexpr int charge = 3;
+} // namespace battery
+
+namespace fan {
+inline constexpr int open = 0;
+} // namespace fan
+
+namespace keyBoard {
+inline constexpr int clicked = 0;
+} // namespace keyBoard
+
+namespace lens {
+inline constexpr int link = 0;
+inline constexpr int status = 1;
+} // namespace lens
+
+namespace tfCard {
+inline constexpr int usage = 0;
+inline constexpr int speed = 1;
+} // namespace tfCard
+
+namespace voice {
+inline constexpr int signal = 0;
+} // namespace voice
+
+namespace pcba {
+inline constexpr int lensDriver = 0;
+inline constexpr int sensor = 1;
+inline constexpr int gimbalMain = 2;
+inline constexpr int gimbalRoll = 3;
+inline constexpr int gimbalPitch = 4;
+inline constexpr int gimbalYaw = 5;
+inline constexpr int battery = 6;
+} // namespace pcba
+
+namespace log {
+inline constexpr int camera = 0;
+inline constexpr int privateLog = 1;
+inline constexpr int dmesg = 2;
+inline constexpr int pstreePs = 3;
+inline constexpr int ifconfig = 4;
+inline constexpr int version = 5;
+inline constexpr int netConf = 6;
+inline constexpr int iwDevAp0Scan = 7;
+inline constexpr int mciInfo = 8;
+inline constexpr int sharefs = 9;
+} // namespace log
+} // namespace itemId
+
 struct ItemKey
 {
     int component;
@@ -30,18 +99,41 @@ struct ItemKey
 
 /// All items by ascending component and number.
 inline constexpr std::array itemKeys = {
-    ItemKey{0, 0, "camera.video"},     ItemKey{0, 1, "camera.factory"},    ItemKey{1, 0, "gimbal.main.link"},
-    ItemKey{1, 1, "gimbal.roll.link"}, ItemKey{1, 2, "gimbal.pitch.link"}, ItemKey{1, 3, "gimbal.yaw.link"},
-    ItemKey{1, 4, "gimbal.motion"},    ItemKey{2, 0, "battery.link"},      ItemKey{2, 1, "battery.status"},
-    ItemKey{2, 2, "battery.info"},     ItemKey{2, 3, "battery.charging"},  ItemKey{3, 0, "fan.run"},
-    ItemKey{4, 0, "button.press"},     ItemKey{5, 0, "lens.link"},         ItemKey{5, 1, "lens.status"},
-    ItemKey{6, 0, "tfcard.use"},       ItemKey{6, 1, "tfcard.speed"},      ItemKey{7, 0, "audio.signal"},
-    ItemKey{8, 0, "pcba.lensDriver"},  ItemKey{8, 1, "pcba.sensor"},       ItemKey{8, 2, "pcba.gimbalMain"},
-    ItemKey{8, 3, "pcba.gimbalRoll"},  ItemKey{8, 4, "pcba.gimbalPitch"},  ItemKey{8, 5, "pcba.gimbalYaw"},
-    ItemKey{8, 6, "pcba.battery"},     ItemKey{9, 0, "log.log"},           ItemKey{9, 1, "log.private"},
-    ItemKey{9, 2, "log.dmesg"},        ItemKey{9, 3, "log.pstree"},        ItemKey{9, 4, "log.ifconfig"},
-    ItemKey{9, 5, "log.version"},      ItemKey{9, 6, "log.netconf"},       ItemKey{9, 7, "log.scan"},
-    ItemKey{9, 8, "log.card"},         ItemKey{9, 9, "log.sharefs"},
+    ItemKey{0, itemId::camera::video, "camera.video"},
+    ItemKey{0, itemId::camera::factoryCheck, "camera.factory"},
+    ItemKey{1, itemId::gimbal::mainLink, "gimbal.main.link"},
+    ItemKey{1, itemId::gimbal::rollLink, "gimbal.roll.link"},
+    ItemKey{1, itemId::gimbal::pitchLink, "gimbal.pitch.link"},
+    ItemKey{1, itemId::gimbal::yawLink, "gimbal.yaw.link"},
+    ItemKey{1, itemId::gimbal::motion, "gimbal.motion"},
+    ItemKey{2, itemId::battery::link, "battery.link"},
+    ItemKey{2, itemId::battery::status, "battery.status"},
+    ItemKey{2, itemId::battery::info, "battery.info"},
+    ItemKey{2, itemId::battery::charge, "battery.charging"},
+    ItemKey{3, itemId::fan::open, "fan.run"},
+    ItemKey{4, itemId::keyBoard::clicked, "button.press"},
+    ItemKey{5, itemId::lens::link, "lens.link"},
+    ItemKey{5, itemId::lens::status, "lens.status"},
+    ItemKey{6, itemId::tfCard::usage, "tfcard.use"},
+    ItemKey{6, itemId::tfCard::speed, "tfcard.speed"},
+    ItemKey{7, itemId::voice::signal, "audio.signal"},
+    ItemKey{8, itemId::pcba::lensDriver, "pcba.lensDriver"},
+    ItemKey{8, itemId::pcba::sensor, "pcba.sensor"},
+    ItemKey{8, itemId::pcba::gimbalMain, "pcba.gimbalMain"},
+    ItemKey{8, itemId::pcba::gimbalRoll, "pcba.gimbalRoll"},
+    ItemKey{8, itemId::pcba::gimbalPitch, "pcba.gimbalPitch"},
+    ItemKey{8, itemId::pcba::gimbalYaw, "pcba.gimbalYaw"},
+    ItemKey{8, itemId::pcba::battery, "pcba.battery"},
+    ItemKey{9, itemId::log::camera, "log.log"},
+    ItemKey{9, itemId::log::privateLog, "log.private"},
+    ItemKey{9, itemId::log::dmesg, "log.dmesg"},
+    ItemKey{9, itemId::log::pstreePs, "log.pstree"},
+    ItemKey{9, itemId::log::ifconfig, "log.ifconfig"},
+    ItemKey{9, itemId::log::version, "log.version"},
+    ItemKey{9, itemId::log::netConf, "log.netconf"},
+    ItemKey{9, itemId::log::iwDevAp0Scan, "log.scan"},
+    ItemKey{9, itemId::log::mciInfo, "log.card"},
+    ItemKey{9, itemId::log::sharefs, "log.sharefs"},
 };
 
 /// The component's key; empty for an id that there is not.

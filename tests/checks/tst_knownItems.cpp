@@ -19,36 +19,9 @@ class tst_knownItems : public QObject
     Q_OBJECT
 
 private slots:
-    void component_data();
-    void component();
     void everyItemHasAKey();
     void windowsPlanNamesOnlyKnownItems();
 };
-
-void tst_knownItems::component_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QList<int>>("items");
-
-    QTest::newRow("camera") << 0 << QList<int>{0, 1};
-    QTest::newRow("gimbal") << 1 << QList<int>{0, 1, 2, 3, 4};
-    QTest::newRow("battery") << 2 << QList<int>{0, 1, 2, 3};
-    QTest::newRow("fan") << 3 << QList<int>{0};
-    QTest::newRow("button") << 4 << QList<int>{0};
-    QTest::newRow("lens") << 5 << QList<int>{0, 1};
-    QTest::newRow("TF card") << 6 << QList<int>{0, 1};
-    QTest::newRow("audio") << 7 << QList<int>{0};
-    QTest::newRow("main board") << 8 << QList<int>{0, 1, 2, 3, 4, 5, 6};
-    QTest::newRow("log") << 9 << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
-    QTest::newRow("below the components") << -1 << QList<int>{};
-    QTest::newRow("above the components") << 10 << QList<int>{};
-}
-
-void tst_knownItems::component()
-{
-    QFETCH(const int, id);
-    QTEST(knownItems(id), "items");
-}
 
 /// What the checks know has a key in records and can be planned, and nothing else has.
 void tst_knownItems::everyItemHasAKey()

@@ -4,10 +4,8 @@
 #include <QSet>
 #include <QTest>
 
-using IntList = QList<int>;
-Q_DECLARE_METATYPE(IntList)
-
-/// The keys of components and items. Records that lie in archives hold them: none of them may ever change.
+/// The keys of components and items. Records that lie in archives hold them: none of them may ever change. That there are
+/// no others than docs/record.md lists is what tst_recordDocument looks at.
 class tst_itemKeys : public QObject
 {
     Q_OBJECT
@@ -25,17 +23,16 @@ void tst_itemKeys::component_data()
 {
     QTest::addColumn<int>("id");
     QTest::addColumn<QString>("key");
-    QTest::addColumn<IntList>("items");
-    QTest::newRow("camera") << 0 << "camera" << IntList{0, 1};
-    QTest::newRow("gimbal") << 1 << "gimbal" << IntList{0, 1, 2, 3, 4};
-    QTest::newRow("battery") << 2 << "battery" << IntList{0, 1, 2, 3};
-    QTest::newRow("fan") << 3 << "fan" << IntList{0};
-    QTest::newRow("keys") << 4 << "button" << IntList{0};
-    QTest::newRow("lens") << 5 << "lens" << IntList{0, 1};
-    QTest::newRow("TF card") << 6 << "tfcard" << IntList{0, 1};
-    QTest::newRow("audio") << 7 << "audio" << IntList{0};
-    QTest::newRow("main board") << 8 << "pcba" << IntList{0, 1, 2, 3, 4, 5, 6};
-    QTest::newRow("log") << 9 << "log" << IntList{0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
+    QTest::newRow("camera") << 0 << "camera";
+    QTest::newRow("gimbal") << 1 << "gimbal";
+    QTest::newRow("battery") << 2 << "battery";
+    QTest::newRow("fan") << 3 << "fan";
+    QTest::newRow("keys") << 4 << "button";
+    QTest::newRow("lens") << 5 << "lens";
+    QTest::newRow("TF card") << 6 << "tfcard";
+    QTest::newRow("audio") << 7 << "audio";
+    QTest::newRow("main board") << 8 << "pcba";
+    QTest::newRow("log") << 9 << "log";
 }
 
 void tst_itemKeys::component()
@@ -44,7 +41,6 @@ void tst_itemKeys::component()
     QFETCH(QString, key);
     QCOMPARE(componentKey(id), key);
     QCOMPARE(componentOfKey(key), std::optional<int>(id));
-    QTEST(itemNumbers(id), "items");
 }
 
 void tst_itemKeys::item_data()
@@ -93,6 +89,7 @@ void tst_itemKeys::item()
 {
     QFETCH(int, component);
     QFETCH(int, number);
+    QVERIFY(itemNumbers(component).contains(number));
     QCOMPARE(itemKey(component, number), QString::fromLatin1(QTest::currentDataTag()));
 }
 

@@ -1,7 +1,7 @@
 #include "camera/client/Camera.h"
 
-#include "camera/client/recordCodec.h"
 #include "camera/client/UDPTransciever.h"
+#include "camera/client/WireReader.h"
 #include "camera/codec/PacketCodec.h"
 #include "camera/supervisor/Supervisor.h"
 #include "camera/supervisor/systemInformation.h"
@@ -405,7 +405,8 @@ void Camera::completeRecord(RecordCompletion<Record> &slot, int code, const std:
         if (length != slot.command.replySize) {
             return requestResult::wrongSize;
         }
-        decode(data, &slot.record);
+        WireReader in(data);
+        slot.record.read(in);
         return requestResult::success;
     });
 }
@@ -437,12 +438,14 @@ void Camera::setGimbalFactoryCheck_Notify(int code, const std::uint8_t *, int le
 
 void Camera::getCameraState_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_cameraState, code, data, length);
+    // Told first: when the caller has its answer, the line is there, too.
     if (code == requestResult::success && length == deviceCommand::getCameraState.replySize) {
         CameraStatus status;
-        decode(data, &status);
+        WireReader in(data);
+        status.read(in);
         qDebug().noquote() << "iCurStatus" << QString::number(status.iCurStatus, 16);
     }
+    completeRecord(m_cameraState, code, data, length);
 }
 
 void Camera::getTFCardStatus_Notify(int code, const std::uint8_t *data, int length)

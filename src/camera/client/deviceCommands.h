@@ -33,7 +33,7 @@ struct DeviceCommand
     int replySize;                  ///< bytes of data in a reply, or one of `replyData`
 };
 
-/// A command whose reply carries a record, for which `recordCodec.h` has a `decode`.
+/// A command whose reply carries a record, which reads itself from a `WireReader`.
 template <class Record>
 struct RecordCommand : DeviceCommand
 {

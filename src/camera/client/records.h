@@ -4,7 +4,8 @@
 #include <cstdint>
 
 // The camera's reply records, decoded: the fields in the order of the wire, naturally aligned. On the wire they are
-// packed and little-endian; `docs/protocol.md` has the byte offsets.
+// packed and little-endian; `docs/protocol.md` has the byte offsets. Each record reads itself from a `WireReader`: as
+// many bytes as the row of its command in `deviceCommands.h` says.
 
 /// Reply of `getCameraState`, 88 bytes on the wire.
 struct CameraStatus
@@ -12,6 +13,13 @@ struct CameraStatus
     std::uint64_t reserved0 = 0;  ///< always 0
     std::uint64_t iCurStatus = 0; ///< the camera's status bits, wire bytes 4 to 11
     std::uint32_t reserved1 = 0;  ///< always 0
+
+    template <class In>
+    void read(In &in)
+    {
+        in.skip(4);
+        in.take(iCurStatus);
+    }
 };
 static_assert(sizeof(CameraStatus) == 24);
 
@@ -20,6 +28,12 @@ struct TFCardStatus
 {
     std::int32_t state = 0;  ///< 2 = ready
     std::int32_t reason = 0; ///< why the card is not ready
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(state, reason);
+    }
 };
 static_assert(sizeof(TFCardStatus) == 8);
 
@@ -30,6 +44,12 @@ struct TFCardUsedStatus
     std::uint64_t total = 0;
     std::uint64_t available = 0;
     std::uint64_t used = 0;
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(sectorSize, total, available, used);
+    }
 };
 static_assert(sizeof(TFCardUsedStatus) == 32);
 
@@ -56,6 +76,15 @@ struct BatteryInfo
     std::uint8_t charger = 0;    ///< 0 = not plugged in
     std::uint8_t microphone = 0; ///< 0 = not plugged in
     std::uint8_t pogoPin = 0;    ///< 0 = no accessory
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(subId, versionInfo, softwareVersion, hardwareVersion, charge);
+        in.take(voltage, current, temperature, minutesToEmpty, minutesToFull);
+        in.take(deviceType, firmwareInfo, hardwareInfo, cycleCount, fullCapacity);
+        in.take(manufacturer, warningBits, charger, microphone, pogoPin);
+    }
 };
 static_assert(sizeof(BatteryInfo) == 44);
 
@@ -68,6 +97,12 @@ struct BatteryStatus
     std::uint16_t temperature = 0;
     std::uint16_t minutesToEmpty = 0;
     std::uint16_t minutesToFull = 0;
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(charge, voltage, current, temperature, minutesToEmpty, minutesToFull);
+    }
 };
 static_assert(sizeof(BatteryStatus) == 12);
 
@@ -84,6 +119,12 @@ struct GimbalDeviceInfo
     std::array<std::uint8_t, 16>
         bytes{}; ///< [4], [8] and [12]: link flags of the roll, pitch and yaw axes, 0 = no link
     std::array<std::uint32_t, 12> words{};
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(bytes, words);
+    }
 };
 static_assert(sizeof(GimbalDeviceInfo) == 64);
 
@@ -92,6 +133,12 @@ struct GimbalState
 {
     std::array<std::uint16_t, 7> words{};
     std::array<std::uint8_t, 12> bytes{}; ///< [7] (wire byte 21): state of the factory movement
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(words, bytes);
+    }
 };
 static_assert(sizeof(GimbalState) == 26);
 
@@ -99,6 +146,12 @@ static_assert(sizeof(GimbalState) == 26);
 struct GimbalESCDevicesCheck
 {
     std::uint8_t flags = 0; ///< factory test passed: bit 0 yaw, bit 1 pitch, bit 2 roll, bit 3 main controller
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(flags);
+    }
 };
 static_assert(sizeof(GimbalESCDevicesCheck) == 1);
 

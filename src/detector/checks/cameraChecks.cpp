@@ -6,8 +6,8 @@
 #include "detector/checks/noteRequest.h"
 #include "detector/checks/statusBitCheck.h"
 #include "detector/store/componentId.h"
-#include "detector/store/itemId.h"
 #include "detector/store/verdict.h"
+#include "record/itemKeys.h"
 
 #include <array>
 #include <QObject>

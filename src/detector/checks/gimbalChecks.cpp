@@ -6,9 +6,9 @@
 #include "detector/checks/statusBitCheck.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
-#include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/verdict.h"
+#include "record/itemKeys.h"
 
 #include <array>
 #include <cstddef>

@@ -3,8 +3,8 @@
 #include "detector/checks/checkComponent.h"
 #include "detector/checks/statusBitCheck.h"
 #include "detector/store/componentId.h"
-#include "detector/store/itemId.h"
 #include "detector/store/verdict.h"
+#include "record/itemKeys.h"
 
 #include <array>
 #include <QObject>

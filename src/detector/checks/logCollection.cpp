@@ -4,12 +4,12 @@
 #include "detector/checks/noteRequest.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
-#include "detector/store/itemId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/PartFile.h"
 #include "detector/store/runFolder.h"
 #include "detector/store/verdict.h"
 #include "ftp/FtpDownLoadFace.h"
+#include "record/itemKeys.h"
 #include "telnet/session/shellStep.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 

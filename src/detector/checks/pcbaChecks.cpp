@@ -5,8 +5,8 @@
 #include "detector/checks/judgeAnswer.h"
 #include "detector/checks/noteRequest.h"
 #include "detector/store/componentId.h"
-#include "detector/store/itemId.h"
 #include "detector/store/verdict.h"
+#include "record/itemKeys.h"
 
 #include <array>
 #include <QObject>

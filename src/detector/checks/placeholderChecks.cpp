@@ -2,8 +2,8 @@
 
 #include "detector/checks/checkComponent.h"
 #include "detector/store/componentId.h"
-#include "detector/store/itemId.h"
 #include "detector/store/verdict.h"
+#include "record/itemKeys.h"
 
 #include <array>
 #include <QObject>

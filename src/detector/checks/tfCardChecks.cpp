@@ -5,9 +5,9 @@
 #include "detector/checks/noteRequest.h"
 #include "detector/checks/reportNumber.h"
 #include "detector/store/componentId.h"
-#include "detector/store/itemId.h"
 #include "detector/store/translatedEntry.h"
 #include "detector/store/verdict.h"
+#include "record/itemKeys.h"
 #include "telnet/session/shellStep.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
