@@ -4,8 +4,8 @@
 #include <QSet>
 #include <QTest>
 
-/// The keys of components and items. Records that lie in archives hold them: none of them may ever change. That there are
-/// no others than docs/record.md lists is what tst_recordDocument looks at.
+/// The keys of components and items. Records that lie in archives hold them: none of them may ever change. That there
+/// are no others than docs/record.md lists is what tst_recordDocument looks at.
 class tst_itemKeys : public QObject
 {
     Q_OBJECT
