@@ -414,7 +414,7 @@ void tst_Camera::cameraStateIsInTheDebugOutput()
                  return outcome(camera.getCameraState(&status));
              }),
              QStringLiteral("0"));
-    QCOMPARE(spy.messages(), QStringList{QStringLiteral("iCurStatus ab80000000000000")});
+    QCOMPARE(spy.containing(QStringLiteral("iCurStatus")), QStringList{QStringLiteral("iCurStatus ab80000000000000")});
 }
 
 void tst_Camera::appIpReport()
@@ -542,7 +542,8 @@ void tst_Camera::replyThatNoCommandExpectsIsTold()
     const MessageSpy spy;
     QCOMPARE(make([](Camera &camera) { return outcome(camera.Ping()); }), QStringLiteral("0"));
     // Once, and not a hundred times: whoever sends these could send millions.
-    QCOMPARE(spy.messages(), QStringList{QStringLiteral("A reply to a command that is never sent: (Factory) 0x0023")});
+    QCOMPARE(spy.containing(QStringLiteral("A reply")),
+             QStringList{QStringLiteral("A reply to a command that is never sent: (Factory) 0x0023")});
 }
 
 void tst_Camera::requestThatIsNotSentIsTold()
@@ -621,6 +622,7 @@ void tst_Camera::whatIsSentAgain()
     // All at once: different commands do not hold each other up, and the longest wait is 3 s.
     std::vector<QString> outcomes(rows.size());
     std::vector<std::thread> threads;
+    threads.reserve(rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         threads.emplace_back([&, i] {
             const int result = rows[i].request(camera);
@@ -628,9 +630,11 @@ void tst_Camera::whatIsSentAgain()
             outcomes[i] = QStringLiteral("%1 %2 %3").arg(result).arg(tally.resent).arg(tally.unanswered);
         });
     }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
     QStringList seen;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        threads[i].join();
         const protocol::Command command = rows[i].command.command;
         seen.append(QStringLiteral("%1: %2 %3")
                         .arg(QLatin1String(rows[i].name))

@@ -18,8 +18,10 @@ void tst_FairMutex::oneAtATime()
 {
     FairMutex mutex;
     int count = 0;
+    constexpr int users = 4;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
+    threads.reserve(users);
+    for (int i = 0; i < users; ++i) {
         threads.emplace_back([&] {
             for (int round = 0; round < 1000; ++round) {
                 const std::lock_guard<FairMutex> lock(mutex);
