@@ -1,5 +1,7 @@
 #include "camera/client/Camera.h"
 #include "camera/client/UDPTransciever.h"
+#include "camera/supervisor/LinkCommands.h"
+#include "camera/supervisor/Supervisor.h"
 #include "DatagramPeer.h"
 #include "detector/store/KestDetectorFace.h"
 #include "support/MessageSpy.h"
@@ -28,6 +30,25 @@ bool writeIni(const QByteArray &text)
 }
 } // namespace
 
+namespace {
+/// A client whose camera refuses to be registered.
+class RefusedCommands final : public LinkCommands
+{
+public:
+    int registerPC(const QString &ip) override
+    {
+        // The transceiver takes the camera's address from the facade with the first request.
+        registrations =
+            registrations.get() + ip + QLatin1Char('>') + KestDetectorFace::Get()->cameraAddress + QLatin1Char(' ');
+        return 3;
+    }
+    int Ping() override { return 3; }
+    bool requestsAbandoned() const override { return false; }
+
+    Guarded<QString> registrations; ///< "<PC>><camera> " each
+};
+} // namespace
+
 /// The camera supervisor: one process-wide thread, so the tests follow one camera through its life, in this order.
 class tst_Supervisor : public QObject
 {
@@ -37,6 +58,8 @@ private slots:
     void initTestCase();
     void cleanupTestCase();
 
+    void triesTheConfiguredLink_data();
+    void triesTheConfiguredLink();
     void withoutPcAddressNothingIsSent_data();
     void withoutPcAddressNothingIsSent();
     void refusedRegistrationStaysDisconnected();
@@ -129,6 +152,35 @@ int tst_Supervisor::count(int command) const
     const QList<Frame> requests = m_peer->requests();
     return static_cast<int>(std::count_if(requests.begin(), requests.end(),
                                           [command](const Frame &frame) { return frame.commandId == command; }));
+}
+
+void tst_Supervisor::triesTheConfiguredLink_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<QString>("registration");
+
+    QTest::newRow("USB only") << QByteArray("[BaseOption]\nusb=127.0.0.12\nwifi=198.51.100.7\n")
+                              << QStringLiteral("127.0.0.1>127.0.0.12 ");
+    QTest::newRow("WiFi only") << QByteArray("[BaseOption]\nusb=198.51.100.7\nwifi=127.0.0.13\n")
+                               << QStringLiteral("127.0.0.1>127.0.0.13 ");
+    QTest::newRow("USB not configured") << QByteArray("[BaseOption]\nusb=\nwifi=127.0.0.13\n")
+                                        << QStringLiteral("127.0.0.1>127.0.0.13 ");
+    QTest::newRow("both on one network") << QByteArray("[BaseOption]\nusb=127.0.0.12\nwifi=127.0.0.13\n")
+                                         << QStringLiteral("127.0.0.1>127.0.0.12 ");
+}
+
+void tst_Supervisor::triesTheConfiguredLink()
+{
+    QFETCH(QByteArray, ini);
+    QFETCH(QString, registration);
+    QVERIFY(writeIni(ini));
+    RefusedCommands commands;
+    Supervisor supervisor(commands);
+    QTRY_VERIFY(!commands.registrations.get().isEmpty());
+    supervisor.stop();
+    QVERIFY2(commands.registrations.get().startsWith(registration), qPrintable(commands.registrations.get()));
+    QVERIFY(!KestDetectorFace::Get()->connectState);
+    QFile::remove(iniPath());
 }
 
 void tst_Supervisor::withoutPcAddressNothingIsSent_data()
