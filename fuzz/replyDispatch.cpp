@@ -74,9 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }
     Bytes datagram = (data[0] & asItIs) != 0 ? Bytes(data + 1, data + size) : validReply(data[0], {data + 1, size - 1});
     static Camera camera([](KestDataPacket &) { return 0; });
-    static const UDPTransciever transciever(nullptr, {},
-                                            [](protocol::Command command, int code, const std::uint8_t *reply,
-                                               int length) { camera.handleReply(command, code, reply, length); });
+    static const UDPTransciever transciever(nullptr, {}, [](const Reply &reply) { camera.handleReply(reply); });
     transciever.handleDatagram(datagram.data(), static_cast<int>(datagram.size()));
     return 0;
 }
