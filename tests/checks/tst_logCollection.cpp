@@ -8,6 +8,7 @@
 #include <memory>
 #include <QDate>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -35,6 +36,8 @@ private slots:
     void textOfAFailedCommandIsAPart();
     void archiveThatWasNotPackedIsAPart_data();
     void archiveThatWasNotPackedIsAPart();
+    void whatAnotherCameraSaysIsNotKept_data();
+    void whatAnotherCameraSaysIsNotKept();
     void valuesAreNotFilledInAgain();
     void laterLogReplacesTheEarlierOne();
     void folderWithoutMacAddress();
@@ -243,6 +246,36 @@ void tst_logCollection::archiveThatWasNotPackedIsAPart()
     int verdict = 99;
     runLog(downloadCameraLog, &verdict);
     QCOMPARE(m_shell.calls().at(1), QStringLiteral("ftp ftp://127.0.0.10/log.tar.gz ") + folder() + file);
+}
+
+void tst_logCollection::whatAnotherCameraSaysIsNotKept_data()
+{
+    QTest::addColumn<LogRoutine>("routine");
+    QTest::addColumn<QStringList>("calls");
+    QTest::newRow("text") << LogRoutine(downloadDmesgLog) << QStringList{"shell 11 dmesg"};
+    QTest::newRow("archive") << LogRoutine(downloadCameraLog)
+                             << QStringList{"shell 7 tar -zcvf /tmp/ftp/log.tar.gz /var/log",
+                                            "shell 8 rm -rf /tmp/ftp/log.tar.gz"};
+}
+
+void tst_logCollection::whatAnotherCameraSaysIsNotKept()
+{
+    QFETCH(LogRoutine, routine);
+    QFETCH(QStringList, calls);
+    setSafeguards(true);
+    KestDetectorFace *face = KestDetectorFace::Get();
+    QVERIFY(face->run.take(face->macAddress));
+    face->macAddress = QStringLiteral("00:00:00:00:00:01");
+    m_shell.answer(QStringLiteral("dmesg\n"), QStringLiteral("one\r\n~ # "));
+    m_shell.answer(QStringLiteral("tar -zcvf /tmp/ftp/log.tar.gz /var/log\n"), QStringLiteral("~ # "));
+    int verdict = 99;
+    runLog(routine, &verdict);
+    const RunEnd end = face->run.finish();
+    QCOMPARE(m_shell.calls(), calls);
+    QCOMPARE(end.unsaved.size(), 1);
+    QCOMPARE(end.unsaved.constFirst().reason, QStringLiteral("it may come from another camera than that of the run"));
+    QDirIterator files(m_folder->path(), QDir::Files, QDirIterator::Subdirectories);
+    QVERIFY2(!files.hasNext(), qPrintable(files.next()));
 }
 
 void tst_logCollection::valuesAreNotFilledInAgain()

@@ -39,6 +39,9 @@ private slots:
     void cleanup();
     void nameFollowsDateAndCamera();
     void withEvidenceTheNameIsThatOfTheBegin();
+    void cameraOfTheFolder_data();
+    void cameraOfTheFolder();
+    void cameraThatHasNeverToldItsAddress();
     void missingParentsAreMade();
     void reasonIsTheSystems();
     void withoutEvidenceNothingIsMoved();
@@ -59,6 +62,7 @@ void tst_runFolder::init()
     KestDetectorFace *face = KestDetectorFace::Get();
     face->savePath = m_folder->path();
     face->macAddress = QStringLiteral("AA:BB:CC:DD:EE:FF");
+    face->macAddressIsCurrent = true;
 }
 
 void tst_runFolder::cleanup()
@@ -99,6 +103,45 @@ void tst_runFolder::withEvidenceTheNameIsThatOfTheBegin()
     QCOMPARE(logFolder(QStringLiteral("1999-01-01")), expected);
     face->run.finish();
     QCOMPARE(logFolder(QStringLiteral("1999-01-01")), expected); // its log comes after its end
+}
+
+void tst_runFolder::cameraOfTheFolder_data()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::addColumn<QString>("mac");
+    QTest::addColumn<bool>("isCurrent");
+    QTest::addColumn<bool>("isIt");
+    const QString own = QStringLiteral("AA:BB:CC:DD:EE:FF");
+    const QString other = QStringLiteral("00:00:00:00:00:01");
+    QTest::newRow("the run's own") << true << own << true << true;
+    QTest::newRow("somebody's, whose address is not read yet") << true << own << false << false;
+    QTest::newRow("another one") << true << other << true << false;
+    QTest::newRow("another one before") << true << other << false << false;
+    QTest::newRow("none") << true << QString() << true << false;
+    QTest::newRow("another one, nothing is kept") << false << other << true << true;
+    QTest::newRow("somebody's, nothing is kept") << false << own << false << true;
+}
+
+void tst_runFolder::cameraOfTheFolder()
+{
+    QFETCH(bool, safeguards);
+    QFETCH(QString, mac);
+    QFETCH(bool, isCurrent);
+    QFETCH(bool, isIt);
+    beginRun(safeguards);
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->macAddress = mac;
+    face->macAddressIsCurrent = isCurrent;
+    QCOMPARE(isCameraOfRunFolder(), isIt);
+}
+
+void tst_runFolder::cameraThatHasNeverToldItsAddress()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    face->macAddress = QString();
+    face->macAddressIsCurrent = false;
+    beginRun(true);
+    QVERIFY(isCameraOfRunFolder());
 }
 
 void tst_runFolder::missingParentsAreMade()

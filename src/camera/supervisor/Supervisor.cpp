@@ -73,6 +73,7 @@ void Supervisor::connectOnce()
     face->shellState = loggedIn ? ShellState::Up : ShellState::None;
     publishLink(true);
     m_cameraIsRead = publishSystemInformation();
+    face->macAddressIsCurrent = m_cameraIsRead;
     m_loginPause.reset();
     if (!loggedIn || !m_cameraIsRead) {
         m_loginPause.noteFailure();
@@ -89,6 +90,7 @@ void Supervisor::keepShell()
     bool isThere = shell->connected();
     if (!isThere && face->shellState == ShellState::Up) {
         face->shellState = ShellState::Regaining;
+        face->macAddressIsCurrent = false;
         m_cameraIsRead = false;
         m_loginPause.reset();
     }
@@ -100,6 +102,7 @@ void Supervisor::keepShell()
     }
     if (isThere) {
         m_cameraIsRead = refreshSystemInformation();
+        face->macAddressIsCurrent = m_cameraIsRead;
         // Only now: a run that waits for the shell begins with the MAC address of the camera that is there.
         face->shellState = ShellState::Up;
     }

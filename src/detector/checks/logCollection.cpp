@@ -83,6 +83,11 @@ void noteUnsaved(const QString &path, const QString &reason)
     KestDetectorFace::Get()->run.noteUnsaved({path, reason});
 }
 
+QString foreignCamera()
+{
+    return QObject::tr("it may come from another camera than that of the run");
+}
+
 /// A place for a file in the folder of the run, which exists afterwards if it can be created.
 struct LocalFile
 {
@@ -103,6 +108,7 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
     const Settings &settings = face->settings();
     TelnetInteractiveFace *shell = TelnetInteractiveFace::Get();
     const QString name = QLatin1String(archive.name);
+    const QString removal = QStringLiteral("rm -rf %1/%2\n").arg(settings.zipLogTargetPath, name);
     QString reply;
     // Several values go into one arg(): a "%1" inside a path is not a place to fill.
     *verdict = shell->telnet(
@@ -113,6 +119,11 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
     }
     const QString url = QStringLiteral("ftp://%1/%2").arg(face->cameraAddress.get(), name);
     const LocalFile local(date, name);
+    if (!isCameraOfRunFolder()) {
+        noteUnsaved(local.path, foreignCamera());
+        *verdict = shell->telnet(removal, archive.removeStep, &reply);
+        return {};
+    }
     // Of an archive that was not packed in time, all that can come is a part.
     const bool packed = *verdict == 0;
     const bool part = !packed && face->safeguards().keepsEvidence();
@@ -122,8 +133,7 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
         noteUnsaved(local.path,
                     local.problem.isEmpty() ? QObject::tr("the camera's archive could not be fetched") : local.problem);
     }
-    *verdict = shell->telnet(QStringLiteral("rm -rf %1/%2\n").arg(settings.zipLogTargetPath, name), archive.removeStep,
-                             &reply);
+    *verdict = shell->telnet(removal, archive.removeStep, &reply);
     return {};
 }
 
@@ -159,6 +169,10 @@ QString downloadText(const TextLog &log, int *verdict, const QString &date)
         return {}; // given up: nothing to replace an earlier file with
     }
     const LocalFile local(date, QLatin1String(log.fileName));
+    if (!isCameraOfRunFolder()) {
+        noteUnsaved(local.path, foreignCamera());
+        return {};
+    }
     const PartFile place(local.path, face->safeguards().keepsEvidence());
     QString problem = writeText(place, reply, *verdict == 0);
     if (!local.problem.isEmpty()) {

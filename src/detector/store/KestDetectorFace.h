@@ -48,6 +48,8 @@ public:
     // The link, written by the camera supervisor and by the WiFi and MAC readers.
     std::atomic<bool> connectState{false};
     std::atomic<ShellState> shellState{ShellState::None};
+    /// Whether `macAddress` has been read over the present shell: false from the loss of a shell until then.
+    std::atomic<bool> macAddressIsCurrent{true};
     Guarded<QString> pcAddress;     ///< the PC's own IPv4 address on the camera's network
     Guarded<QString> cameraAddress; ///< the camera's IPv4 address: host of telnet and FTP
     Guarded<QString> wifiName;

@@ -65,6 +65,19 @@ QString logFolder(const QString &date)
     return face->savePath.get() + QStringLiteral("/log/%1_%2").arg(day, mac.remove(QLatin1Char(':')));
 }
 
+bool isCameraOfRunFolder()
+{
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    const RunIdentity run = face->run.identity();
+    if (!face->safeguards().keepsEvidence() || !run.begin.isValid()) {
+        return true;
+    }
+    // In this order: the address is the new camera's before it counts as current.
+    const bool isCurrent = face->macAddressIsCurrent;
+    const QString address = face->macAddress;
+    return address == run.macAddress && (isCurrent || address.isEmpty());
+}
+
 QString openLogFolder(const QString &folder)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
