@@ -47,6 +47,11 @@ QString iniPath(const QString &folder)
 }
 } // namespace
 
+bool StationProcess::startsAsShipped()
+{
+    return qEnvironmentVariable("KEST_E2E_SETTINGS") == QLatin1String("shipped");
+}
+
 StationProcess::StationProcess()
 {
     const QString program = m_folder.filePath(QStringLiteral("KestDetector"));
@@ -56,9 +61,8 @@ StationProcess::StationProcess()
         !QFile::copy(QString::fromLocal8Bit(original), program)) {
         qWarning("The station cannot be put into %s", qPrintable(m_folder.path()));
     }
-    const bool shipped = qEnvironmentVariable("KEST_E2E_SETTINGS") == QLatin1String("shipped");
-    writeOptionIni(shipped ? fileContent(QStringLiteral(KEST_SOURCE_DIR "/emulator/option.ini"))
-                           : QByteArray(nineteenKeys));
+    writeOptionIni(startsAsShipped() ? fileContent(QStringLiteral(KEST_SOURCE_DIR "/emulator/option.ini"))
+                                     : QByteArray(nineteenKeys));
     setVariable(QStringLiteral("TMPDIR"), m_temporary.path());
     // Qt would make one of its own among the temporary files.
     setVariable(QStringLiteral("XDG_RUNTIME_DIR"), m_capture.path());

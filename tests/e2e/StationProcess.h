@@ -16,8 +16,11 @@ class StationProcess
     Q_DISABLE_COPY(StationProcess)
 
 public:
-    /// Puts the program into a fresh folder. Its option.ini has the nineteen keys without which a station cannot be and
-    /// no other, or is the shipped one where KEST_E2E_SETTINGS is "shipped".
+    /// Whether the environment asks for the settings that are shipped, by KEST_E2E_SETTINGS=shipped.
+    static bool startsAsShipped();
+
+    /// Puts the program into a fresh folder. Its option.ini is the shipped one where that is asked for; else it has the
+    /// nineteen keys without which a station cannot be, and no other.
     StationProcess();
     ~StationProcess();
 

@@ -59,8 +59,13 @@ void tst_E2eFullRun::exitCode()
 
 void tst_E2eFullRun::verdicts()
 {
-    QCOMPARE(m_station.verdicts(), QStringList({"Camera: OK", "Gimbal: OK", "Battery: OK", "TF Card: OK", "Lens: OK",
-                                                "Fan: OK", "Button: OK", "Audio: OK", "PCBA: OK", "Result: OK"}));
+    const QStringList expected =
+        StationProcess::startsAsShipped()
+            ? QStringList({"Camera: OK", "Gimbal: OK", "Battery: OK", "TF Card: OK", "Lens: OK", "Fan: not tested",
+                           "Button: not tested", "Audio: not tested", "PCBA: OK", "Result: OK"})
+            : QStringList({"Camera: OK", "Gimbal: OK", "Battery: OK", "TF Card: OK", "Lens: OK", "Fan: OK",
+                           "Button: OK", "Audio: OK", "PCBA: OK", "Result: OK"});
+    QCOMPARE(m_station.verdicts(), expected);
 }
 
 void tst_E2eFullRun::servicesStartInTheirOrder()
