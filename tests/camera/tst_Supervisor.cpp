@@ -202,10 +202,11 @@ void tst_Supervisor::withoutPcAddressNothingIsSent()
         QVERIFY(writeIni(ini));
     }
     const MessageSpy messages;
-    m_events.clear();
     Camera::Get();
+    // The first one may be of a round that had begun with the settings before these.
+    QTRY_VERIFY(messages.messages().count(QStringLiteral("sConnectIp \"\" \"\" 9999")) >= 2);
+    m_events.clear();
     QTRY_VERIFY(m_events.contains(QStringLiteral("disconnected")));
-    QVERIFY(messages.messages().contains(QStringLiteral("sConnectIp \"\" \"\" 9999")));
     QVERIFY(!KestDetectorFace::Get()->connectState);
     QCOMPARE(m_peer->datagrams().size(), 0);
 }
