@@ -1,12 +1,16 @@
 #include "app/station/UnattendedRun.h"
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
+#include "support/fileContent.h"
 #include "ui/window/KestDetectorUI.h"
 
+#include <cstdio>
 #include <QAbstractButton>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <unistd.h>
 
 using Face = KestDetectorFace;
 using Code = UnattendedRun::ExitCode;
@@ -33,6 +37,7 @@ private slots:
     void startThatIsRefusedEndsTheRun_data();
     void startThatIsRefusedEndsTheRun();
     void repeatWaitsForTheButton();
+    void runCutShortHasNoVerdicts();
     void unsavedLogIsFive();
 
 private:
@@ -41,6 +46,37 @@ private:
 
     QTemporaryDir m_folder;
 };
+
+namespace {
+/// While it lives, standard output goes into a file.
+class RedirectedOutput
+{
+    Q_DISABLE_COPY(RedirectedOutput)
+
+public:
+    explicit RedirectedOutput(const QString &path)
+    {
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly)) {
+            exchange(file.handle());
+        }
+    }
+    ~RedirectedOutput()
+    {
+        exchange(m_before);
+        close(m_before);
+    }
+
+private:
+    static void exchange(int descriptor)
+    {
+        std::fflush(stdout);
+        dup2(descriptor, STDOUT_FILENO);
+    }
+
+    const int m_before = dup(STDOUT_FILENO);
+};
+} // namespace
 
 CommandLine tst_UnattendedRun::line(int repeat)
 {
@@ -219,6 +255,29 @@ void tst_UnattendedRun::repeatWaitsForTheButton()
     QTRY_VERIFY_WITH_TIMEOUT(!window.isVisible(), 10000);
     QCOMPARE(KestDetectorRt::Get()->finishedRuns(), before + 2);
     QVERIFY(held);
+}
+
+/// What the runner says last may arrive while the program closes: it is no judgement of anything.
+void tst_UnattendedRun::runCutShortHasNoVerdicts()
+{
+    const QString path = m_folder.filePath(QStringLiteral("output"));
+    {
+        const RedirectedOutput redirected(path);
+        KestDetectorUI window;
+        window.show();
+        const UnattendedRun run(&window, line());
+        connect(
+            Face::Get(), &Face::signal_showCurrentComponent, &window, [] { Face::Get()->requestStop(); },
+            Qt::DirectConnection);
+        const int before = KestDetectorRt::Get()->finishedRuns();
+        cameraComes();
+        // The end of the run, and then all that follows from it.
+        QTRY_COMPARE_WITH_TIMEOUT(KestDetectorRt::Get()->finishedRuns(), before + 1, 10000);
+        Face::Get()->takeBackStop();
+        QTRY_VERIFY(!window.isVisible());
+        QCOMPARE(run.exitCode(), 4);
+    }
+    QCOMPARE(fileContent(path), QByteArray());
 }
 
 void tst_UnattendedRun::unsavedLogIsFive()

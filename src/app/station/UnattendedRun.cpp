@@ -188,6 +188,10 @@ void UnattendedRun::report()
     m_savedTimer.stop();
     QCoreApplication::sendPostedEvents(this); // the last notices, told by the runner's thread
     const ExitCode code = exitCodeOf(KestDetectorRt::Get()->lastRun());
+    if (code == Stopped) {
+        leave(Stopped); // what a run cut short found is no judgement
+        return;
+    }
     m_worst = weight(code) > weight(m_worst) ? code : m_worst;
     ::print(stdout, QStringLiteral("%1Result: %2\n\n%3")
                         .arg(m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
