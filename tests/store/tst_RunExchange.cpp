@@ -40,6 +40,7 @@ private slots:
     void startDuringARunChangesNothing();
     void postingDropsTheRecordsOfTheRunBefore();
     void runBelongsToTheCameraAndTimeOfItsBegin();
+    void runCarriesTheLabelsThatItWasPostedWith();
     void whatBecameOfTheCamera_data();
     void whatBecameOfTheCamera();
     void whatHappensBetweenRunsConcernsNone();
@@ -131,6 +132,26 @@ void tst_RunExchange::runBelongsToTheCameraAndTimeOfItsBegin()
     const RunIdentity identity = run.finish().identity;
     QCOMPARE(identity.macAddress, cameraA);
     QVERIFY(before <= identity.begin && identity.begin <= after);
+}
+
+void tst_RunExchange::runCarriesTheLabelsThatItWasPostedWith()
+{
+    const RunLabels first{QStringLiteral("Li"), QStringLiteral("B7"), QStringLiteral("SN-1")};
+    const RunLabels second{QStringLiteral("Li"), QStringLiteral("B7"), QStringLiteral("SN-2")};
+    RunExchange run;
+    run.post({}, first);
+    run.take(cameraA);
+    QVERIFY(!run.post({}, second)); // the run under way keeps its own
+    QCOMPARE(run.identity().labels, first);
+    QCOMPARE(run.finish().identity.labels, first);
+
+    run.post({}, second);
+    run.take(cameraA);
+    QCOMPARE(run.finish().identity.labels, second);
+
+    run.post({});
+    run.take(cameraA);
+    QCOMPARE(run.finish().identity.labels, RunLabels());
 }
 
 void tst_RunExchange::whatBecameOfTheCamera_data()

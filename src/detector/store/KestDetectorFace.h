@@ -5,6 +5,7 @@
 #include "detector/store/Guarded.h"
 #include "detector/store/Notices.h"
 #include "detector/store/RunExchange.h"
+#include "detector/store/RunLabels.h"
 #include "detector/store/Safeguards.h"
 #include "detector/store/Settings.h"
 
@@ -39,7 +40,8 @@ public:
     int runRequest() const { return run.runRequest(); }
     QList<ComponentTask> taskList() const { return run.taskList(); }
     QList<checkLog> checkLogList() const { return run.checkLogList(); }
-    Guarded<QString> savePath; ///< the operator's folder; at first the application's directory
+    Guarded<QString> savePath;    ///< the operator's folder; at first the application's directory
+    Guarded<RunLabels> runLabels; ///< what the next run is posted with
 
     Notices notices; ///< what the operator is told in plain words
 

@@ -1,12 +1,13 @@
 #include "detector/store/RunExchange.h"
 
-bool RunExchange::post(const QList<ComponentTask> &plan)
+bool RunExchange::post(const QList<ComponentTask> &plan, const RunLabels &labels)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_active) {
         return false;
     }
     m_plan = plan;
+    m_labels = labels;
     m_run.logs.clear();
     m_requested = true;
     return true;
@@ -19,7 +20,7 @@ std::optional<QList<ComponentTask>> RunExchange::take(const QString &macAddress)
         return std::nullopt;
     }
     m_active = true;
-    m_run.identity = {macAddress, QDateTime::currentDateTime()};
+    m_run.identity = {macAddress, QDateTime::currentDateTime(), m_labels};
     m_run.camera = RunEnd::Camera::Kept;
     m_run.unsaved.clear();
     m_folderClaimed = false;

@@ -2,6 +2,7 @@
 
 #include "detector/store/checkLog.h"
 #include "detector/store/ComponentTask.h"
+#include "detector/store/RunLabels.h"
 
 #include <mutex>
 #include <optional>
@@ -14,6 +15,7 @@ struct RunIdentity
 {
     QString macAddress; ///< of the camera; empty: unknown
     QDateTime begin;    ///< local time
+    RunLabels labels;   ///< as they were posted
 };
 
 /// A file that the run should have left and did not.
@@ -50,7 +52,7 @@ public:
 
     /// Requests a run and drops the records of the one before; false, and nothing else, while a run is under way. A
     /// plan that nobody has taken yet is replaced.
-    bool post(const QList<ComponentTask> &plan);
+    bool post(const QList<ComponentTask> &plan, const RunLabels &labels = {});
     /// The posted plan, if there is one: the run is under way from here until `finish`. `macAddress` is the camera's of
     /// this moment.
     std::optional<QList<ComponentTask>> take(const QString &macAddress);
@@ -77,6 +79,7 @@ private:
     bool m_requested = false;
     bool m_active = false;
     QList<ComponentTask> m_plan;
+    RunLabels m_labels; ///< of the plan posted last
     RunEnd m_run;
     bool m_folderClaimed = false;
     QString m_knownMac; ///< the run's own camera, as soon as it is known

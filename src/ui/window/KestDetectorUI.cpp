@@ -403,7 +403,7 @@ void KestDetectorUI::on_tbStart_clicked()
         face->notices.tell(Notices::notStarted(missing));
         return;
     }
-    if (face->run.post(plan)) {
+    if (face->run.post(plan, face->runLabels)) {
         clearResults();
     }
     // Otherwise it was pressed before the runner could disable it: what its run has shown so far must stay.
