@@ -1,7 +1,4 @@
 #include "app/station/CommandLine.h"
-#include "app/station/OneStation.h"
-#include "app/station/platformChoice.h"
-#include "app/station/TerminationSignals.h"
 #include "app/station/UnattendedRun.h"
 #include "camera/client/Camera.h"
 #include "detector/run/KestDetectorRt.h"
@@ -9,13 +6,15 @@
 #include "detector/store/Settings.h"
 #include "ftp/FtpDownLoad.h"
 #include "ftp/FtpDownLoadFace.h"
+#include "platform/OneStation.h"
+#include "platform/plainLocale.h"
+#include "platform/platformChoice.h"
+#include "platform/TerminationSignals.h"
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 #include "ui/window/KestDetectorUI.h"
 
 #include <cstdio>
-#include <cstring>
-#include <langinfo.h>
 #include <memory>
 #include <QApplication>
 #include <QMessageBox>
@@ -26,8 +25,7 @@ namespace {
 /// In the plain C locale neither the camera's texts nor a folder's name could hold Chinese.
 void useUtf8InPlainLocale()
 {
-    const char *codeset = nl_langinfo(CODESET); // NOLINT(concurrency-mt-unsafe): no other thread is there yet
-    if (std::strcmp(codeset, "ANSI_X3.4-1968") == 0) {
+    if (localeIsPlain()) {
         QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     }
 }

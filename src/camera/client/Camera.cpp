@@ -7,9 +7,9 @@
 #include "camera/supervisor/systemInformation.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/requestTally.h"
+#include "platform/networkAddress.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <chrono>
 #include <QDebug>
 #include <utility>
@@ -178,7 +178,7 @@ void Camera::getPacket4AppIpReport(unsigned long ip, unsigned short port, KestDa
 int Camera::registerPC(const QString &ip)
 {
     KestDataPacket packet;
-    getPacket4AppIpReport(inet_addr(qPrintable(ip)), protocol::pcPort, &packet);
+    getPacket4AppIpReport(networkAddress(ip), protocol::pcPort, &packet);
     return request(m_registerPC, packet, [] {});
 }
 

@@ -1,26 +1,20 @@
 #include "camera/client/UDPTransciever.h"
 
 #include "camera/client/Camera.h"
-#include "camera/client/datagramFilter.h"
 #include "camera/codec/PacketCodec.h"
 #include "detector/store/KestDetectorFace.h"
+#include "platform/datagramFilter.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
-#include <netinet/in.h>
-#include <poll.h>
 #include <QUdpSocket>
-#include <sys/eventfd.h>
-#include <sys/socket.h>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
 namespace {
-constexpr int pollLimitMs = 5;
 constexpr std::size_t largestDatagram = 65536;
 constexpr std::chrono::milliseconds exitLimit(2000);
 
@@ -55,12 +49,11 @@ UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args)
 UDPTransciever::UDPTransciever(QObject *parent, const UDPortArgs &args, DeliverReply deliver)
     : QObject(parent), m_deliver(std::move(deliver)), localPort(args.localPort), peerPort(args.peerPort),
       peerIp(KestDetectorFace::Get()->cameraAddress), m_peerAddress(peerIp), m_socket(new QUdpSocket(this)),
-      m_descriptor(openSocket()), m_stopEvent(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
-      m_receiver("receive", exitLimit, [this] { rx_func(); })
+      m_reader(openSocket(), &m_socketMutex), m_receiver("receive", exitLimit, [this] { rx_func(); })
 {
 }
 
-int UDPTransciever::openSocket()
+QUdpSocket *UDPTransciever::openSocket()
 {
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, true);
     m_socket->setSocketOption(QAbstractSocket::KeepAliveOption, true);
@@ -71,32 +64,25 @@ int UDPTransciever::openSocket()
         // A camera that answers to where a request came from is reached from any port.
         m_socket->bind();
     }
-    const auto descriptor = static_cast<int>(m_socket->socketDescriptor());
-    if (descriptor >= 0 && !dropForeignDatagrams(descriptor, static_cast<std::uint16_t>(peerPort))) {
+    if (m_socket->socketDescriptor() >= 0 &&
+        !dropForeignDatagrams(m_socket, static_cast<std::uint16_t>(peerPort), protocol::maxFrameSize)) {
         qWarning("UDP port %d: no filter against floods", localPort);
     }
     // The receive thread reads; no event loop may: without a thread of its own the socket gets no notifiers.
     if (parent() == nullptr) {
         moveToThread(nullptr);
     }
-    return descriptor;
+    return m_socket;
 }
 
 UDPTransciever::~UDPTransciever()
 {
     killThread();
-    if (m_stopEvent >= 0) {
-        ::close(m_stopEvent);
-    }
 }
 
 void UDPTransciever::killThread()
 {
-    m_receiver.stop([this] {
-        if (m_stopEvent >= 0) {
-            ::eventfd_write(m_stopEvent, 1);
-        }
-    });
+    m_receiver.stop([this] { m_reader.stop(); });
 }
 
 int UDPTransciever::write(const char *bytes, int length)
@@ -129,7 +115,6 @@ void UDPTransciever::rx_func()
 {
     std::vector<std::uint8_t> datagram(largestDatagram);
     while (m_receiver.running()) {
-        waitForDatagram();
         const int size = receive(&datagram);
         if (size > 0) {
             handleDatagram(datagram.data(), size);
@@ -137,31 +122,13 @@ void UDPTransciever::rx_func()
     }
 }
 
-void UDPTransciever::waitForDatagram() const
+int UDPTransciever::receive(std::vector<std::uint8_t> *buffer)
 {
-    // poll(2) leaves out a negative descriptor.
-    std::array<pollfd, 2> entries{pollfd{m_descriptor, POLLIN, 0}, pollfd{m_stopEvent, POLLIN, 0}};
-    const int limit = m_stopEvent < 0 ? pollLimitMs : -1;
-    if (::poll(entries.data(), entries.size(), limit) > 0 && (entries[0].revents & ~POLLIN) != 0) {
-        // A socket in error is always ready: it is left alone for as long as one without news.
-        ::poll(nullptr, 0, pollLimitMs);
-    }
-}
-
-int UDPTransciever::receive(std::vector<std::uint8_t> *buffer) const
-{
-    sockaddr_storage from{};
-    socklen_t fromSize = sizeof from;
-    auto *const fromAddress = reinterpret_cast<sockaddr *>(&from);
-    const ssize_t size = ::recvfrom(m_descriptor, buffer->data(), buffer->size(), MSG_DONTWAIT, fromAddress, &fromSize);
-    if (size <= 0) {
-        return 0;
-    }
-    const in_port_t port = from.ss_family == AF_INET6 ? reinterpret_cast<const sockaddr_in6 *>(&from)->sin6_port
-                                                      : reinterpret_cast<const sockaddr_in *>(&from)->sin_port;
+    DatagramReader::Sender sender;
+    const int size = m_reader.read(buffer, &sender);
     const bool fromCamera =
-        ntohs(port) == static_cast<std::uint16_t>(peerPort) && QHostAddress(fromAddress).toString().contains(peerIp);
-    return fromCamera ? static_cast<int>(size) : 0;
+        sender.port == static_cast<std::uint16_t>(peerPort) && sender.address.toString().contains(peerIp);
+    return fromCamera ? size : 0;
 }
 
 void UDPTransciever::handleDatagram(std::uint8_t *datagram, int length) const

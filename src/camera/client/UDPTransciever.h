@@ -2,6 +2,7 @@
 
 #include "camera/client/Reply.h"
 #include "camera/client/UDPortArgs.h"
+#include "platform/DatagramReader.h"
 #include "threads/WorkerThread.h"
 
 #include <array>
@@ -61,15 +62,13 @@ public slots:
     void slot_udpReadyRead();
 
 private:
-    /// Makes `m_socket` ready to send and to be read; its descriptor, or -1.
-    int openSocket();
+    /// Makes `m_socket` ready to send and to be read, and returns it.
+    QUdpSocket *openSocket();
     void rx_func();
     int write(const char *bytes, int length);
-    /// Returns when a datagram may be there or the thread is to stop.
-    void waitForDatagram() const;
-    /// Takes the next datagram into `buffer` and returns its size; 0 when there is none, or none of the camera's
-    /// command port. The kernel lets it run beside a send.
-    int receive(std::vector<std::uint8_t> *buffer) const;
+    /// Waits for the next datagram, takes it into `buffer` and returns its size; 0 when there is none, or none of the
+    /// camera's command port.
+    int receive(std::vector<std::uint8_t> *buffer);
 
     const DeliverReply m_deliver;
     std::uint16_t localPort;
@@ -77,11 +76,10 @@ private:
     QString peerIp;
     QHostAddress m_peerAddress; ///< `peerIp`, read once
     QUdpSocket *m_socket = nullptr;
-    int m_descriptor = -1; ///< of the socket; -1 when it has no port at all: then nothing can be received
-    int m_stopEvent = -1;  ///< eventfd(2), written to wake the receive thread for its end
     std::mutex m_socketMutex;
     std::array<std::uint8_t, 1024> m_sendBuffer{};
     int m_sendLength = 0;
+    DatagramReader m_reader;
 
     WorkerThread m_receiver; ///< last: it starts when everything else is in place
 };

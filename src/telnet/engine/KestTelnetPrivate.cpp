@@ -1,14 +1,14 @@
 #include "telnet/engine/KestTelnetPrivate.h"
 
+#include "platform/sendUrgent.h"
+#include "platform/watchPeer.h"
 #include "telnet/engine/KestTelnet.h"
 #include "telnet/engine/KestTelnetAuthNull.h"
 #include "telnet/engine/KestTelnetCodes.h"
-#include "telnet/engine/watchPeer.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <sys/socket.h>
 #include <utility>
 
 namespace {
@@ -255,8 +255,7 @@ void KestTelnetPrivate::sendSync()
         return;
     }
     socket->flush();
-    const uchar dataMark = telnetCode::dm;
-    static_cast<void>(::send(static_cast<int>(socket->socketDescriptor()), &dataMark, 1, MSG_OOB | MSG_NOSIGNAL));
+    sendUrgent(socket, telnetCode::dm);
 }
 
 bool KestTelnetPrivate::hasValidWindowSize() const

@@ -1,4 +1,4 @@
-#include "app/station/platformChoice.h"
+#include "platform/platformChoice.h"
 
 #include <QtTest>
 #include <vector>

@@ -1,8 +1,4 @@
-#include "app/station/OneStation.h"
-
-#include <QtGlobal>
-
-#ifdef Q_OS_LINUX
+#include "platform/OneStation.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -34,23 +30,5 @@ OneStation::OneStation() : m_hold(std::make_unique<Hold>())
     m_alone =
         ::bind(m_hold->descriptor, reinterpret_cast<const sockaddr *>(&address), size) == 0 || errno != EADDRINUSE;
 }
-
-#else
-
-#include <QDir>
-#include <QLockFile>
-
-struct OneStation::Hold
-{
-    QLockFile file{QDir::temp().filePath(QStringLiteral("KestDetector-station.lock"))};
-};
-
-OneStation::OneStation() : m_hold(std::make_unique<Hold>())
-{
-    m_hold->file.setStaleLockTime(0); // a lock counts as long as its process lives
-    m_alone = m_hold->file.tryLock(0) || m_hold->file.error() != QLockFile::LockFailedError;
-}
-
-#endif
 
 OneStation::~OneStation() = default;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <memory>
 #include <QObject>
-#include <QSocketNotifier>
 
 /// Turns SIGINT and SIGTERM into a Qt signal on the thread that made the object, so that the window is closed as by
 /// hand and the run's log is still written. One object in a process.
@@ -18,6 +18,6 @@ signals:
     void received();
 
 private:
-    int m_pipe[2] = {-1, -1};
-    QSocketNotifier *m_notifier = nullptr;
+    struct Relay;
+    std::unique_ptr<Relay> m_relay;
 };

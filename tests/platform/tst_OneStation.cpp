@@ -1,4 +1,4 @@
-#include "app/station/OneStation.h"
+#include "platform/OneStation.h"
 
 #include <csignal>
 #include <memory>

@@ -1,20 +1,18 @@
-#include "camera/client/datagramFilter.h"
-
-#include "camera/codec/protocol.h"
+#include "platform/datagramFilter.h"
 
 #include <array>
 #include <linux/filter.h>
+#include <QUdpSocket>
 #include <sys/socket.h>
 
 namespace {
 constexpr std::uint32_t udpHeaderSize = 8;
-constexpr std::uint32_t longestFrame = protocol::maxFrameSize;
 constexpr std::uint32_t sourcePortOffset = 0;
 constexpr std::uint32_t keepAll = 0xFFFFFFFF;
 constexpr std::uint32_t drop = 0;
 } // namespace
 
-bool dropForeignDatagrams(int udpSocket, std::uint16_t peerPort)
+bool dropForeignDatagrams(QUdpSocket *socket, std::uint16_t peerPort, std::uint32_t longestFrame)
 {
     // socket(7), SO_ATTACH_FILTER: the program sees a datagram from its UDP header (RFC 768) on.
     std::array<sock_filter, 6> program{{
@@ -26,5 +24,6 @@ bool dropForeignDatagrams(int udpSocket, std::uint16_t peerPort)
         BPF_STMT(BPF_RET | BPF_K, drop),
     }};
     const sock_fprog filter{program.size(), program.data()};
-    return setsockopt(udpSocket, SOL_SOCKET, SO_ATTACH_FILTER, &filter, sizeof filter) == 0;
+    return setsockopt(static_cast<int>(socket->socketDescriptor()), SOL_SOCKET, SO_ATTACH_FILTER, &filter,
+                      sizeof filter) == 0;
 }

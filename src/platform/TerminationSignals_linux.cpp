@@ -1,8 +1,9 @@
-#include "app/station/TerminationSignals.h"
+#include "platform/TerminationSignals.h"
 
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <QSocketNotifier>
 #include <unistd.h>
 
 namespace {
@@ -19,17 +20,23 @@ void note(int)
 }
 } // namespace
 
-TerminationSignals::TerminationSignals()
+struct TerminationSignals::Relay
 {
-    if (pipe2(m_pipe, O_CLOEXEC | O_NONBLOCK) != 0) {
+    int pipe[2] = {-1, -1};
+    std::unique_ptr<QSocketNotifier> notifier;
+};
+
+TerminationSignals::TerminationSignals() : m_relay(std::make_unique<Relay>())
+{
+    if (pipe2(m_relay->pipe, O_CLOEXEC | O_NONBLOCK) != 0) {
         qWarning("SIGINT and SIGTERM will end the program at once: no pipe");
         return;
     }
-    writeEnd = m_pipe[1];
-    m_notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
-    connect(m_notifier, &QSocketNotifier::activated, this, [this] {
+    writeEnd = m_relay->pipe[1];
+    m_relay->notifier = std::make_unique<QSocketNotifier>(m_relay->pipe[0], QSocketNotifier::Read);
+    connect(m_relay->notifier.get(), &QSocketNotifier::activated, this, [this] {
         char byte = 0;
-        while (read(m_pipe[0], &byte, 1) > 0) {
+        while (read(m_relay->pipe[0], &byte, 1) > 0) {
         }
         emit received();
     });
@@ -42,7 +49,8 @@ TerminationSignals::~TerminationSignals()
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
     writeEnd = -1;
-    for (const int end : m_pipe) {
+    m_relay->notifier.reset();
+    for (const int end : m_relay->pipe) {
         if (end >= 0) {
             close(end);
         }

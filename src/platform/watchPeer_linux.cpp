@@ -1,8 +1,6 @@
-#include "telnet/engine/watchPeer.h"
+#include "platform/watchPeer.h"
 
 #include <QAbstractSocket>
-
-#ifdef Q_OS_LINUX
 
 #include <algorithm>
 #include <array>
@@ -36,13 +34,3 @@ bool watchPeer(QAbstractSocket *socket)
                return setsockopt(descriptor, option.level, option.name, &option.value, sizeof option.value) == 0;
            });
 }
-
-#else
-
-bool watchPeer(QAbstractSocket *socket)
-{
-    socket->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
-    return socket->socketDescriptor() >= 0;
-}
-
-#endif

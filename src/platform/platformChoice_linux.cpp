@@ -1,4 +1,4 @@
-#include "app/station/platformChoice.h"
+#include "platform/platformChoice.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,0 +1,3 @@
+#include "platform/platformChoice.h"
+
+void choosePlatform(int, char *[]) {}

@@ -1,0 +1,6 @@
+#include "platform/sendUrgent.h"
+
+bool sendUrgent(QAbstractSocket *, unsigned char)
+{
+    return false;
+}
