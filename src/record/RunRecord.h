@@ -7,6 +7,7 @@
 #include <optional>
 #include <QDateTime>
 #include <QList>
+#include <QMetaType>
 #include <QString>
 #include <QUuid>
 
@@ -103,6 +104,7 @@ struct RunRecord
     QString reason;                    ///< of an outcome other than passed, for people
     QList<ComponentRecord> components; ///< those that were run, in the order of running
 };
+Q_DECLARE_METATYPE(RunRecord)
 
 /// `verdict` as the checks say it: 0 passed, 1 failed, 2 warning, anything else not tested.
 Verdict verdictOfCode(int code);

@@ -39,25 +39,26 @@ void tst_linkChoice::link_data()
     QTest::addColumn<QString>("pcOnUsb");
     QTest::addColumn<QString>("pcAddress");
     QTest::addColumn<QString>("cameraAddress");
+    QTest::addColumn<QString>("name");
 
     const auto row = [](const char *name, const char *usb, const char *wifi, const char *pcOnWifi, const char *pcOnUsb,
-                        const char *pcAddress, const char *cameraAddress) {
+                        const char *pcAddress, const char *cameraAddress, const char *linkName) {
         QTest::newRow(name) << QString::fromLatin1(usb) << QString::fromLatin1(wifi) << QString::fromLatin1(pcOnWifi)
                             << QString::fromLatin1(pcOnUsb) << QString::fromLatin1(pcAddress)
-                            << QString::fromLatin1(cameraAddress);
+                            << QString::fromLatin1(cameraAddress) << QString::fromLatin1(linkName);
     };
-    row("WiFi only", "192.168.77.10", "192.168.88.10", "192.168.88.2", "", "192.168.88.2", "192.168.88.10");
-    row("USB only", "192.168.77.10", "192.168.88.10", "", "192.168.77.3", "192.168.77.3", "192.168.77.10");
+    row("WiFi only", "192.168.77.10", "192.168.88.10", "192.168.88.2", "", "192.168.88.2", "192.168.88.10", "wifi");
+    row("USB only", "192.168.77.10", "192.168.88.10", "", "192.168.77.3", "192.168.77.3", "192.168.77.10", "usb");
     row("both: the WiFi", "192.168.77.10", "192.168.88.10", "192.168.88.2", "192.168.77.3", "192.168.88.2",
-        "192.168.88.10");
-    row("neither", "192.168.77.10", "192.168.88.10", "", "", "", "");
-    row("USB not configured", "", "192.168.88.10", "192.168.88.2", "", "192.168.88.2", "192.168.88.10");
-    row("WiFi not configured", "192.168.77.10", "", "", "192.168.77.3", "192.168.77.3", "192.168.77.10");
+        "192.168.88.10", "wifi");
+    row("neither", "192.168.77.10", "192.168.88.10", "", "", "", "", "");
+    row("USB not configured", "", "192.168.88.10", "192.168.88.2", "", "192.168.88.2", "192.168.88.10", "wifi");
+    row("WiFi not configured", "192.168.77.10", "", "", "192.168.77.3", "192.168.77.3", "192.168.77.10", "usb");
     row("both on one network: the address of the USB", "192.168.88.11", "192.168.88.10", "192.168.88.2", "192.168.88.2",
-        "192.168.88.2", "192.168.88.11");
+        "192.168.88.2", "192.168.88.11", "usb");
     // Prefixes are looked for anywhere in the address.
     row("USB prefix inside the WiFi address", "2.168.88.9", "192.168.88.10", "192.168.88.2", "", "192.168.88.2",
-        "2.168.88.9");
+        "2.168.88.9", "usb");
 }
 
 void tst_linkChoice::link()
@@ -69,6 +70,7 @@ void tst_linkChoice::link()
     const Link link = chooseLink(usb, wifi, {pcOnWifi, pcOnUsb, {}, {}});
     QTEST(link.pcAddress, "pcAddress");
     QTEST(link.cameraAddress, "cameraAddress");
+    QTEST(link.name, "name");
 }
 
 QTEST_APPLESS_MAIN(tst_linkChoice)

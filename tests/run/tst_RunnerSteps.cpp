@@ -10,12 +10,14 @@
 #include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/requestTally.h"
+#include "record/recordNames.h"
 
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <QTranslator>
 #include <QtTest>
+#include <sys/stat.h>
 #include <thread>
 
 using Face = KestDetectorFace;
@@ -97,6 +99,9 @@ private slots:
     void waitsForAShellThatIsBeingRegained();
     void doesNotWaitForAShellThatWasNeverThere();
     void patienceWithTheShellEnds();
+    void recordIsHandedOutOnceBeforeTheRunCounts();
+    void recordOfAStoppedRun();
+    void filesAreReadOnlyForARecord();
 
 private:
     void post(const QList<ComponentTask> &plan);
@@ -570,6 +575,93 @@ void tst_RunnerSteps::patienceWithTheShellEnds()
     finish();
     QVERIFY2(begun >= 8000 && begun < 12000, qPrintable(QString::number(begun)));
     QCOMPARE(told(), QStringList{"results"});
+}
+
+void tst_RunnerSteps::recordIsHandedOutOnceBeforeTheRunCounts()
+{
+    QList<RunRecord> records;
+    QStringList states;
+    connect(
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        [&](const RunRecord &record) {
+            records.append(record);
+            states.append(QStringLiteral("%1 runs, %2, %3")
+                              .arg(QString::number(m_runner->finishedRuns()),
+                                   QString::fromUtf8(savedLog()).simplified(), m_events.constLast()));
+        },
+        Qt::DirectConnection);
+    work = [](const QList<int> &items) { return items.constFirst(); };
+    post({{componentId::camera, {0}}, {componentId::pcba, {2}}, {componentId::log, {1}}});
+    finish();
+    post({{componentId::battery, {1}}});
+    QTRY_COMPARE(m_runner->finishedRuns(), 2);
+
+    QCOMPARE(states, QStringList({"0 runs, [Camera]: said 0 [PCBA]: said 8 [Log]: said 9, enabled",
+                                  "1 runs, [Battery]: said 2, enabled"}));
+    QVERIFY(records.at(0).id != records.at(1).id);
+    QCOMPARE(records.at(0).camera.mac, mac);
+    QCOMPARE(records.at(0).outcome, Outcome::Passed);
+    QCOMPARE(records.at(0).plan.size(), 3);
+    QStringList components;
+    for (const ComponentRecord &component : records.at(0).components) {
+        components.append(component.key + QLatin1Char(' ') + nameOf(component.verdict));
+    }
+    QCOMPARE(components, QStringList({"camera passed", "pcba warning", "log failed"}));
+    QVERIFY2(records.at(0).duration < std::chrono::seconds(10), "the run's own, not the program's");
+    QVERIFY2(records.at(0).duration >= 3 * KestDetectorRt::taskPause, "the pauses belong to the run");
+    QVERIFY2(records.at(0).components.at(0).duration < KestDetectorRt::taskPause, "and to no component");
+    QCOMPARE(records.at(1).outcome, Outcome::Failed);
+    QCOMPARE(records.at(1).reason, QStringLiteral("battery"));
+}
+
+void tst_RunnerSteps::recordOfAStoppedRun()
+{
+    QList<RunRecord> records;
+    connect(
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
+    work = [](const QList<int> &) {
+        Face::Get()->requestStop();
+        return 0;
+    };
+    post({{componentId::camera, {0}}, {componentId::battery, {0}}});
+    finish();
+    QCOMPARE(records.size(), 1);
+    QCOMPARE(records.at(0).outcome, Outcome::Stopped);
+    QCOMPARE(records.at(0).reason, QStringLiteral("the program was closed"));
+    QCOMPARE(records.at(0).plan.size(), 2);
+    QCOMPARE(records.at(0).components.size(), 1);
+}
+
+void tst_RunnerSteps::filesAreReadOnlyForARecord()
+{
+    // Whoever opens it to read waits for a writer.
+    const QString pipe = m_folder->filePath(QStringLiteral("log.tar.gz"));
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    work = [&pipe](const QList<int> &) {
+        CheckItemLog item;
+        item.number = 0;
+        item.files = QStringList{pipe};
+        emit Face::Get()->signal_showCheckLog({componentId::log, {item}});
+        return 0;
+    };
+    post({{componentId::log, {0}}});
+    finish();
+
+    QList<RunRecord> records;
+    connect(
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
+    post({{componentId::log, {0}}});
+    QTRY_VERIFY(m_events.count(QStringLiteral("enabled")) == 2); // nobody waits for the file
+    QFile writer(pipe);
+    QVERIFY(writer.open(QIODevice::WriteOnly));
+    writer.write("abc");
+    writer.close();
+    QTRY_COMPARE(m_runner->finishedRuns(), 2);
+    QCOMPARE(records.at(0).components.at(0).items.at(0).files.size(), 1);
+    QCOMPARE(records.at(0).components.at(0).items.at(0).files.at(0).sha256,
+             QStringLiteral("ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"));
 }
 
 QTEST_GUILESS_MAIN(tst_RunnerSteps)

@@ -119,16 +119,17 @@ int UnattendedRun::exitCode() const
 
 UnattendedRun::ExitCode UnattendedRun::exitCodeOf(const RunOutcome &outcome)
 {
-    if (!outcome.complete) {
+    switch (outcomeOf(outcome)) {
+    case Outcome::Stopped:
         return Stopped;
-    }
-    if (outcome.end.camera != RunEnd::Camera::Kept) {
+    case Outcome::Error:
         return NoCamera;
+    case Outcome::Passed:
+        return outcome.end.unsaved.isEmpty() ? Passed : NotSaved;
+    case Outcome::Failed:
+        break;
     }
-    if (!outcome.end.unsaved.isEmpty()) {
-        return NotSaved;
-    }
-    return outcome.passed && outcome.tested && outcome.unanswered == 0 ? Passed : Failed;
+    return outcome.end.unsaved.isEmpty() ? Failed : NotSaved;
 }
 
 void UnattendedRun::startWhenReady()

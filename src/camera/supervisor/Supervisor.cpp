@@ -61,6 +61,7 @@ void Supervisor::connectOnce()
     const Link link = chooseLink(settings.usb, settings.wifi, own);
     face->pcAddress = link.pcAddress;
     face->cameraAddress = link.cameraAddress;
+    face->linkName = link.name;
 
     const int outcome = link.pcAddress.isEmpty() ? requestResult::noPcAddress : m_commands.registerPC(link.pcAddress);
     qDebug() << "sConnectIp" << link.cameraAddress << link.pcAddress << outcome;

@@ -13,5 +13,11 @@ Link chooseLink(const QString &usb, const QString &wifi, const IpInfo &own)
     const auto leadsTo = [&pcAddress](const QString &camera) {
         return !camera.isEmpty() && pcAddress.contains(subnetPrefix(camera));
     };
-    return {pcAddress, leadsTo(usb) ? usb : leadsTo(wifi) ? wifi : QString()};
+    if (leadsTo(usb)) {
+        return {pcAddress, usb, QStringLiteral("usb")};
+    }
+    if (leadsTo(wifi)) {
+        return {pcAddress, wifi, QStringLiteral("wifi")};
+    }
+    return {pcAddress, {}, {}};
 }

@@ -9,6 +9,7 @@ struct Link
 {
     QString pcAddress;
     QString cameraAddress;
+    QString name; ///< of the camera's address in the settings, "usb" or "wifi"
 };
 
 /// The part of an IPv4 address up to and with its last dot; empty for a text without one.

@@ -1,6 +1,7 @@
 #include "detector/run/KestDetectorRt.h"
 
 #include "detector/run/logBlock.h"
+#include "detector/run/RunRecorder.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/requestTally.h"
@@ -14,6 +15,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMetaMethod>
 #include <QTextStream>
 
 namespace {
@@ -79,6 +81,7 @@ void KestDetectorRt::waitForShell()
 void KestDetectorRt::run(const QList<ComponentTask> &plan)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
+    RunRecorder recorder(plan);
     emit face->signal_setButtonEnable(false);
     face->notices.withdrawRun();
     waitForShell();
@@ -89,13 +92,14 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
         if (stopping()) {
             break;
         }
-        runTask(task, &outcome);
+        runTask(task, &outcome, &recorder);
         workerThread.pause(taskPause);
         ++done;
         emit face->signal_showTotalPersent(done * 100 / plan.size());
     }
     outcome.complete = done == plan.size() && !stopping();
     outcome.end = face->run.finish();
+    recorder.endRun();
     outcome.passed = face->safeguards().runPassed(outcome.passed, outcome.tested, outcome.end.camera);
     emit face->signal_showCheckResult(outcome.passed);
     emit face->signal_setButtonEnable(true);
@@ -105,10 +109,19 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
     }
     tell(outcome);
     m_lastRun = outcome;
+    if (recordIsWanted()) {
+        emit signal_runRecorded(recorder.record(outcome));
+    }
     ++m_finishedRuns;
 }
 
-void KestDetectorRt::runTask(const ComponentTask &task, RunOutcome *outcome) const
+bool KestDetectorRt::recordIsWanted() const
+{
+    static const QMetaMethod recorded = QMetaMethod::fromSignal(&KestDetectorRt::signal_runRecorded);
+    return isSignalConnected(recorded);
+}
+
+void KestDetectorRt::runTask(const ComponentTask &task, RunOutcome *outcome, RunRecorder *recorder) const
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     const auto component = std::find_if(m_components.begin(), m_components.end(),
@@ -120,15 +133,18 @@ void KestDetectorRt::runTask(const ComponentTask &task, RunOutcome *outcome) con
     emit face->signal_showCurrentComponent(getComponent(task.component));
     int verdict = verdict::none;
     const RequestTally before = requestTally();
+    recorder->beginComponent(task.component);
     component->routine(&verdict, task.items);
     const RequestTally requests = requestTally() - before;
     outcome->tested = outcome->tested || Safeguards::countsAsTested(task.component);
     outcome->resent += requests.resent;
     if (component->showResult == nullptr) {
+        recorder->endComponent(verdict, false);
         return;
     }
     const Safeguards safeguards = face->safeguards();
     const int shown = safeguards.componentVerdict(task.component, verdict, requests.unanswered);
+    recorder->endComponent(shown, true);
     outcome->unanswered += requests.unanswered;
     outcome->passed = outcome->passed && !safeguards.failsRun(task.component, shown);
     emit(face->*component->showResult)(shown);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "detector/run/components.h"
+#include "detector/run/RunOutcome.h"
 #include "detector/store/checkLog.h"
 #include "detector/store/ComponentTask.h"
 #include "detector/store/Guarded.h"
@@ -15,20 +16,11 @@
 #include <QObject>
 #include <vector>
 
-/// How a run went, beyond what its components said.
-struct RunOutcome
-{
-    bool passed = true;
-    bool complete = true; ///< every task was begun, and none was cut short by the program's closing
-    bool tested = false;  ///< a component was run behind which there is something
-    int unanswered = 0;   ///< requests of the components with a verdict that got no usable answer
-    int resent = 0;       ///< queries that had to be sent again
-    RunEnd end;
-};
+class RunRecorder;
 
 /// The runner: one worker thread that executes every detection run, from program start to window close. It looks at
 /// the facade's `runRequest` every 50 ms, runs the requested components one after the other, reports through the
-/// facade's signals and notices and at the end writes the detection log.
+/// facade's signals and notices and at the end writes the detection log and hands out the run's record.
 class KestDetectorRt : public QObject
 {
     Q_OBJECT
@@ -58,11 +50,19 @@ public:
     /// Of the run that ended last. From any thread.
     RunOutcome lastRun() const { return m_lastRun; }
 
+signals:
+    /// Once for each run that was taken, closed or not: when its verdict has been shown and its detection log written,
+    /// and before `finishedRuns` counts it. Emitted on the runner's thread, which takes no further run until every
+    /// direct receiver has returned. To want records is to be connected before the run ends: as long as nobody is,
+    /// none is made and no file is read for it.
+    void signal_runRecorded(RunRecord record);
+
 private:
     void func();
     void run(const QList<ComponentTask> &plan);
-    void runTask(const ComponentTask &task, RunOutcome *outcome) const;
+    void runTask(const ComponentTask &task, RunOutcome *outcome, RunRecorder *recorder) const;
     void waitForShell();
+    bool recordIsWanted() const;
     bool stopping() const;
     static void tell(const RunOutcome &outcome);
 

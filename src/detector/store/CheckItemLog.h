@@ -8,6 +8,7 @@
 #include <optional>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 /// What one tested item left behind.
 struct CheckItemLog
@@ -18,6 +19,7 @@ struct CheckItemLog
     int number = -1;                       ///< an `itemId` of the record's component
     QString name{};                        ///< as the operator read it while the item ran
     QList<Measurement> measurements{};     ///< what the item read, in the order of reading
+    QStringList files{};                   ///< paths of what the item has brought from the camera, complete
     std::optional<RequestEnd> request{};   ///< none: the item asked the camera for nothing
     std::chrono::microseconds duration{0}; ///< of the item's routine
 };

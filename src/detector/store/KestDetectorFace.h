@@ -54,6 +54,7 @@ public:
     std::atomic<bool> macAddressIsCurrent{true};
     Guarded<QString> pcAddress;     ///< the PC's own IPv4 address on the camera's network
     Guarded<QString> cameraAddress; ///< the camera's IPv4 address: host of telnet and FTP
+    Guarded<QString> linkName;      ///< of `cameraAddress` in the settings: "wifi" or "usb"; empty: no link
     Guarded<QString> wifiName;
     Guarded<QString> wifiPassword;
     Guarded<QString> macAddress; ///< "AA:BB:CC:DD:EE:FF", empty while unknown; names the log folder

@@ -24,7 +24,7 @@ std::optional<QList<ComponentTask>> RunExchange::take(const QString &macAddress)
     m_run.camera = RunEnd::Camera::Kept;
     m_run.unsaved.clear();
     m_folderClaimed = false;
-    m_knownMac = macAddress;
+    m_run.cameraMac = macAddress;
     return m_plan;
 }
 
@@ -70,9 +70,9 @@ void RunExchange::noteCamera(const QString &macAddress)
     if (!m_active || macAddress.isEmpty()) {
         return;
     }
-    if (m_knownMac.isEmpty()) {
-        m_knownMac = macAddress;
-    } else if (macAddress != m_knownMac) {
+    if (m_run.cameraMac.isEmpty()) {
+        m_run.cameraMac = macAddress;
+    } else if (macAddress != m_run.cameraMac) {
         m_run.camera = RunEnd::Camera::Changed;
     }
 }

@@ -35,6 +35,7 @@ struct RunEnd
     };
 
     RunIdentity identity;
+    QString cameraMac;    ///< of the run's own camera: known at its begin, or the first one that it has heard of
     QList<checkLog> logs; ///< in the order in which the components ran
     Camera camera = Camera::Kept;
     QList<UnsavedFile> unsaved;
@@ -82,5 +83,4 @@ private:
     RunLabels m_labels; ///< of the plan posted last
     RunEnd m_run;
     bool m_folderClaimed = false;
-    QString m_knownMac; ///< the run's own camera, as soon as it is known
 };
