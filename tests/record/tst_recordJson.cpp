@@ -11,8 +11,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-Q_DECLARE_METATYPE(RunRecord)
-
 namespace {
 const QString python = QStringLiteral("/usr/bin/python3");
 const QString schema = QStringLiteral(KEST_PROJECT "/docs/record.schema.json");

@@ -7,8 +7,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-Q_DECLARE_METATYPE(RunRecord)
-
 namespace {
 const QStringList schemas = {QStringLiteral(KEST_PROJECT "/tests/record/schemas/JUnit.xsd"),
                              QStringLiteral(KEST_PROJECT "/tests/record/schemas/jenkins-junit.xsd")};
