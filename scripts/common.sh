@@ -1,9 +1,9 @@
 # Shared by run, test, .ci/run and what else builds: packages, building, and running the tests.
 # To be sourced with the project's folder as the current directory.
 
-build_packages="g++ cmake ninja-build qtbase5-dev libboost-dev busybox-static python3 python3-pyftpdlib fonts-wqy-microhei"
+build_packages="g++ cmake ninja-build qtbase5-dev libqt5sql5-sqlite libqt5sql5-psql libboost-dev busybox-static python3 python3-pyftpdlib fonts-wqy-microhei"
 # Beside them, what only the tests use.
-test_packages="curl python3-jsonschema libxml2-utils"
+test_packages="curl postgresql python3-jsonschema libxml2-utils"
 
 # Installs those of the given Debian packages that are missing; asks for sudo only then, and only if not root.
 install_missing()

@@ -1,0 +1,183 @@
+#include "history/store/runRows.h"
+
+#include "history/store/schema.h"
+#include "record/limitText.h"
+#include "record/plainText.h"
+#include "record/recordJson.h"
+#include "record/recordNames.h"
+
+#include <algorithm>
+#include <QCryptographicHash>
+#include <QHash>
+#include <QtEndian>
+#include <tuple>
+#include <variant>
+
+namespace {
+/// Records repeat their keys over and over: the quickest level already leaves a tenth of them.
+constexpr int compressionLevel = 1;
+
+bool isFinding(Verdict verdict)
+{
+    return verdict == Verdict::Failed || verdict == Verdict::Warning;
+}
+
+FindingRow findingOf(const ItemRecord &item, const QString &key, int place)
+{
+    FindingRow row;
+    row.item = key;
+    row.place = place;
+    row.verdict = nameOf(item.verdict);
+    row.message = columnText(item.message.trimmed());
+    const auto outside =
+        std::find_if(item.measurements.begin(), item.measurements.end(), [](const Measurement &measurement) {
+            return measurement.limit && !measurement.limit->admits(measurement.value);
+        });
+    if (outside != item.measurements.end()) {
+        row.measurement = columnText(outside->name);
+        row.value = columnText(valueText(outside->value));
+        row.limits = columnText(limitText(*outside->limit));
+    }
+    return row;
+}
+
+void addMeasurement(const Measurement &measurement, const QString &item, RunRows *rows)
+{
+    const QString name = columnText(measurement.name);
+    const QString unit = columnText(measurement.unit);
+    const qint64 series = seriesId(item, name, unit);
+    rows->series.append({series, item, name, unit});
+
+    MeasurementRow row;
+    row.series = series;
+    row.place = rows->measurements.size();
+    if (const auto *number = std::get_if<double>(&measurement.value)) {
+        row.number = *number;
+    } else {
+        row.text = columnText(std::get<QString>(measurement.value));
+    }
+    if (measurement.limit) {
+        row.least = measurement.limit->least;
+        row.most = measurement.limit->most;
+    }
+    rows->measurements.append(row);
+}
+
+void addItem(const ItemRecord &item, RunRows *rows)
+{
+    const QString key = columnText(item.key);
+    const int place = rows->items.size();
+    rows->items.append({key, item.verdict});
+    if (isFinding(item.verdict)) {
+        rows->findings.append(findingOf(item, key, place));
+    }
+    for (const Measurement &measurement : item.measurements) {
+        addMeasurement(measurement, key, rows);
+    }
+}
+
+/// What failed says more than what warned.
+QString firstFinding(const QVector<FindingRow> &findings)
+{
+    const QString failed = nameOf(Verdict::Failed);
+    const auto first = std::find_if(findings.begin(), findings.end(),
+                                    [&failed](const FindingRow &row) { return row.verdict == failed; });
+    if (first != findings.end()) {
+        return first->item;
+    }
+    return findings.isEmpty() ? QString() : findings.first().item;
+}
+} // namespace
+
+bool operator==(const TallyKey &left, const TallyKey &right)
+{
+    return std::tie(left.day, left.station, left.batch, left.firmware) ==
+           std::tie(right.day, right.station, right.batch, right.firmware);
+}
+
+bool operator<(const TallyKey &left, const TallyKey &right)
+{
+    return std::tie(left.day, left.station, left.batch, left.firmware) <
+           std::tie(right.day, right.station, right.batch, right.firmware);
+}
+
+bool RunRows::isFit() const
+{
+    return !id.isNull() && !tally.day.isEmpty();
+}
+
+RunRows runRows(const RunRecord &run, const QByteArray &json)
+{
+    RunRows rows;
+    rows.id = run.id;
+    rows.beginMs = run.begin.toMSecsSinceEpoch();
+    rows.offsetSeconds = run.begin.offsetFromUtc();
+    rows.endMs = run.end.toMSecsSinceEpoch();
+    rows.durationUs = run.duration.count();
+    rows.outcome = run.outcome;
+    rows.tally = {run.begin.isValid() && run.end.isValid() ? run.begin.date().toString(Qt::ISODate) : QString(),
+                  columnText(run.station.name), columnText(run.batch), columnText(run.camera.firmware)};
+    rows.mac = columnMac(run.camera.mac);
+    rows.serial = columnText(run.serial);
+    rows.location = columnText(run.station.location);
+    rows.operatorName = columnText(run.operatorName);
+    rows.wifiName = columnText(run.camera.wifiName);
+    rows.link = columnText(run.camera.link);
+    rows.programVersion = columnText(run.programVersion);
+    rows.reason = columnText(run.reason);
+    for (const ComponentRecord &component : run.components) {
+        for (const ItemRecord &item : component.items) {
+            addItem(item, &rows);
+        }
+    }
+    rows.failedItems = rows.findings.size();
+    rows.firstFinding = firstFinding(rows.findings);
+    rows.body = packRecord(json.isEmpty() ? toJson(run, JsonLayout::Line) : json);
+    return rows;
+}
+
+QByteArray packRecord(const QByteArray &json)
+{
+    return qCompress(json, compressionLevel);
+}
+
+QByteArray unpackRecord(const QByteArray &body)
+{
+    // Qt reserves as much as the first bytes say before it looks at the rest.
+    constexpr quint32 largestRecord = 256U * 1024 * 1024;
+    const bool plausible =
+        body.size() > static_cast<int>(sizeof(quint32)) && qFromBigEndian<quint32>(body.constData()) <= largestRecord;
+    return plausible ? qUncompress(body) : QByteArray();
+}
+
+QString columnText(const QString &text)
+{
+    QString column = wellFormed(text.left(longestText));
+    column.replace(QChar(0), QChar(QChar::ReplacementCharacter));
+    return column;
+}
+
+QString columnMac(const QString &mac)
+{
+    return columnText(mac.trimmed().toUpper());
+}
+
+qint64 seriesId(const QString &item, const QString &name, const QString &unit)
+{
+    // A run has dozens of measurements, and a program sees the same few names all the time.
+    thread_local QHash<QString, qint64> known;
+    constexpr int mostKnown = 4096;
+    const QString text = item + QChar(0) + name + QChar(0) + unit;
+    const auto found = known.constFind(text);
+    if (found != known.constEnd()) {
+        return *found;
+    }
+    const QByteArray hash = QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256);
+    constexpr int unusedBits = 16;
+    const auto id = static_cast<qint64>(qFromBigEndian<quint64>(hash.constData()) >> unusedBits);
+    if (known.size() >= mostKnown) {
+        known.clear();
+    }
+    known.insert(text, id);
+    return id;
+}

@@ -1,0 +1,459 @@
+#include "exampleRecord.h"
+#include "history/store/schema.h"
+#include "history/store/Store.h"
+#include "hostileTexts.h"
+#include "PostgresServer.h"
+
+#include <algorithm>
+#include <memory>
+#include <QDir>
+#include <QFile>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTemporaryDir>
+#include <QTest>
+#include <thread>
+
+using namespace std::chrono_literals;
+Q_DECLARE_METATYPE(StoreError::Kind)
+
+namespace {
+/// The example as a run of this camera, so many seconds later.
+RunRecord runOf(const QString &mac, int seconds, Outcome outcome)
+{
+    RunRecord run = exampleRecord();
+    run.id = QUuid::createUuid();
+    run.camera.mac = mac;
+    run.begin = run.begin.addSecs(seconds);
+    run.end = run.end.addSecs(seconds);
+    run.outcome = outcome;
+    return run;
+}
+} // namespace
+
+/// A store of each engine.
+class tst_Store : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+
+    void givesBackWhatItWasGiven_data();
+    void givesBackWhatItWasGiven();
+    void keepsARunOnce_data() { addEngines(); }
+    void keepsARunOnce();
+    void keepsAllOfATransactionOrNothing_data() { addEngines(); }
+    void keepsAllOfATransactionOrNothing();
+    void answersQuestionsWithoutTheRecord_data() { addEngines(); }
+    void answersQuestionsWithoutTheRecord();
+    void knowsTheCamera_data() { addEngines(); }
+    void knowsTheCamera();
+    void countsACameraOnceInWhateverOrderItsRunsCome_data();
+    void countsACameraOnceInWhateverOrderItsRunsCome();
+    void twoWritersCountTogether_data() { addEngines(); }
+    void twoWritersCountTogether();
+    void queuesForTheServer();
+    void refusesARunWithoutIdOrTime();
+    void tellsWhyItDoesNotOpen_data();
+    void tellsWhyItDoesNotOpen();
+    void looksWithoutWriting();
+    void tellsOfADamagedRecord();
+
+private:
+    static void addEngines();
+    bool isMissing(const QString &engine) const;
+    std::unique_ptr<Store> open(const QString &engine, Connection::Access access = Connection::Access::Write);
+    StoreAddress address(const QString &engine) const;
+    /// The answer's rows, line by line.
+    static QString values(Store *store, const char *question);
+
+    PostgresServer m_server;
+    QString m_noServer; ///< why there is none
+    std::unique_ptr<QTemporaryDir> m_folder;
+    StoreError m_error;
+};
+
+void tst_Store::initTestCase()
+{
+    m_noServer = m_server.start();
+}
+
+void tst_Store::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    if (m_noServer.isEmpty()) {
+        m_server.empty();
+    }
+}
+
+bool tst_Store::isMissing(const QString &engine) const
+{
+    return engine == QLatin1String("postgresql") && !m_noServer.isEmpty();
+}
+
+void tst_Store::addEngines()
+{
+    QTest::addColumn<QString>("engine");
+    QTest::newRow("SQLite") << "sqlite";
+    QTest::newRow("PostgreSQL") << "postgresql";
+}
+
+StoreAddress tst_Store::address(const QString &engine) const
+{
+    QString reason;
+    return engine == QLatin1String("sqlite") ? StoreAddress::file(m_folder->filePath(QStringLiteral("记录.sqlite")))
+                                             : *StoreAddress::server(m_server.url(), &reason);
+}
+
+std::unique_ptr<Store> tst_Store::open(const QString &engine, Connection::Access access)
+{
+    Store::Options options;
+    options.access = access;
+    return Store::open(address(engine), options, &m_error);
+}
+
+QString tst_Store::values(Store *store, const char *question)
+{
+    QSqlQuery query(store->connection().database());
+    if (!query.exec(QLatin1String(question))) {
+        return query.lastError().text();
+    }
+    QStringList lines;
+    while (query.next()) {
+        QStringList cells;
+        for (int i = 0; i < query.record().count(); ++i) {
+            cells.append(query.isNull(i) ? QString() : query.value(i).toString());
+        }
+        lines.append(cells.join(QLatin1Char('|')));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+void tst_Store::givesBackWhatItWasGiven_data()
+{
+    addHostileTexts();
+}
+
+void tst_Store::givesBackWhatItWasGiven()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, json);
+    const RunRecord run = recordWithText(text);
+    for (const char *engine : {"sqlite", "postgresql"}) {
+        if (isMissing(QLatin1String(engine))) {
+            continue;
+        }
+        const std::unique_ptr<Store> store = open(QLatin1String(engine));
+        QVERIFY2(store, qUtf8Printable(m_error.text));
+        QVERIFY2(store->insert({runRows(run)}), qUtf8Printable(store->error().text));
+        const std::optional<RunRecord> back = store->read(run.id);
+        QVERIFY2(back, qUtf8Printable(store->error().text));
+        QVERIFY(*back == recordWithText(json));
+    }
+}
+
+void tst_Store::keepsARunOnce()
+{
+    QFETCH(QString, engine);
+    if (isMissing(engine)) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    const std::unique_ptr<Store> store = open(engine);
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    const RunRows run = runRows(exampleRecord());
+    const RunRows other = runRows(runOf(QStringLiteral("60:60:1F:0A:5F:2B"), 10, Outcome::Passed));
+    QCOMPARE(store->insert({run, run}), std::optional<int>(1));
+    QCOMPARE(store->insert({run, other}), std::optional<int>(1));
+    QCOMPARE(store->insert({run, other}), std::optional<int>(0));
+    QCOMPARE(values(store.get(), "SELECT (SELECT count(*) FROM run), (SELECT count(*) FROM record), "
+                                 "(SELECT sum(runs) FROM tally), (SELECT sum(runs) FROM camera), "
+                                 "(SELECT count(*) FROM unsent)"),
+             QStringLiteral("2|2|2|2|2"));
+}
+
+void tst_Store::keepsAllOfATransactionOrNothing()
+{
+    QFETCH(QString, engine);
+    if (isMissing(engine)) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    const std::unique_ptr<Store> store = open(engine);
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    QVERIFY(store->connection().execute(QStringLiteral("DROP TABLE item_tally")));
+    const RunRows run = runRows(exampleRecord());
+    QVERIFY(!store->insert({run}));
+    QVERIFY(store->error().text.contains(QLatin1String("item_tally")));
+    QCOMPARE(values(store.get(), "SELECT (SELECT count(*) FROM run), (SELECT count(*) FROM record), "
+                                 "(SELECT count(*) FROM measurement), (SELECT count(*) FROM tally), "
+                                 "(SELECT count(*) FROM camera WHERE runs > 0)"),
+             QStringLiteral("0|0|0|0|0"));
+    QVERIFY(
+        store->connection().execute(inWordsOf(store->connection().address().engine, "ALTER TABLE tally RENAME TO t")));
+    QVERIFY(!store->insert({run}));
+}
+
+void tst_Store::answersQuestionsWithoutTheRecord()
+{
+    QFETCH(QString, engine);
+    if (isMissing(engine)) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    const std::unique_ptr<Store> store = open(engine);
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    RunRecord run = exampleRecord();
+    run.camera.mac = QStringLiteral(" 60:60:1f:0a:5f:2a");
+    QVERIFY(store->insert({runRows(run)}));
+    QCOMPARE(values(store.get(), "SELECT begin_ms, offset_s, day, end_ms, duration_us, outcome, mac, serial, station, "
+                                 "location, batch, firmware, operator_name, wifi_name, link, program_version, reason, "
+                                 "failed_items, first_finding FROM run"),
+             QStringLiteral("1795249800250|3600|2026-11-21|1795249800731|481250|failed|60:60:1F:0A:5F:2A|KC0012345|"
+                            "line-2-left|Hall 3|2026-47|1.2.3|王芳|Camera-5F2A|wifi|1.0.3|battery.info|1|"
+                            "battery.info"));
+    QCOMPARE(values(store.get(), "SELECT item, begin_ms, place, verdict, message, measurement, value, limits "
+                                 "FROM finding"),
+             QStringLiteral("battery.info|1795249800250|2|failed|获取电池信息成功|battery.voltage|4.36|3.6..4.35"));
+    QCOMPARE(values(store.get(), "SELECT item, name, unit, place, number, text, least, most FROM measurement "
+                                 "JOIN series ON series.id = measurement.series ORDER BY place"),
+             QStringLiteral("camera.video|camera.statusWord||0||0x8001a||\n"
+                            "battery.info|battery.voltage|V|1|4.36||3.6|4.35\n"
+                            "battery.info|battery.current|mA|2|-250|||\n"
+                            "battery.info|battery.temperature|°C|3|25.34|||45\n"
+                            "battery.info|battery.softwareVersion||4||1.2.3.4||\n"
+                            "log.version|firmware||5||1.2.3||"));
+    QCOMPARE(values(store.get(), "SELECT * FROM tally"),
+             QStringLiteral("2026-11-21|line-2-left|2026-47|1.2.3|1|0|1|0|0|481|1|0|0"));
+    QCOMPARE(values(store.get(), "SELECT item, ran, failed, warned FROM item_tally ORDER BY item"),
+             QStringLiteral("battery.info|1|1|0\nbattery.link|1|0|0\ncamera.video|1|0|0\nlog.version|1|0|0"));
+}
+
+void tst_Store::knowsTheCamera()
+{
+    QFETCH(QString, engine);
+    if (isMissing(engine)) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    const std::unique_ptr<Store> store = open(engine);
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    const QString mac = QStringLiteral("60:60:1F:00:00:01");
+    QCOMPARE(store->camera(mac)->runs, 0);
+    QVERIFY(store->camera(mac)->lastRun.isNull());
+    const RunRecord first = runOf(mac, 0, Outcome::Passed);
+    const RunRecord last = runOf(mac, 60, Outcome::Stopped);
+    const RunRecord between = runOf(mac, 30, Outcome::Failed);
+    QVERIFY(store->insert({runRows(last)}));
+    QVERIFY(store->insert({runRows(first), runRows(between)}));
+    const std::optional<CameraRow> camera = store->camera(QStringLiteral("60:60:1f:00:00:01"));
+    QVERIFY(camera);
+    QCOMPARE(camera->runs, 3);
+    QCOMPARE(camera->lastRun, last.id);
+    QCOMPARE(camera->lastOutcome, QStringLiteral("stopped"));
+    QCOMPARE(camera->lastBeginMs, last.begin.toMSecsSinceEpoch());
+    QVERIFY(camera->first->passed);
+    QVERIFY(!camera->last->passed);
+    QCOMPARE(values(store.get(), "SELECT count(*) FROM camera"), QStringLiteral("1"));
+}
+
+void tst_Store::countsACameraOnceInWhateverOrderItsRunsCome_data()
+{
+    QTest::addColumn<QString>("engine");
+    QTest::addColumn<QVector<int>>("order");
+    QTest::addColumn<bool>("together");
+    QVector<int> order = {0, 1, 2, 3};
+    do {
+        for (const char *engine : {"sqlite", "postgresql"}) {
+            // All of them on the quick engine, some on the other one.
+            if (engine == QLatin1String("sqlite") || order.first() + 1 == order.last()) {
+                for (const bool together : {false, true}) {
+                    QTest::addRow("%d%d%d%d %s, %s", order[0], order[1], order[2], order[3],
+                                  together ? "together" : "one by one", engine)
+                        << engine << order << together;
+                }
+            }
+        }
+    } while (std::next_permutation(order.begin(), order.end()));
+}
+
+void tst_Store::countsACameraOnceInWhateverOrderItsRunsCome()
+{
+    QFETCH(QString, engine);
+    if (isMissing(engine)) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    QFETCH(QVector<int>, order);
+    QFETCH(bool, together);
+    const std::unique_ptr<Store> store = open(engine);
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    const QString mac = QStringLiteral("60:60:1F:00:00:01");
+    constexpr int day = 86400;
+    const QVector<RunRecord> runs = {runOf(mac, 0, Outcome::Error), runOf(mac, day, Outcome::Failed),
+                                     runOf(mac, day + 60, Outcome::Failed), runOf(mac, 2 * day, Outcome::Passed)};
+    QVector<RunRows> rows;
+    for (const int i : order) {
+        rows.append(runRows(runs[i]));
+    }
+    if (together) {
+        QCOMPARE(store->insert(rows), std::optional<int>(4));
+    } else {
+        for (const RunRows &row : qAsConst(rows)) {
+            QCOMPARE(store->insert({row}), std::optional<int>(1));
+        }
+    }
+    QCOMPARE(values(store.get(), "SELECT day, runs, passed, failed, error, cameras, first_passed, final_passed "
+                                 "FROM tally ORDER BY day"),
+             QStringLiteral("2026-11-21|1|0|0|1|0|0|0\n2026-11-22|2|0|2|0|1|0|1\n2026-11-23|1|1|0|0|0|0|0"));
+    QCOMPARE(store->camera(mac)->lastRun, runs[3].id);
+}
+
+void tst_Store::twoWritersCountTogether()
+{
+    QFETCH(QString, engine);
+    if (isMissing(engine)) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    constexpr int runsEach = 40;
+    const auto write = [&](int writer) {
+        StoreError error;
+        const std::unique_ptr<Store> store = Store::open(address(engine), {}, &error);
+        for (int i = 0; store && i < runsEach;) {
+            // The same camera and day for both; every fourth run comes from both.
+            RunRecord run = runOf(QStringLiteral("60:60:1F:00:00:01"), writer + 2 * i, Outcome::Passed);
+            if (i % 4 == 0) {
+                run = runOf(QStringLiteral("60:60:1F:00:00:02"), i, Outcome::Failed);
+                run.id = QUuid(static_cast<uint>(i + 1), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+            }
+            i += store->insert({runRows(run)}) ? 1 : 0;
+        }
+    };
+    std::thread one(write, 0);
+    std::thread other(write, 1);
+    one.join();
+    other.join();
+    const std::unique_ptr<Store> store = open(engine);
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    QCOMPARE(values(store.get(), "SELECT runs, passed, failed, cameras, first_passed, final_passed FROM tally"),
+             QStringLiteral("70|60|10|2|1|1"));
+    QCOMPARE(values(store.get(), "SELECT mac, runs FROM camera ORDER BY mac"),
+             QStringLiteral("60:60:1F:00:00:01|60\n60:60:1F:00:00:02|10"));
+}
+
+void tst_Store::queuesForTheServer()
+{
+    const std::unique_ptr<Store> store = open(QStringLiteral("sqlite"));
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    const RunRecord late = runOf({}, 60, Outcome::Passed);
+    const RunRecord early = runOf({}, 0, Outcome::Passed);
+    QVERIFY(store->insert({runRows(late)}));
+    QVERIFY(store->insert({runRows(early)}));
+    QVERIFY(store->insert({runRows(runOf({}, 30, Outcome::Passed))}, false));
+    QCOMPARE(store->unsent(10), std::optional(QList<QUuid>({early.id, late.id})));
+    QCOMPARE(store->unsent(1), std::optional(QList<QUuid>({early.id})));
+    ForwardState state = *store->forwardState();
+    QCOMPARE(state.queued, 2);
+    QVERIFY(state.lastSent.isNull() && state.lastErrorTime.isNull() && state.lastError.isEmpty());
+
+    const QDateTime time(QDate(2026, 11, 21), QTime(9, 0, 0, 5), Qt::UTC);
+    QVERIFY(store->setForwardError(QStringLiteral("no route"), time));
+    QCOMPARE(store->forwardState()->lastError, QStringLiteral("no route"));
+    QCOMPARE(store->forwardState()->lastErrorTime, time);
+    QVERIFY(store->setSent({early.id}, time.addSecs(1)));
+    state = *store->forwardState();
+    QCOMPARE(state.queued, 1);
+    QCOMPARE(state.lastSent, time.addSecs(1));
+    QCOMPARE(state.lastError, QString());
+    QCOMPARE(store->unsent(10), std::optional(QList<QUuid>({late.id})));
+}
+
+void tst_Store::refusesARunWithoutIdOrTime()
+{
+    const std::unique_ptr<Store> store = open(QStringLiteral("sqlite"));
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    RunRecord noId = exampleRecord();
+    noId.id = {};
+    RunRecord noTime = exampleRecord();
+    noTime.begin = {};
+    for (const RunRecord &run : {noId, noTime}) {
+        QVERIFY(!store->insert({runRows(exampleRecord()), runRows(run)}));
+        QCOMPARE(store->error().kind, StoreError::Kind::Unfit);
+    }
+    QCOMPARE(values(store.get(), "SELECT count(*) FROM run"), QStringLiteral("0"));
+}
+
+void tst_Store::tellsWhyItDoesNotOpen_data()
+{
+    QTest::addColumn<QString>("prepare");
+    QTest::addColumn<StoreError::Kind>("kind");
+    QTest::addColumn<QString>("reason");
+    using Kind = StoreError::Kind;
+    QTest::newRow("newer schema") << "INSERT INTO schema_step VALUES (1000)" << Kind::Newer
+                                  << "it was made by a newer version of this program";
+    QTest::newRow("another program's") << "foreign" << Kind::Foreign << "the file is a database of another program";
+    QTest::newRow("no database") << "text" << Kind::Damaged << "the file is damaged (file is not a database)";
+    QTest::newRow("a folder") << "folder" << Kind::Forbidden
+                              << "it cannot be opened or written to (unable to open database file)";
+    QTest::newRow("held by another writer")
+        << "held" << Kind::Busy << "another program is writing to it (database is locked)";
+}
+
+void tst_Store::tellsWhyItDoesNotOpen()
+{
+    QFETCH(QString, prepare);
+    QFETCH(QString, reason);
+    const QString path = address(QStringLiteral("sqlite")).path;
+    std::unique_ptr<Connection> holder;
+    if (prepare == QLatin1String("text")) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray(10000, 'x')) == 10000);
+    } else if (prepare == QLatin1String("folder")) {
+        QVERIFY(QDir().mkdir(path));
+    } else {
+        holder = std::make_unique<Connection>(StoreAddress::file(path), Connection::Access::Write, 0ms);
+        QVERIFY(holder->open());
+        if (prepare == QLatin1String("foreign")) {
+            QVERIFY(holder->execute(QStringLiteral("CREATE TABLE other (a)")));
+        } else if (prepare == QLatin1String("held")) {
+            QVERIFY(holder->execute(QStringLiteral("BEGIN IMMEDIATE")));
+        } else {
+            QVERIFY(open(QStringLiteral("sqlite")));
+            QVERIFY(holder->execute(prepare));
+        }
+    }
+    Store::Options options;
+    options.patience = 50ms;
+    QVERIFY(!Store::open(StoreAddress::file(path), options, &m_error));
+    QTEST(m_error.kind, "kind");
+    QVERIFY2(m_error.text.startsWith(path + QStringLiteral(": ") + reason), qUtf8Printable(m_error.text));
+}
+
+void tst_Store::looksWithoutWriting()
+{
+    const auto openToRead = [this] { return open(QStringLiteral("sqlite"), Connection::Access::Read); };
+    QVERIFY(!openToRead());
+    QCOMPARE(m_error.kind, StoreError::Kind::Missing);
+    QVERIFY(!QFile::exists(address(QStringLiteral("sqlite")).path));
+    const std::unique_ptr<Store> writer = open(QStringLiteral("sqlite"));
+    QVERIFY(writer->insert({runRows(exampleRecord())}));
+    const std::unique_ptr<Store> reader = openToRead();
+    QVERIFY2(reader, qUtf8Printable(m_error.text));
+    QVERIFY(reader->read(exampleRecord().id));
+    QVERIFY(!reader->insert({runRows(runOf({}, 1, Outcome::Passed))}));
+    QCOMPARE(reader->error().kind, StoreError::Kind::Forbidden);
+}
+
+void tst_Store::tellsOfADamagedRecord()
+{
+    const std::unique_ptr<Store> store = open(QStringLiteral("sqlite"));
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    QVERIFY(store->insert({runRows(exampleRecord())}));
+    QVERIFY(!store->read(QUuid::createUuid()));
+    QVERIFY(!store->error().isError());
+    // Announces 4 GiB.
+    QVERIFY(store->connection().execute(QStringLiteral("UPDATE record SET body = x'FFFFFFFF' || substr(body, 5)")));
+    QVERIFY(!store->read(exampleRecord().id));
+    QCOMPARE(store->error().kind, StoreError::Kind::Damaged);
+}
+
+QTEST_GUILESS_MAIN(tst_Store)
+#include "tst_Store.moc"
