@@ -8,6 +8,7 @@
 #include <QAbstractButton>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QTest>
 #include <QTimer>
 #include <unistd.h>
@@ -39,6 +40,8 @@ private slots:
     void repeatWaitsForTheButton();
     void runCutShortHasNoVerdicts();
     void unsavedLogIsFive();
+    void unsavedPictureIsFive_data();
+    void unsavedPictureIsFive();
 
 private:
     static CommandLine line(int repeat = 1);
@@ -299,6 +302,42 @@ void tst_UnattendedRun::unsavedLogIsFive()
     QVERIFY2(unsaved->text.startsWith(QStringLiteral("not saved: %1/log/").arg(blocker.fileName())),
              qPrintable(unsaved->text));
     QVERIFY2(unsaved->text.endsWith(QStringLiteral("/DetectorLog.txt: Not a directory")), qPrintable(unsaved->text));
+}
+
+void tst_UnattendedRun::unsavedPictureIsFive_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("no such folder") << m_folder.filePath(QStringLiteral("missing"))
+                                    << QStringLiteral("No such file or directory");
+    QTest::newRow("a file in the folder's place") << QStringLiteral("/dev/null") << QStringLiteral("Not a directory");
+}
+
+void tst_UnattendedRun::unsavedPictureIsFive()
+{
+    QFETCH(const QString, folder);
+    QFETCH(const QString, reason);
+    KestDetectorUI window;
+    window.show();
+    CommandLine pictured = line();
+    pictured.screenshot = folder + QStringLiteral("/window.png");
+    const UnattendedRun run(&window, pictured);
+    QTemporaryFile said;
+    QVERIFY(said.open());
+    const int standardError = dup(STDERR_FILENO);
+    dup2(said.handle(), STDERR_FILENO);
+    cameraComes();
+    const bool ended = QTest::qWaitFor([&] { return !window.isVisible(); });
+    dup2(standardError, STDERR_FILENO);
+    close(standardError);
+    QVERIFY(ended);
+    QCOMPARE(run.exitCode(), 5);
+    said.seek(0);
+    const QByteArray expected =
+        "The screenshot could not be saved: " + QFile::encodeName(pictured.screenshot) + ": " + reason.toUtf8() + '\n';
+    const QByteArray text = said.readAll();
+    QVERIFY2(text.contains(expected), text.constData());
 }
 
 QTEST_MAIN(tst_UnattendedRun)

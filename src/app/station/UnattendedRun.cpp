@@ -6,12 +6,14 @@
 #include "detector/store/checkHelpers.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/verdict.h"
+#include "record/wholeFile.h"
 #include "ui/window/KestDetectorUI.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <QAbstractButton>
+#include <QBuffer>
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QPixmap>
@@ -46,6 +48,16 @@ int malformed(const QList<SettingProblem> &problems)
     return static_cast<int>(std::count_if(problems.begin(), problems.end(), [](const SettingProblem &problem) {
         return problem.kind == SettingProblem::Kind::Malformed;
     }));
+}
+
+/// The reason of a failure, in the system's words; empty when the picture is in its place.
+QString savePicture(QWidget *window, const QString &path)
+{
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    window->grab().save(&buffer, "PNG");
+    return writeWholeFile(path, png);
 }
 
 /// How much a run's exit code weighs among those of several runs.
@@ -200,8 +212,9 @@ void UnattendedRun::report()
         startRun();
         return;
     }
-    if (!m_line.screenshot.isEmpty() && !m_window->grab().save(m_line.screenshot, "PNG")) {
-        ::print(stderr, QStringLiteral("The screenshot could not be saved: %1\n").arg(m_line.screenshot));
+    const QString reason = m_line.screenshot.isEmpty() ? QString() : savePicture(m_window, m_line.screenshot);
+    if (!reason.isEmpty()) {
+        ::print(stderr, QStringLiteral("The screenshot could not be saved: %1: %2\n").arg(m_line.screenshot, reason));
         m_worst = weight(NotSaved) > weight(m_worst) ? NotSaved : m_worst;
     }
     leave(m_worst);
