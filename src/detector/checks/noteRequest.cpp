@@ -23,9 +23,6 @@ RequestEnd endOfRequest(int result)
 /// The first request that was not answered stays; else the last one counts.
 void note(CheckItemLog &item, const RequestEnd &end)
 {
-    if (end.kind == Kind::NoReply || end.kind == Kind::WrongSize) {
-        noteUnansweredRequest();
-    }
     if (!item.request || item.request->kind == Kind::Answered) {
         item.request = end;
     }
@@ -40,6 +37,9 @@ int noteRequest(CheckItemLog &item, int result)
 
 int noteShellCall(CheckItemLog &item, int result)
 {
+    if (result != 0) {
+        noteUnansweredRequest();
+    }
     note(item, {result == 0 ? Kind::Answered : Kind::NoReply});
     return result;
 }
