@@ -32,6 +32,20 @@ QString outcome(int result, Fields... fields)
     return texts.join(QLatin1Char(' '));
 }
 
+/// A command that the client has no method for.
+struct Level
+{
+    std::uint16_t value = 0;
+
+    template <class In>
+    void read(In &in)
+    {
+        in.take(value);
+    }
+};
+constexpr RecordCommand<Level> getLevel{
+    CommandKind::Query, protocol::Device::Gimbal, {protocol::CommandSet::Gimbal, 0x7F}, std::chrono::seconds(1), 2};
+
 QByteArray hex(const char *text)
 {
     return QByteArray::fromHex(text);
@@ -223,6 +237,11 @@ void tst_Camera::exchange_data()
         const int result = camera.ReadEEPROM(0, 0, &buffer);
         return outcome(result, buffer.length());
     });
+    row("row without a method", 2, 2, 0x7F, "0102", hex("3412"), "0 4660", [](Camera &camera) {
+        Level level;
+        const int result = camera.query(getLevel, &level, {1, 2});
+        return outcome(result, level.value);
+    });
 
     struct Block
     {
@@ -351,6 +370,13 @@ void tst_Camera::failedReplies_data()
     };
     QTest::newRow("camera state of 87 bytes") << cameraState << QByteArray(88, '\0') << QStringLiteral("-1 1 2 3");
     QTest::newRow("camera state of 89 bytes") << cameraState << QByteArray(90, '\0') << QStringLiteral("-1 1 2 3");
+    const Request level = [](Camera &camera) {
+        Level record{7};
+        const int result = camera.query(getLevel, &record);
+        return QStringLiteral("%1 %2").arg(result).arg(record.value);
+    };
+    QTest::newRow("row without a method, 1 byte") << level << hex("0001") << QStringLiteral("-1 7");
+    QTest::newRow("row without a method, refused") << level << hex("090102") << QStringLiteral("9 7");
     QTest::newRow("signature refused") << Request([](Camera &camera) {
         int status = 0;
         const bool marked = camera.signatureCheckSfr(&status);

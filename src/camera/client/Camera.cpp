@@ -10,6 +10,7 @@
 #include "platform/networkAddress.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <QDebug>
 #include <utility>
@@ -38,11 +39,6 @@ constexpr EepromBlock factoryMark{8162, 2};
 
 constexpr int sendingsOfAQuery = 4; // one for each quarter of its wait time
 
-bool contains(const std::vector<std::uint16_t> &numbers, std::uint16_t number)
-{
-    return std::find(numbers.begin(), numbers.end(), number) != numbers.end();
-}
-
 KestDataPacket makeRequest(const DeviceCommand &command, std::initializer_list<unsigned> payload)
 {
     KestDataPacket packet;
@@ -60,6 +56,29 @@ QString nameOf(protocol::Command command)
 {
     return QString::fromStdString(getCmdSetName(static_cast<std::uint8_t>(command.set)) + uint162hexstr(command.id));
 }
+
+/// The completion handlers that are known by name. A reply to any other command goes straight to its completion.
+struct NamedHandler
+{
+    protocol::Command command;
+    void (Camera::*handler)(int code, const std::uint8_t *data, int length);
+};
+constexpr std::array namedHandlers = {
+    NamedHandler{deviceCommand::registerPC.command, &Camera::registerPC_Notify},
+    NamedHandler{deviceCommand::Ping.command, &Camera::Ping_Notify},
+    NamedHandler{deviceCommand::getCameraState.command, &Camera::getCameraState_Notify},
+    NamedHandler{deviceCommand::getTFCardStatus.command, &Camera::getTFCardStatus_Notify},
+    NamedHandler{deviceCommand::getTFCardUsedStatus.command, &Camera::getTFCardUsedStatus_Notify},
+    NamedHandler{deviceCommand::getBatteryInfo.command, &Camera::getBatteryInfo_Notify},
+    NamedHandler{deviceCommand::getBatteryStatus.command, &Camera::getBatteryStatus_Notify},
+    NamedHandler{deviceCommand::getBatteryEscFactoryCheck.command, &Camera::getBatteryEscFactoryCheck_Notigy},
+    NamedHandler{deviceCommand::getGimbalDeviceInfo.command, &Camera::getGimbalDeviceInfo_Notify},
+    NamedHandler{deviceCommand::fetchGimbalState.command, &Camera::fetchGimbalState_Notify},
+    NamedHandler{deviceCommand::getGimbalESCDevicesCheck.command, &Camera::getGimbalESCDevicesCheck_Notify},
+    NamedHandler{deviceCommand::setGimbalAnguVeloPosi.command, &Camera::setGimbalAnguVeloPosi_Notify},
+    NamedHandler{deviceCommand::setGimbalFactoryCheck.command, &Camera::setGimbalFactoryCheck_Notify},
+    NamedHandler{deviceCommand::ReadEEPROM.command, &Camera::ReadEEPROM_Notify},
+};
 } // namespace
 
 std::shared_ptr<Camera> Camera::Get()
@@ -90,15 +109,20 @@ void Camera::killThread()
     }
 }
 
-Camera::Completion::Completion(Camera *camera, const DeviceCommand &row, Handler notify) : command(row), handler(notify)
+Completion *Camera::completionFor(protocol::Command command)
 {
-    camera->m_completions.push_back(this);
+    const std::lock_guard<std::mutex> lock(m_completionsMutex);
+    const auto found = std::find_if(m_completions.begin(), m_completions.end(),
+                                    [&](const auto &entry) { return entry->command.command == command; });
+    return found != m_completions.end() ? found->get() : nullptr;
 }
 
 void Camera::abandonRequests()
 {
     m_abandoned = true;
-    for (Completion *slot : m_completions) {
+    // A completion that comes into the list later belongs to a request that sees the flag.
+    const std::lock_guard<std::mutex> list(m_completionsMutex);
+    for (const auto &slot : m_completions) {
         // Passing through the mutex makes sure that a waiter has either seen the flag or is already waiting.
         {
             const std::lock_guard<std::mutex> lock(slot->mutex);
@@ -117,8 +141,7 @@ void Camera::send(Completion &slot, KestDataPacket &packet)
     slot.numbers.push_back(packet.seq);
 }
 
-template <class Take>
-int Camera::request(Completion &slot, KestDataPacket &packet, Take take)
+int Camera::request(Completion &slot, KestDataPacket &packet, const std::function<void()> &take)
 {
     const std::lock_guard<std::mutex> oneRequest(slot.oneRequest);
     // Held from before the send until the wait begins, or a reply within microseconds would notify nobody.
@@ -155,17 +178,15 @@ int Camera::request(Completion &slot, KestDataPacket &packet, Take take)
     return result;
 }
 
-template <class Record>
-int Camera::query(RecordCompletion<Record> &slot, Record *out)
-{
-    KestDataPacket packet = makeRequest(slot.command, {});
-    return request(slot, packet, [&] { *out = slot.record; });
-}
-
-int Camera::order(Completion &slot, std::initializer_list<unsigned> payload)
+int Camera::request(Completion &slot, std::initializer_list<unsigned> payload, const std::function<void()> &take)
 {
     KestDataPacket packet = makeRequest(slot.command, payload);
-    return request(slot, packet, [] {});
+    return request(slot, packet, take);
+}
+
+int Camera::order(const DeviceCommand &row, std::initializer_list<unsigned> payload)
+{
+    return request(completion(row), payload, [] {});
 }
 
 void Camera::getPacket4AppIpReport(unsigned long ip, unsigned short port, KestDataPacket *packet)
@@ -179,42 +200,42 @@ int Camera::registerPC(const QString &ip)
 {
     KestDataPacket packet;
     getPacket4AppIpReport(networkAddress(ip), protocol::pcPort, &packet);
-    return request(m_registerPC, packet, [] {});
+    return request(completion(deviceCommand::registerPC), packet, [] {});
 }
 
 int Camera::Ping()
 {
-    return order(m_ping);
+    return order(deviceCommand::Ping);
 }
 
 int Camera::getCameraState(CameraStatus *status)
 {
-    return query(m_cameraState, status);
+    return query(deviceCommand::getCameraState, status);
 }
 
 int Camera::getTFCardStatus(TFCardStatus *status)
 {
-    return query(m_tfCardStatus, status);
+    return query(deviceCommand::getTFCardStatus, status);
 }
 
 int Camera::getTFCardUsedStatus(TFCardUsedStatus *status)
 {
-    return query(m_tfCardUsedStatus, status);
+    return query(deviceCommand::getTFCardUsedStatus, status);
 }
 
 int Camera::getBatteryInfo(BatteryInfo *info)
 {
-    return query(m_batteryInfo, info);
+    return query(deviceCommand::getBatteryInfo, info);
 }
 
 int Camera::getBatteryStatus(BatteryStatus *status)
 {
-    return query(m_batteryStatus, status);
+    return query(deviceCommand::getBatteryStatus, status);
 }
 
 int Camera::getBatteryEscFactoryCheck(BatteryCheckResult *check)
 {
-    const int result = order(m_batteryEscFactoryCheck);
+    const int result = order(deviceCommand::getBatteryEscFactoryCheck);
     if (result == requestResult::success) {
         check->result = 0;
     }
@@ -223,17 +244,17 @@ int Camera::getBatteryEscFactoryCheck(BatteryCheckResult *check)
 
 int Camera::getGimbalDeviceInfo(GimbalDeviceInfo *info)
 {
-    return query(m_gimbalDeviceInfo, info);
+    return query(deviceCommand::getGimbalDeviceInfo, info);
 }
 
 int Camera::fetchGimbalState(GimbalState *state)
 {
-    return query(m_gimbalState, state);
+    return query(deviceCommand::fetchGimbalState, state);
 }
 
 int Camera::getGimbalESCDevicesCheck(GimbalESCDevicesCheck *check)
 {
-    return query(m_gimbalEscDevicesCheck, check);
+    return query(deviceCommand::getGimbalESCDevicesCheck, check);
 }
 
 int Camera::setGimbalAnguVeloPosi(GimbalAnguVeloPosi values)
@@ -241,25 +262,20 @@ int Camera::setGimbalAnguVeloPosi(GimbalAnguVeloPosi values)
     const auto &v = values.fields;
     qDebug() << "setGimbalAnguVeloPosi" << v[0] << v[1] << v[2] << v[3] << v[4] << v[5];
     const auto high = [](std::uint16_t value) { return unsigned{value} >> 8U; };
-    return order(m_gimbalAnguVeloPosi, {v[0], high(v[0]), v[1], high(v[1]), v[2], high(v[2]), v[3], high(v[3]), v[4],
-                                        high(v[4]), v[5], high(v[5])});
+    return order(deviceCommand::setGimbalAnguVeloPosi, {v[0], high(v[0]), v[1], high(v[1]), v[2], high(v[2]), v[3],
+                                                        high(v[3]), v[4], high(v[4]), v[5], high(v[5])});
 }
 
 int Camera::setGimbalFactoryCheck(unsigned char mode)
 {
-    return order(m_gimbalFactoryCheck, {mode});
+    return order(deviceCommand::setGimbalFactoryCheck, {mode});
 }
 
 int Camera::ReadEEPROM(int address, int length, EEPromBuf *buffer)
 {
     const auto from = static_cast<unsigned>(address);
     const auto count = static_cast<unsigned>(length);
-    KestDataPacket packet = makeRequest(deviceCommand::ReadEEPROM, {from, from >> 8U, count, count >> 8U});
-    return request(m_eeprom, packet, [&] {
-        const EEPromBuf &reply = m_eeprom.record;
-        buffer->resize(reply.length());
-        std::copy_n(reply.data(), reply.length(), buffer->data());
-    });
+    return query(deviceCommand::ReadEEPROM, buffer, {from, from >> 8U, count, count >> 8U});
 }
 
 // EEPROM blocks
@@ -363,77 +379,29 @@ void Camera::getSystemInformation()
 
 void Camera::handleReply(const Reply &reply)
 {
-    const auto found = std::find_if(m_completions.begin(), m_completions.end(),
-                                    [&](const Completion *entry) { return entry->command.command == reply.command; });
-    if (found == m_completions.end()) {
-        m_unknownReply.tell(QStringLiteral("A reply to a command that is never sent:") + nameOf(reply.command));
+    const auto named = std::find_if(namedHandlers.begin(), namedHandlers.end(),
+                                    [&](const NamedHandler &entry) { return entry.command == reply.command; });
+    Completion *slot = completionFor(reply.command);
+    if (slot != nullptr && slot->isStale(reply.sequence)) {
         return;
     }
-    Completion &slot = **found;
-    {
-        const std::lock_guard<std::mutex> lock(slot.mutex);
-        if (contains(slot.staleNumbers, reply.sequence) && !contains(slot.numbers, reply.sequence)) {
-            return;
-        }
+    if (named != namedHandlers.end()) {
+        (this->*named->handler)(reply.code, reply.data, reply.length);
+    } else if (slot != nullptr) {
+        slot->complete(reply.code, reply.data, reply.length);
+    } else {
+        m_unknownReply.tell(QStringLiteral("A reply to a command that is never sent:") + nameOf(reply.command));
     }
-    (this->*slot.handler)(reply.code, reply.data, reply.length);
 }
 
-template <class Read>
-void Camera::complete(Completion &slot, int code, Read read)
+void Camera::registerPC_Notify(int code, const std::uint8_t *data, int length)
 {
-    {
-        const std::lock_guard<std::mutex> lock(slot.mutex);
-        slot.result = code != requestResult::success ? code : read();
-        ++slot.completions;
-    }
-    slot.cond.notify_all();
+    completion(deviceCommand::registerPC).complete(code, data, length);
 }
 
-void Camera::complete(Completion &slot, int code, int length)
+void Camera::Ping_Notify(int code, const std::uint8_t *data, int length)
 {
-    complete(slot, code, [&] {
-        const int expected = slot.command.replySize;
-        return expected == replyData::ignored || expected == length ? requestResult::success : requestResult::wrongSize;
-    });
-}
-
-template <class Record>
-void Camera::completeRecord(RecordCompletion<Record> &slot, int code, const std::uint8_t *data, int length)
-{
-    complete(slot, code, [&]() -> int {
-        if (length != slot.command.replySize) {
-            return requestResult::wrongSize;
-        }
-        WireReader in(data);
-        slot.record.read(in);
-        return requestResult::success;
-    });
-}
-
-void Camera::registerPC_Notify(int code, const std::uint8_t *, int length)
-{
-    complete(m_registerPC, code, length);
-}
-
-void Camera::getBatteryEscFactoryCheck_Notigy(int code, const std::uint8_t *, int length)
-{
-    complete(m_batteryEscFactoryCheck, code, length);
-}
-
-void Camera::Ping_Notify(int code, const std::uint8_t *, int length)
-{
-    complete(m_ping, code, length);
-}
-
-void Camera::setGimbalAnguVeloPosi_Notify(int code, const std::uint8_t *, int length)
-{
-    complete(m_gimbalAnguVeloPosi, code, length);
-}
-
-void Camera::setGimbalFactoryCheck_Notify(int code, const std::uint8_t *, int length)
-{
-    complete(m_gimbalFactoryCheck, code, length);
+    completion(deviceCommand::Ping).complete(code, data, length);
 }
 
 void Camera::getCameraState_Notify(int code, const std::uint8_t *data, int length)
@@ -445,54 +413,60 @@ void Camera::getCameraState_Notify(int code, const std::uint8_t *data, int lengt
         status.read(in);
         qDebug().noquote() << "iCurStatus" << QString::number(status.iCurStatus, 16);
     }
-    completeRecord(m_cameraState, code, data, length);
+    completion(deviceCommand::getCameraState).complete(code, data, length);
 }
 
 void Camera::getTFCardStatus_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_tfCardStatus, code, data, length);
+    completion(deviceCommand::getTFCardStatus).complete(code, data, length);
 }
 
 void Camera::getTFCardUsedStatus_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_tfCardUsedStatus, code, data, length);
+    completion(deviceCommand::getTFCardUsedStatus).complete(code, data, length);
 }
 
 void Camera::getBatteryInfo_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_batteryInfo, code, data, length);
+    completion(deviceCommand::getBatteryInfo).complete(code, data, length);
 }
 
 void Camera::getBatteryStatus_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_batteryStatus, code, data, length);
+    completion(deviceCommand::getBatteryStatus).complete(code, data, length);
+}
+
+void Camera::getBatteryEscFactoryCheck_Notigy(int code, const std::uint8_t *data, int length)
+{
+    completion(deviceCommand::getBatteryEscFactoryCheck).complete(code, data, length);
 }
 
 void Camera::getGimbalDeviceInfo_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_gimbalDeviceInfo, code, data, length);
+    completion(deviceCommand::getGimbalDeviceInfo).complete(code, data, length);
 }
 
 void Camera::fetchGimbalState_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_gimbalState, code, data, length);
+    completion(deviceCommand::fetchGimbalState).complete(code, data, length);
 }
 
 void Camera::getGimbalESCDevicesCheck_Notify(int code, const std::uint8_t *data, int length)
 {
-    completeRecord(m_gimbalEscDevicesCheck, code, data, length);
+    completion(deviceCommand::getGimbalESCDevicesCheck).complete(code, data, length);
+}
+
+void Camera::setGimbalAnguVeloPosi_Notify(int code, const std::uint8_t *data, int length)
+{
+    completion(deviceCommand::setGimbalAnguVeloPosi).complete(code, data, length);
+}
+
+void Camera::setGimbalFactoryCheck_Notify(int code, const std::uint8_t *data, int length)
+{
+    completion(deviceCommand::setGimbalFactoryCheck).complete(code, data, length);
 }
 
 void Camera::ReadEEPROM_Notify(int code, const std::uint8_t *data, int length)
 {
-    complete(m_eeprom, code, [&]() -> int {
-        constexpr int countSize = 2;
-        if (length < countSize || length > protocol::maxReplyData || (data[0] | data[1] << 8) + countSize != length) {
-            return requestResult::wrongSize;
-        }
-        EEPromBuf &buffer = m_eeprom.record;
-        buffer.resize(length - countSize);
-        std::copy_n(data + countSize, length - countSize, buffer.data());
-        return requestResult::success;
-    });
+    completion(deviceCommand::ReadEEPROM).complete(code, data, length);
 }

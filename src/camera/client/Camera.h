@@ -1,5 +1,6 @@
 #pragma once
 
+#include "camera/client/Completion.h"
 #include "camera/client/deviceCommands.h"
 #include "camera/client/EEPromBuf.h"
 #include "camera/client/records.h"
@@ -8,8 +9,8 @@
 #include "camera/codec/requestResult.h"
 #include "camera/supervisor/LinkCommands.h"
 
+#include <algorithm>
 #include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -17,6 +18,7 @@
 #include <mutex>
 #include <QString>
 #include <QtGlobal>
+#include <utility>
 #include <vector>
 
 class Supervisor;
@@ -57,6 +59,15 @@ public:
     /// Hands a reply to the completion handler of its command. A command that the station does not know is told in the
     /// debug output. On the receive thread.
     void handleReply(const Reply &reply);
+
+    /// Asks the camera for a record. The command needs no more than its row of `deviceCommands.h`; the methods below
+    /// are those that others know by name. `payload`: the request's bytes.
+    template <class Record>
+    int query(const RecordCommand<Record> &row, Record *out, std::initializer_list<unsigned> payload = {})
+    {
+        RecordCompletion<Record> &slot = completion(row);
+        return request(slot, payload, [&] { *out = slot.record; });
+    }
 
     int registerPC(const QString &ip) override;
     int Ping() override;
@@ -114,56 +125,27 @@ public:
     void ReadEEPROM_Notify(int code, const std::uint8_t *data, int length);
 
 private:
-    using Handler = void (Camera::*)(int code, const std::uint8_t *data, int length);
-
-    /// What joins a command, its callers and its completion handler; enters itself into its client's list.
-    struct Completion
-    {
-        Completion(Camera *camera, const DeviceCommand &row, Handler notify);
-        Q_DISABLE_COPY(Completion)
-
-        const DeviceCommand &command;
-        const Handler handler;
-
-        std::mutex oneRequest; ///< one caller at a time: held during a whole request, and taken before `mutex`
-        std::mutex mutex;      ///< guards what follows, between that caller and the receive thread
-        std::condition_variable cond;
-        std::int32_t result = 0;       ///< of the last completion
-        std::uint64_t completions = 0; ///< how many there were: tells one from a spurious wake-up
-
-        std::vector<std::uint16_t> numbers;      ///< of the frames of the last request, or of the one under way
-        std::vector<std::uint16_t> staleNumbers; ///< of the last request before it that was sent more than once
-    };
-    /// The completion of a command whose reply carries data.
-    template <class Record>
-    struct RecordCompletion : Completion
-    {
-        RecordCompletion(Camera *camera, const RecordCommand<Record> &row, Handler notify)
-            : Completion(camera, row, notify)
-        {
-        }
-
-        Record record{}; ///< the last good reply, guarded by `mutex`
-    };
-
     Camera();
+
+    /// The completion of a row, made with the row's first request or reply. From any thread.
+    Completion &completion(const DeviceCommand &row) { return completionOf<Completion>(row); }
+    template <class Record>
+    RecordCompletion<Record> &completion(const RecordCommand<Record> &row)
+    {
+        return completionOf<RecordCompletion<Record>>(row);
+    }
+    template <class Kind, class Row>
+    Kind &completionOf(const Row &row);
+    /// Null for a command that has no completion yet. From any thread.
+    Completion *completionFor(protocol::Command command);
 
     /// Sends a request, a query perhaps more than once, and waits for its completion; on success `take` copies the
     /// reply while it is guarded.
-    template <class Take>
-    int request(Completion &slot, KestDataPacket &packet, Take take);
-    template <class Record>
-    int query(RecordCompletion<Record> &slot, Record *out);
-    int order(Completion &slot, std::initializer_list<unsigned> payload = {});
+    int request(Completion &slot, KestDataPacket &packet, const std::function<void()> &take);
+    int request(Completion &slot, std::initializer_list<unsigned> payload, const std::function<void()> &take);
+    int order(const DeviceCommand &row, std::initializer_list<unsigned> payload = {});
     /// Gives the packet a number, notes it and sends it. With the slot's mutex held.
     void send(Completion &slot, KestDataPacket &packet);
-
-    /// Ends the wait for `slot`: with `code`, or, if that is success, with what `read` makes of the reply data.
-    template <class Read>
-    static void complete(Completion &slot, int code, Read read);
-    static void complete(Completion &slot, int code, int length);
-    template <class Record>
-    static void completeRecord(RecordCompletion<Record> &slot, int code, const std::uint8_t *data, int length);
 
     int readBlock(const EepromBlock &block, EEPromBuf *buffer);
     int readBlockLength(const EepromBlock &block, int *length);
@@ -175,28 +157,23 @@ private:
     SparingWarning m_sendFailed;
     SparingWarning m_unknownReply;
 
-    std::vector<Completion *> m_completions; ///< all of those below, in their order
-    Completion m_registerPC{this, deviceCommand::registerPC, &Camera::registerPC_Notify};
-    Completion m_ping{this, deviceCommand::Ping, &Camera::Ping_Notify};
-    RecordCompletion<CameraStatus> m_cameraState{this, deviceCommand::getCameraState, &Camera::getCameraState_Notify};
-    RecordCompletion<TFCardStatus> m_tfCardStatus{this, deviceCommand::getTFCardStatus,
-                                                  &Camera::getTFCardStatus_Notify};
-    RecordCompletion<TFCardUsedStatus> m_tfCardUsedStatus{this, deviceCommand::getTFCardUsedStatus,
-                                                          &Camera::getTFCardUsedStatus_Notify};
-    RecordCompletion<BatteryInfo> m_batteryInfo{this, deviceCommand::getBatteryInfo, &Camera::getBatteryInfo_Notify};
-    RecordCompletion<BatteryStatus> m_batteryStatus{this, deviceCommand::getBatteryStatus,
-                                                    &Camera::getBatteryStatus_Notify};
-    Completion m_batteryEscFactoryCheck{this, deviceCommand::getBatteryEscFactoryCheck,
-                                        &Camera::getBatteryEscFactoryCheck_Notigy};
-    RecordCompletion<GimbalDeviceInfo> m_gimbalDeviceInfo{this, deviceCommand::getGimbalDeviceInfo,
-                                                          &Camera::getGimbalDeviceInfo_Notify};
-    RecordCompletion<GimbalState> m_gimbalState{this, deviceCommand::fetchGimbalState,
-                                                &Camera::fetchGimbalState_Notify};
-    RecordCompletion<GimbalESCDevicesCheck> m_gimbalEscDevicesCheck{this, deviceCommand::getGimbalESCDevicesCheck,
-                                                                    &Camera::getGimbalESCDevicesCheck_Notify};
-    Completion m_gimbalAnguVeloPosi{this, deviceCommand::setGimbalAnguVeloPosi, &Camera::setGimbalAnguVeloPosi_Notify};
-    Completion m_gimbalFactoryCheck{this, deviceCommand::setGimbalFactoryCheck, &Camera::setGimbalFactoryCheck_Notify};
-    RecordCompletion<EEPromBuf> m_eeprom{this, deviceCommand::ReadEEPROM, &Camera::ReadEEPROM_Notify};
+    std::mutex m_completionsMutex; ///< guards the list; taken before a completion's own
+    std::vector<std::unique_ptr<Completion>> m_completions;
 
     std::unique_ptr<Supervisor> m_supervisor; ///< last: it makes requests when everything else is in place
 };
+
+template <class Kind, class Row>
+Kind &Camera::completionOf(const Row &row)
+{
+    const std::lock_guard<std::mutex> lock(m_completionsMutex);
+    const auto found = std::find_if(m_completions.begin(), m_completions.end(),
+                                    [&row](const auto &entry) { return &entry->command == &row; });
+    if (found != m_completions.end()) {
+        return static_cast<Kind &>(**found);
+    }
+    auto made = std::make_unique<Kind>(row);
+    Kind &entry = *made;
+    m_completions.push_back(std::move(made));
+    return entry;
+}

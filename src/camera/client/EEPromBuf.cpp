@@ -4,9 +4,7 @@
 
 void EEPromBuf::resize(int length)
 {
-    if (length == m_length) {
-        return;
+    if (length != this->length()) {
+        m_bytes.assign(static_cast<std::size_t>(length) + 1, 0);
     }
-    m_data = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(length) + 1);
-    m_length = length;
 }

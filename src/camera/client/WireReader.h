@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -13,6 +14,11 @@ public:
     explicit WireReader(const std::uint8_t *data) : m_next(data) {}
 
     void skip(int bytes) { m_next += bytes; }
+    void copy(std::uint8_t *to, int bytes)
+    {
+        std::copy_n(m_next, bytes, to);
+        skip(bytes);
+    }
 
     template <class... Values>
     void take(Values &...values)

@@ -6,8 +6,8 @@
 
 #include <chrono>
 
-// The commands that the station sends, one a row, named after the methods of `Camera` that send them. A further command
-// is a row here, its method and handler in `Camera`, and the completion there that joins the three.
+// The commands that the station sends, one a row. A row is all that `Camera::query` needs; the first fourteen are named
+// after the methods of `Camera` that send them.
 
 /// What a command is for, and with it, what may be done when its reply does not come.
 enum class CommandKind {
