@@ -4,11 +4,15 @@
 #include "camera/supervisor/Supervisor.h"
 #include "DatagramPeer.h"
 #include "detector/store/KestDetectorFace.h"
+#include "OwnClient.h"
 #include "support/MessageSpy.h"
 #include "support/ScriptedShellServer.h"
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
+#include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <memory>
 #include <QtTest>
 
@@ -17,16 +21,20 @@ using emulator::Frame;
 namespace {
 constexpr int registerPc = 0x20;
 constexpr int ping = 0x22;
+constexpr std::chrono::milliseconds quickRounds(100);
 
 QString iniPath()
 {
     return QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini");
 }
 
+/// Each file is longer than the one before: Qt takes two of one size, written within milliseconds, for the same.
 bool writeIni(const QByteArray &text)
 {
+    static int files = 0;
+    const QByteArray content = text + QByteArray(++files, '\n');
     QFile file(iniPath());
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
 }
 } // namespace
 
@@ -47,9 +55,32 @@ public:
 
     Guarded<QString> registrations; ///< "<PC>><camera> " each
 };
+
+/// The real commands; of pings that fail in a row, only the last one is made to wait for its reply.
+class HastyCommands final : public LinkCommands
+{
+public:
+    explicit HastyCommands(Camera &camera) : m_camera(camera) {}
+
+    int registerPC(const QString &ip) override { return m_camera.registerPC(ip); }
+    int Ping() override
+    {
+        if (pingsToFail > 0) {
+            --pingsToFail;
+            return requestResult::noReply;
+        }
+        return m_camera.Ping();
+    }
+    bool requestsAbandoned() const override { return m_camera.requestsAbandoned(); }
+
+    std::atomic<int> pingsToFail{0};
+
+private:
+    Camera &m_camera;
+};
 } // namespace
 
-/// The camera supervisor: one process-wide thread, so the tests follow one camera through its life, in this order.
+/// The camera supervisor: the tests follow one camera through its life, in this order.
 class tst_Supervisor : public QObject
 {
     Q_OBJECT
@@ -73,9 +104,12 @@ private slots:
     void answeringCameraIsBack();
     void slowShellIsStillReached();
     void closingDoesNotDropTheLink();
+    void processWideClientHasOne();
 
 private:
     int count(int command) const;
+    /// The next `count` pings get no reply.
+    void dropPings(int count);
 
     std::unique_ptr<DatagramPeer> m_peer;
     std::unique_ptr<ScriptedShellServer> m_shell;
@@ -85,6 +119,10 @@ private:
     ShellState m_stateAtLogin = ShellState::None;
     int m_pingsToDrop = 0;
     bool m_answerRegistration = false;
+
+    std::unique_ptr<OwnClient> m_client;
+    std::unique_ptr<HastyCommands> m_commands;
+    std::unique_ptr<Supervisor> m_supervisor;
 };
 
 void tst_Supervisor::initTestCase()
@@ -147,6 +185,12 @@ void tst_Supervisor::cleanupTestCase()
     QFile::remove(iniPath());
 }
 
+void tst_Supervisor::dropPings(int count)
+{
+    m_commands->pingsToFail = count - 1;
+    m_pingsToDrop = 1;
+}
+
 int tst_Supervisor::count(int command) const
 {
     const QList<Frame> requests = m_peer->requests();
@@ -202,7 +246,11 @@ void tst_Supervisor::withoutPcAddressNothingIsSent()
         QVERIFY(writeIni(ini));
     }
     const MessageSpy messages;
-    Camera::Get();
+    if (!m_supervisor) {
+        m_client = std::make_unique<OwnClient>();
+        m_commands = std::make_unique<HastyCommands>(m_client->camera);
+        m_supervisor = std::make_unique<Supervisor>(*m_commands, quickRounds);
+    }
     // The first one may be of a round that had begun with the settings before these.
     QTRY_VERIFY(messages.messages().count(QStringLiteral("sConnectIp \"\" \"\" 9999")) >= 2);
     m_events.clear();
@@ -315,7 +363,7 @@ void tst_Supervisor::twoFailedPingsKeepTheLink()
 {
     QTRY_VERIFY(count(ping) >= 1);
     m_events.clear();
-    m_pingsToDrop = 2;
+    dropPings(2);
     QTRY_COMPARE_WITH_TIMEOUT(m_pingsToDrop, 0, 15000);
     const int before = count(ping);
     QTRY_VERIFY_WITH_TIMEOUT(count(ping) >= before + 2, 15000);
@@ -328,7 +376,7 @@ void tst_Supervisor::thirdFailedPingDropsTheLink()
     QVERIFY(KestDetectorFace::Get()->run.take(KestDetectorFace::Get()->macAddress));
     m_events.clear();
     m_answerRegistration = false;
-    m_pingsToDrop = 3;
+    dropPings(3);
     QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("disconnected")), 20000);
     QCOMPARE(m_pingsToDrop, 0);
     QCOMPARE(m_events.mid(0, 4), QStringList({QStringLiteral("wifi "), QStringLiteral("password "),
@@ -353,7 +401,7 @@ void tst_Supervisor::slowShellIsStillReached()
     KestDetectorFace *face = KestDetectorFace::Get();
     m_letsIn = false;
     m_events.clear();
-    m_pingsToDrop = 3;
+    dropPings(3);
     QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("disconnected")), 20000);
     m_events.clear();
     QTRY_VERIFY_WITH_TIMEOUT(m_events.contains(QStringLiteral("connected")), 20000);
@@ -373,13 +421,28 @@ void tst_Supervisor::closingDoesNotDropTheLink()
     const QString mac = KestDetectorFace::Get()->macAddress;
     QVERIFY(!mac.isEmpty());
     m_events.clear();
-    m_pingsToDrop = 3;
+    dropPings(3);
     QTRY_COMPARE_WITH_TIMEOUT(m_pingsToDrop, 0, 20000);
-    Camera::Get()->abandonRequests();
-    Camera::Get()->killThread();
+    m_client->camera.abandonRequests();
+    m_supervisor->stop();
     QCoreApplication::processEvents();
     QCOMPARE(m_events, QStringList());
     QCOMPARE(KestDetectorFace::Get()->macAddress.get(), mac);
+}
+
+void tst_Supervisor::processWideClientHasOne()
+{
+    m_supervisor.reset();
+    m_commands.reset();
+    m_client.reset();
+    m_peer->clear();
+    Camera::Get();
+    QTRY_VERIFY(count(registerPc) >= 1);
+    Camera::Get()->killThread();
+    QCoreApplication::processEvents();
+    m_peer->clear();
+    QTest::qWait(1500);
+    QCOMPARE(m_peer->datagrams().size(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_Supervisor)

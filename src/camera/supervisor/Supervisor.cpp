@@ -14,7 +14,6 @@
 #include <QDebug>
 
 namespace {
-constexpr std::chrono::milliseconds pauseBetweenRounds(1000);
 constexpr std::chrono::milliseconds exitLimit(2000);
 constexpr int toleratedPings = 2; // the next failure in a row drops the link
 
@@ -26,8 +25,8 @@ void publishLink(bool isConnected)
 }
 } // namespace
 
-Supervisor::Supervisor(LinkCommands &commands)
-    : m_commands(commands), m_worker("supervisor", exitLimit, [this] { func(); })
+Supervisor::Supervisor(LinkCommands &commands, std::chrono::milliseconds pause)
+    : m_commands(commands), m_pause(pause), m_worker("supervisor", exitLimit, [this] { func(); })
 {
 }
 
@@ -45,7 +44,7 @@ void Supervisor::func()
         } else {
             connectOnce();
         }
-        m_worker.pause(pauseBetweenRounds);
+        m_worker.pause(m_pause);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "camera/supervisor/GrowingPause.h"
 #include "threads/WorkerThread.h"
 
+#include <chrono>
 #include <QtGlobal>
 
 class LinkCommands;
@@ -22,8 +23,9 @@ class Supervisor
     Q_DISABLE_COPY(Supervisor)
 
 public:
-    /// Starts the thread. `commands` must be ready for calls from it, and outlive it.
-    explicit Supervisor(LinkCommands &commands);
+    /// Starts the thread. `commands` must be ready for calls from it, and outlive it. `pause`: between two rounds, each
+    /// of which registers or pings once.
+    explicit Supervisor(LinkCommands &commands, std::chrono::milliseconds pause = std::chrono::seconds(1));
 
     /// Ends and joins the thread: at once when it waits for its next second, else after the request or the shell call
     /// under way. Further calls do nothing.
@@ -36,6 +38,7 @@ private:
     void keepShell();
 
     LinkCommands &m_commands;
+    const std::chrono::milliseconds m_pause;
     bool m_connected = false;    ///< this and the next three: supervisor thread only
     int m_failedPings = 0;       ///< in a row
     bool m_cameraIsRead = false; ///< WiFi and MAC, on the shell's present connection
