@@ -38,6 +38,8 @@ void refuse(const CommandLine &line, const QString &reason)
     } else {
         QMessageBox box(QMessageBox::Warning, QStringLiteral("KestDetector"), reason);
         box.setTextFormat(Qt::PlainText);
+        const TerminationSignals terminationSignals;
+        QObject::connect(&terminationSignals, &TerminationSignals::received, &box, &QDialog::reject);
         box.exec();
     }
 }

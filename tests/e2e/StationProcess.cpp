@@ -1,6 +1,7 @@
 #include "StationProcess.h"
 
 #include "support/fileContent.h"
+#include "waiting.h"
 
 #include <csignal>
 #include <QDir>
@@ -104,16 +105,43 @@ QByteArray StationProcess::optionIni() const
     return fileContent(iniPath(folder()), {});
 }
 
-void StationProcess::start(const QString &components, const QStringList &options)
+void StationProcess::launch(const QStringList &arguments)
 {
     m_process.setProcessEnvironment(m_environment);
     m_process.setStandardOutputFile(m_output.path());
     m_process.setStandardErrorFile(m_debugOutput.path());
     m_process.start(m_folder.filePath(QStringLiteral("KestDetector")),
-                    QStringList{QStringLiteral("-platform"), QStringLiteral("offscreen"), QStringLiteral("--run"),
-                                components, QStringLiteral("--save-path"), savePath()} +
-                        options);
+                    QStringList{QStringLiteral("-platform"), QStringLiteral("offscreen")} + arguments);
     m_process.waitForStarted();
+}
+
+void StationProcess::start(const QString &components, const QStringList &options)
+{
+    launch(QStringList{QStringLiteral("--run"), components, QStringLiteral("--save-path"), savePath()} + options);
+}
+
+void StationProcess::openWindow()
+{
+    setSavePath(folder());
+    setVariable(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(KEST_HAND_DIR));
+    setVariable(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("operatorhand"));
+    launch({});
+}
+
+void StationProcess::tell(const QByteArray &order)
+{
+    m_process.write(order + '\n');
+    m_process.waitForBytesWritten();
+}
+
+bool StationProcess::waitForLabel(const QByteArray &name, const QByteArray &text, int limitMs)
+{
+    const auto shows = [&] {
+        tell("read " + name);
+        QThread::msleep(100); // an answer's time, so that not hundreds of them pile up
+        return m_output.content().contains(name + ": " + text);
+    };
+    return waitUntil(shows, limitMs);
 }
 
 void StationProcess::signal(int number) const

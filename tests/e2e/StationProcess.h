@@ -38,6 +38,12 @@ public:
 
     /// Starts `--run <components>` with `options`.
     void start(const QString &components, const QStringList &options = {});
+    /// Opens its window instead. A hand inside the program obeys `tell`: see operatorHand.cpp. Runs are saved beside
+    /// the program.
+    void openWindow();
+    void tell(const QByteArray &order);
+    /// Reads a label until its text begins with `text`; false when it does not in time.
+    bool waitForLabel(const QByteArray &name, const QByteArray &text, int limitMs = 60000);
     void signal(int number) const;
     bool isRunning();
     /// Waits for the end and returns the exit code; -1 when it did not end in time (it is then killed) or crashed.
@@ -72,6 +78,8 @@ private:
     protected:
         void setupChildProcess() override;
     };
+
+    void launch(const QStringList &arguments);
 
     QTemporaryDir m_folder;
     QTemporaryDir m_temporary;

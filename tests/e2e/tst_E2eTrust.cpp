@@ -151,8 +151,10 @@ QStringList strangers(const QMap<QString, QByteArray> &files, bool runWasDisowne
 {
     QStringList found;
     for (auto file = files.begin(); file != files.end(); ++file) {
-        // The verdicts of a run of which the station itself says that it lost or changed its camera.
-        if (runWasDisowned && file.key().endsWith(QLatin1String("/DetectorLog.txt"))) {
+        // The verdicts of a run that lost or changed its camera, which they say themselves.
+        const bool saysSo = file.value().startsWith("another camera came during the run\n\n") ||
+                            file.value().startsWith("the camera was lost during the run\n\n");
+        if (runWasDisowned && saysSo && file.key().endsWith(QLatin1String("/DetectorLog.txt"))) {
             continue;
         }
         const QByteArray text = readable(file.key(), file.value());

@@ -16,6 +16,7 @@ private slots:
     void secondRunOfTheDayOverwrites();
     void emptyListWritesAnEmptyFile();
     void componentWithoutRecordsWritesItsHeading();
+    void doubtStandsAboveTheBlocks();
     void folderName_data();
     void folderName();
     void unwritableFolderIsReported();
@@ -84,6 +85,13 @@ void tst_DetectionLog::componentWithoutRecordsWritesItsHeading()
 {
     KestDetectorRt::saveDetectoryLog({{componentId::battery, {}}});
     QCOMPARE(written(), QByteArray("[Battery]:\n\n"));
+}
+
+void tst_DetectionLog::doubtStandsAboveTheBlocks()
+{
+    KestDetectorRt::saveDetectoryLog({{componentId::lens, {item(QStringLiteral("相机通信正常\n"))}}},
+                                     QStringLiteral("another camera came during the run"));
+    QCOMPARE(written(), QByteArray("another camera came during the run\n\n[Lens]:\n相机通信正常\n\n"));
 }
 
 void tst_DetectionLog::folderName_data()

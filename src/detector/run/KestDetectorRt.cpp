@@ -26,6 +26,19 @@ QString today()
     return QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
 }
 
+/// What leaves a doubt about whose results a run's are.
+std::optional<Notice> doubtAbout(RunEnd::Camera camera)
+{
+    switch (camera) {
+    case RunEnd::Camera::Changed:
+        return Notices::cameraChanged();
+    case RunEnd::Camera::Lost:
+        return Notices::cameraLost();
+    case RunEnd::Camera::Kept:
+        break;
+    }
+    return std::nullopt;
+}
 } // namespace
 
 std::shared_ptr<KestDetectorRt> KestDetectorRt::Get()
@@ -104,7 +117,9 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
     emit face->signal_showCheckResult(outcome.passed);
     emit face->signal_setButtonEnable(true);
 
-    if (const auto unsaved = saveDetectoryLog(outcome.end.logs)) {
+    const auto doubt = doubtAbout(outcome.end.camera);
+    const bool tellsDoubt = doubt && face->safeguards().keepsEvidence();
+    if (const auto unsaved = saveDetectoryLog(outcome.end.logs, tellsDoubt ? doubt->text : QString())) {
         outcome.end.unsaved.append(*unsaved);
     }
     tell(outcome);
@@ -156,10 +171,8 @@ void KestDetectorRt::tell(const RunOutcome &outcome)
     if (!outcome.tested) {
         notices.tell(Notices::nothingTested());
     }
-    if (outcome.end.camera == RunEnd::Camera::Changed) {
-        notices.tell(Notices::cameraChanged());
-    } else if (outcome.end.camera == RunEnd::Camera::Lost) {
-        notices.tell(Notices::cameraLost());
+    if (const auto doubt = doubtAbout(outcome.end.camera)) {
+        notices.tell(*doubt);
     }
     for (const UnsavedFile &file : outcome.end.unsaved) {
         notices.tell(Notices::notSaved(file.path, file.reason));
@@ -173,7 +186,7 @@ void KestDetectorRt::tell(const RunOutcome &outcome)
     }
 }
 
-std::optional<UnsavedFile> KestDetectorRt::saveDetectoryLog(const QList<checkLog> &logs)
+std::optional<UnsavedFile> KestDetectorRt::saveDetectoryLog(const QList<checkLog> &logs, const QString &doubt)
 {
     const Safeguards safeguards = KestDetectorFace::Get()->safeguards();
     if (logs.isEmpty() && safeguards.keepsEvidence()) {
@@ -189,6 +202,9 @@ std::optional<UnsavedFile> KestDetectorRt::saveDetectoryLog(const QList<checkLog
     }
     QTextStream out(&file);
     out.setCodec("UTF-8");
+    if (!doubt.isEmpty()) {
+        out << doubt << QStringLiteral("\n\n");
+    }
     for (const checkLog &log : logs) {
         out << logBlock(log) << Qt::flush;
     }

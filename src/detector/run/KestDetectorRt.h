@@ -42,8 +42,8 @@ public:
 
     /// Writes "<folder of the day and camera>/DetectorLog.txt": one block for each component. An earlier log of the
     /// same day and camera is replaced; where evidence is kept, not by an empty one. A log that cannot be written is
-    /// reported in the debug output, and returned.
-    static std::optional<UnsavedFile> saveDetectoryLog(const QList<checkLog> &logs);
+    /// reported in the debug output, and returned. `doubt`: what is to be said above the blocks, if anything.
+    static std::optional<UnsavedFile> saveDetectoryLog(const QList<checkLog> &logs, const QString &doubt = {});
 
     /// How many runs have ended and have their log written, since program start. From any thread.
     int finishedRuns() const { return m_finishedRuns; }
