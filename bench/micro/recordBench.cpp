@@ -56,8 +56,8 @@ ItemRecord item(const ItemKey &key)
         record.measurements = {measured(Field::FileSize, 123456), measured(Field::FileTime, 0.31)};
         record.files = {{QStringLiteral("dmesg.txt"), 123456, QString(64, QLatin1Char('a'))}};
     } else {
-        record.measurements = {measured(Field::CameraStatusWord, QStringLiteral("0x8001a"))};
-        record.measurements[0].limit = Limit{{}, {}, {QStringLiteral("0x8001a")}};
+        record.measurements = {measured(Field::CameraStatusWord, QStringLiteral("0x000000000008001a"))};
+        record.measurements[0].limit = Limit{{}, {}, {QStringLiteral("0x000000000008001a")}};
     }
     return record;
 }

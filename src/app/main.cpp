@@ -83,6 +83,7 @@ int main(int argc, char *argv[])
     window.show();
     // The operator sees the window before its services are in place.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    KestDetectorFace::Get()->runLabels = line.labelsOver(KestDetectorFace::Get()->settings());
     std::unique_ptr<UnattendedRun> unattended;
     if (line.mode == CommandLine::Mode::Unattended) {
         unattended = std::make_unique<UnattendedRun>(&window, line);
@@ -101,5 +102,9 @@ int main(int argc, char *argv[])
     const int exitCode = QApplication::exec();
     // However the event loop came to its end: the window's close handler is what stops the threads.
     window.close();
-    return unattended ? unattended->exitCode() : exitCode;
+    if (unattended) {
+        unattended->finish();
+        return unattended->exitCode();
+    }
+    return exitCode;
 }

@@ -118,17 +118,16 @@ Suite runSuite(const RunRecord &run)
 class Report
 {
 public:
-    explicit Report(const RunRecord &run)
-        : m_timestamp(run.begin.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss"))),
-          m_hostName(token(run.station.name, QStringLiteral("localhost"))), m_xml(&m_bytes)
+    explicit Report(const QList<RunRecord> &runs) : m_xml(&m_bytes)
     {
         m_xml.setAutoFormatting(true);
         m_xml.writeStartDocument();
         m_xml.writeStartElement(QStringLiteral("testsuites"));
-        int number = 0;
-        add(runSuite(run), number++);
-        for (const ComponentRecord &component : run.components) {
-            add(componentSuite(component), number++);
+        for (const RunRecord &run : runs) {
+            add(runSuite(run), run);
+            for (const ComponentRecord &component : run.components) {
+                add(componentSuite(component), run);
+            }
         }
         m_xml.writeEndDocument();
     }
@@ -159,14 +158,14 @@ private:
         m_xml.writeEndElement();
     }
 
-    void add(const Suite &suite, int number)
+    void add(const Suite &suite, const RunRecord &run)
     {
         m_xml.writeStartElement(QStringLiteral("testsuite"));
         attribute("name", suite.name);
         attribute("package", QStringLiteral("KestDetector"));
-        attribute("id", QString::number(number));
-        attribute("timestamp", m_timestamp);
-        attribute("hostname", m_hostName);
+        attribute("id", QString::number(m_suites++));
+        attribute("timestamp", run.begin.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")));
+        attribute("hostname", token(run.station.name, QStringLiteral("localhost")));
         attribute("tests", QString::number(suite.cases.size()));
         attribute("failures", count(suite, "failure"));
         attribute("errors", count(suite, "error"));
@@ -210,14 +209,18 @@ private:
         return QString::number(found);
     }
 
-    QString m_timestamp;
-    QString m_hostName;
+    int m_suites = 0;
     QByteArray m_bytes;
     QXmlStreamWriter m_xml;
 };
 } // namespace
 
+QByteArray toJunit(const QList<RunRecord> &runs)
+{
+    return Report(runs).bytes();
+}
+
 QByteArray toJunit(const RunRecord &run)
 {
-    return Report(run).bytes();
+    return toJunit(QList<RunRecord>{run});
 }

@@ -13,6 +13,9 @@ private slots:
     void allNamesEveryBox();
     void helpNamesEveryOption();
     void versionIsTold();
+    void itemsOfAComponent();
+    void recordOptions();
+    void labelsAreThoseGivenElseOfTheSettings();
     void wrongUsage_data();
     void wrongUsage();
 };
@@ -57,9 +60,42 @@ void tst_CommandLine::helpNamesEveryOption()
 {
     const CommandLine line = parse(QStringLiteral("--help"));
     QVERIFY(line.mode == CommandLine::Mode::Help);
-    for (const char *option : {"--run", "--save-path", "--connect-timeout", "--screenshot", "--repeat", "--version"}) {
+    for (const char *option : {"--run", "--json", "--junit", "--operator", "--batch", "--serial", "--save-path",
+                               "--connect-timeout", "--screenshot", "--repeat", "--version"}) {
         QVERIFY2(line.message.contains(QLatin1String(option)), option);
     }
+}
+
+void tst_CommandLine::itemsOfAComponent()
+{
+    const CommandLine line = parse(QStringLiteral("--run log,camera:1+0,gimbal:0-4"));
+    QVERIFY(line.mode == CommandLine::Mode::Unattended);
+    QCOMPARE(line.boxes, QStringList({"cbLoadLog", "cbCamera", "cbGimbal"}));
+    QCOMPARE(line.items, PlannedItems({{0, {1, 0}}, {1, {0, 1, 2, 3, 4}}}));
+}
+
+void tst_CommandLine::recordOptions()
+{
+    const CommandLine plain = parse(QStringLiteral("--run all"));
+    QCOMPARE(plain.json, QString());
+    QCOMPARE(plain.junit, QString());
+    QVERIFY(plain.labels == RunLabels());
+    const CommandLine line = parse(
+        QStringLiteral("--run all --json - --junit out/run.xml --operator 王芳 --batch 2026-47 --serial KC0012345"));
+    QVERIFY(line.mode == CommandLine::Mode::Unattended);
+    QCOMPARE(line.json, QStringLiteral("-"));
+    QCOMPARE(line.junit, QStringLiteral("out/run.xml"));
+    QVERIFY(line.labels == (RunLabels{QStringLiteral("王芳"), QStringLiteral("2026-47"), QStringLiteral("KC0012345")}));
+}
+
+void tst_CommandLine::labelsAreThoseGivenElseOfTheSettings()
+{
+    Settings settings;
+    settings.stationOperator = QStringLiteral("Wang");
+    settings.stationBatch = QStringLiteral("47");
+    QVERIFY(parse({}).labelsOver(settings) == (RunLabels{QStringLiteral("Wang"), QStringLiteral("47"), QString()}));
+    QVERIFY(parse(QStringLiteral("--run all --operator Li --serial 1")).labelsOver(settings) ==
+            (RunLabels{QStringLiteral("Li"), QStringLiteral("47"), QStringLiteral("1")}));
 }
 
 void tst_CommandLine::versionIsTold()
@@ -86,6 +122,12 @@ void tst_CommandLine::wrongUsage_data()
     row("empty component", "--run camera,",
         "--run: unknown component \"\"; known are all, or any of: camera, gimbal, battery, tfcard, lens, fan, button, "
         "audio, pcba, log");
+    row("an item that there is not", "--run gimbal:0+5",
+        "--run: \"gimbal:0+5\": there is no item 5; the items are 0, 1, 2, 3, 4");
+    row("an item twice", "--run camera:0+0", "--run: \"camera:0+0\": item 0 stands there twice");
+    row("JUnit on standard output", "--run all --junit -", "--junit: \"-\" is no file");
+    row("one file for both", "--run all --json a --junit a", "--json and --junit name the same file");
+    row("a record without a run", "--json a", "--json goes with --run");
     row("run without a value", "--run", "Missing value after '--run'.");
     row("unknown option", "--runs all", "Unknown option 'runs'.");
     row("stray argument", "--run all more", "Unexpected argument \"more\"");

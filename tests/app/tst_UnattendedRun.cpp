@@ -1,6 +1,7 @@
 #include "app/station/UnattendedRun.h"
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
+#include "record/recordJson.h"
 #include "support/fileContent.h"
 #include "ui/window/KestDetectorUI.h"
 
@@ -42,6 +43,10 @@ private slots:
     void unsavedLogIsFive();
     void unsavedPictureIsFive_data();
     void unsavedPictureIsFive();
+    void recordOfARun();
+    void recordOfARunThatIsClosed();
+    void recordThatCannotBeSavedIsFive();
+    void itemsOfTheCommandLineAreThoseOfTheRun();
 
 private:
     static CommandLine line(int repeat = 1);
@@ -338,6 +343,97 @@ void tst_UnattendedRun::unsavedPictureIsFive()
         "The screenshot could not be saved: " + QFile::encodeName(pictured.screenshot) + ": " + reason.toUtf8() + '\n';
     const QByteArray text = said.readAll();
     QVERIFY2(text.contains(expected), text.constData());
+}
+
+void tst_UnattendedRun::recordOfARun()
+{
+    KestDetectorUI window;
+    window.show();
+    CommandLine wanted = line(2);
+    wanted.json = m_folder.filePath(QStringLiteral("runs.json"));
+    wanted.junit = m_folder.filePath(QStringLiteral("runs.xml"));
+    UnattendedRun run(&window, wanted);
+    Face::Get()->runLabels = RunLabels{QString(), QString(), QStringLiteral("KC0012345")};
+    cameraComes();
+    QTRY_VERIFY_WITH_TIMEOUT(!window.isVisible(), 10000);
+    run.finish();
+    Face::Get()->runLabels = RunLabels();
+    QCOMPARE(run.exitCode(), 1);
+    const QList<QByteArray> lines = fileContent(wanted.json).split('\n');
+    QCOMPARE(lines.size(), 3);
+    for (const QByteArray &json : lines.mid(0, 2)) {
+        QString error;
+        const auto record = fromJson(json, &error);
+        QVERIFY2(record.has_value(), qPrintable(error));
+        QCOMPARE(record->outcome, Outcome::Failed);
+        QCOMPARE(record->reason, QStringLiteral("nothing was tested"));
+        QCOMPARE(record->serial, QStringLiteral("KC0012345"));
+    }
+    QCOMPARE(fileContent(wanted.junit).count("<testsuite name=\"run\""), 2);
+}
+
+void tst_UnattendedRun::recordOfARunThatIsClosed()
+{
+    KestDetectorUI window;
+    window.show();
+    CommandLine wanted = line();
+    wanted.boxes = QStringList{QStringLiteral("cbFan"), QStringLiteral("cbVoice")};
+    wanted.json = m_folder.filePath(QStringLiteral("closed.json"));
+    UnattendedRun run(&window, wanted);
+    connect(
+        Face::Get(), &Face::signal_showFanCheckResult, &window, [](int) { Face::Get()->requestStop(); },
+        Qt::DirectConnection);
+    cameraComes();
+    const int before = KestDetectorRt::Get()->finishedRuns();
+    // Nothing of the run's end reaches an event loop.
+    while (KestDetectorRt::Get()->finishedRuns() == before) {
+        QTest::qSleep(1);
+    }
+    window.close();
+    QVERIFY(!QFile::exists(wanted.json));
+    run.finish();
+    Face::Get()->takeBackStop();
+    QCOMPARE(run.exitCode(), 4);
+    QString error;
+    const auto record = fromJson(fileContent(wanted.json), &error);
+    QVERIFY2(record.has_value(), qPrintable(error));
+    QCOMPARE(record->outcome, Outcome::Stopped);
+    QCOMPARE(record->components.size(), 1);
+}
+
+void tst_UnattendedRun::recordThatCannotBeSavedIsFive()
+{
+    KestDetectorUI window;
+    window.show();
+    CommandLine wanted = line();
+    wanted.json = m_folder.filePath(QStringLiteral("none/run.json"));
+    const UnattendedRun run(&window, wanted);
+    cameraComes();
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(run.exitCode(), 5);
+    const QList<Notice> notices = Face::Get()->notices.current();
+    const Notice told = Notices::notSaved(wanted.json, QStringLiteral("No such file or directory"));
+    QVERIFY(notices.contains(told));
+}
+
+void tst_UnattendedRun::itemsOfTheCommandLineAreThoseOfTheRun()
+{
+    KestDetectorUI window;
+    window.show();
+    Settings settings;
+    settings.plannedItems = {{3, {}}, {7, {}}};
+    Face::Get()->setSettings(settings);
+    CommandLine planned = line();
+    planned.boxes.append(QStringLiteral("cbVoice"));
+    planned.items = {{3, {0, 0}}};
+    const UnattendedRun run(&window, planned);
+    cameraComes();
+    QTRY_VERIFY(!window.isVisible());
+    Face::Get()->setSettings(Settings());
+    const QList<ComponentTask> tasks = Face::Get()->taskList();
+    QCOMPARE(tasks.size(), 2);
+    QCOMPARE(tasks.at(0).items, QList<int>({0, 0}));
+    QCOMPARE(tasks.at(1).items, QList<int>());
 }
 
 QTEST_MAIN(tst_UnattendedRun)

@@ -50,7 +50,7 @@ RunRecord exampleRecord()
     camera.items.append(
         item(QStringLiteral("camera.video"), 0, QStringLiteral("Video"), QStringLiteral("相机视频流OK\n"), 812));
     camera.items[0].request = RequestEnd{};
-    camera.items[0].measurements = {measured(Field::CameraStatusWord, QStringLiteral("0x8001a"))};
+    camera.items[0].measurements = {measured(Field::CameraStatusWord, QStringLiteral("0x000000000008001a"))};
 
     ComponentRecord battery = component(2, QStringLiteral("battery"), QStringLiteral("Battery"), Verdict::Failed, 2600);
     battery.items.append(item(QStringLiteral("battery.link"), 0, QStringLiteral("Battery connection"),

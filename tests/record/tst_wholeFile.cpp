@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 QByteArray contentOf(const QString &path)
@@ -69,6 +70,8 @@ void tst_wholeFile::tellsWhyNot_data()
                                     << "No such file or directory";
     QTest::newRow("below a file") << "file/record.json"
                                   << "Not a directory";
+    QTest::newRow("a pipe has the name") << "pipe"
+                                         << "Not a regular file";
     QTest::newRow("a folder has the name") << "folder"
                                            << "Filename refers to a directory";
 }
@@ -80,9 +83,10 @@ void tst_wholeFile::tellsWhyNot()
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder")));
     QFile file(folder.filePath(QStringLiteral("file")));
     QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe"))).constData(), 0600), 0);
     QTEST(writeWholeFile(folder.filePath(path), "a"), "reason");
-    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList({QStringLiteral("file"), QStringLiteral("folder")}));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+             QStringList({QStringLiteral("file"), QStringLiteral("folder"), QStringLiteral("pipe")}));
 }
 
 void tst_wholeFile::leavesTheEarlierFileWhenTheDiskIsFull_data()

@@ -70,6 +70,7 @@ private slots:
     void cleanup();
 
     void wholeRecord();
+    void stationIsTheOneOfTheSettings();
     void outcomeAndReason_data();
     void outcomeAndReason();
     void componentWithoutRecordHasNoItems();
@@ -180,6 +181,18 @@ void tst_RunRecorder::wholeRecord()
                             record.components.at(1).duration,
                             {infoItem}}};
     QVERIFY(record == expected);
+}
+
+void tst_RunRecorder::stationIsTheOneOfTheSettings()
+{
+    Settings settings;
+    settings.stationName = QStringLiteral("line-2-left");
+    settings.stationLocation = QStringLiteral("Hall 3");
+    Face::Get()->setSettings(settings);
+    const RunRecord record = recorded({}, goodRun());
+    Face::Get()->setSettings(Settings());
+    QCOMPARE(record.station.name, QStringLiteral("line-2-left"));
+    QCOMPARE(record.station.location, QStringLiteral("Hall 3"));
 }
 
 void tst_RunRecorder::outcomeAndReason_data()

@@ -51,6 +51,7 @@ private slots:
     void statusWord();
     void flags_data();
     void flags();
+    void stationIsToldByItsKeys();
     void noFileEmptiesEverySetting();
     void nothingIsWrittenBack();
     void fileOfTheNineteenKeysIsSound();
@@ -178,6 +179,18 @@ void tst_Settings::flags()
     QTEST(load(content).safeguards, "safeguards");
 }
 
+void tst_Settings::stationIsToldByItsKeys()
+{
+    const Settings none = load("[Station]\n");
+    QCOMPARE(none.stationName + none.stationLocation + none.stationOperator + none.stationBatch, QString());
+    const Settings all = load("[Station]\nname=line-2-left\nlocation=\"Hall 3, left\"\noperator=\\x738b\\x82b3\n"
+                              "batch=2026-47\n");
+    QCOMPARE(all.stationName, QStringLiteral("line-2-left"));
+    QCOMPARE(all.stationLocation, QStringLiteral("Hall 3, left"));
+    QCOMPARE(all.stationOperator, QStringLiteral("王芳"));
+    QCOMPARE(all.stationBatch, QStringLiteral("2026-47"));
+}
+
 void tst_Settings::noFileEmptiesEverySetting()
 {
     const Settings settings = readSettings(m_folder.filePath(QStringLiteral("missing.ini")));
@@ -289,6 +302,10 @@ void tst_Settings::problems_data()
         "ZipLogPath/ZipLogTargetPath: empty: the camera's archives cannot be fetched");
     row("no log directory", "LogPath=/log\n", "", Kind::Missing,
         "DownloadLogSrcPath/LogPath: missing: this log of the camera cannot be fetched");
+    row("a station's name with a comma", "[CameraStatus]", "[Station]\nname=line 2, left\n[CameraStatus]",
+        Kind::Malformed, "Station/name: a comma stands outside of double quotes: the records tell the host's name");
+    row("a batch with a comma", "[CameraStatus]", "[Station]\nbatch=47,48\n[CameraStatus]", Kind::Malformed,
+        "Station/batch: a comma stands outside of double quotes: the records do not tell it");
     row("safeguards with a typing error", "[CameraStatus]", "[Station]\nsafeguards=ture\n[CameraStatus]",
         Kind::Malformed, "Station/safeguards: \"ture\" is neither true nor false: the safeguards are off");
 }

@@ -4,6 +4,7 @@
 #include "detector/store/programVersion.h"
 #include "record/itemKeys.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <QCommandLineParser>
@@ -24,34 +25,29 @@ constexpr std::array componentBoxes = {
     ComponentBox{componentId::pcba, "cbPCBA"},         ComponentBox{componentId::log, "cbLoadLog"},
 };
 
-QString knownNames()
+QStringList knownNames()
 {
     QStringList names;
     for (const ComponentBox &entry : componentBoxes) {
         names.append(componentKey(entry.component));
     }
-    return names.join(QStringLiteral(", "));
+    return names;
 }
 
-/// Appends the check boxes that `list` names; an error text, or an empty one.
-QString readComponents(const QString &list, QStringList *boxes)
+/// Reads what to run; an error text, or an empty one.
+QString readComponents(const QString &list, CommandLine *line)
 {
-    const QLatin1String all("all");
-    const QStringList names = list.split(QLatin1Char(','));
-    for (const QString &name : names) {
-        bool known = false;
-        for (const ComponentBox &entry : componentBoxes) {
-            if (name == all || name == componentKey(entry.component)) {
-                known = true;
-                boxes->append(QLatin1String(entry.box));
-            }
-        }
-        if (!known) {
-            return QStringLiteral("--run: unknown component \"%1\"; known are all, or any of: %2")
-                .arg(name, knownNames());
-        }
+    const RequestedRun run = readRequestedRun(list, knownNames());
+    if (!run.error.isEmpty()) {
+        return QStringLiteral("--run: ") + run.error;
     }
-    boxes->removeDuplicates();
+    for (const int component : run.components) {
+        const auto *const entry =
+            std::find_if(componentBoxes.begin(), componentBoxes.end(),
+                         [component](const ComponentBox &row) { return row.component == component; });
+        line->boxes.append(QLatin1String(entry->box));
+    }
+    line->items = run.items;
     return {};
 }
 
@@ -70,6 +66,22 @@ QString readNumber(const QCommandLineParser &parser, const QCommandLineOption &o
     *number = value;
     return {};
 }
+/// What is wrong with the files for the records; an empty text if nothing is.
+QString recordFilesProblem(const QCommandLineParser &parser, const QCommandLineOption &json,
+                           const QCommandLineOption &junit)
+{
+    const auto problem = [&parser](const QCommandLineOption &option, bool isFile) {
+        return parser.isSet(option) && !isFile
+                   ? QStringLiteral("--%1: \"%2\" is no file").arg(option.names().constFirst(), parser.value(option))
+                   : QString();
+    };
+    const QString jsonFile = parser.value(json);
+    const QString junitFile = parser.value(junit);
+    if (!jsonFile.isEmpty() && jsonFile == junitFile) {
+        return QStringLiteral("--json and --junit name the same file");
+    }
+    return problem(json, !jsonFile.isEmpty()) + problem(junit, !junitFile.isEmpty() && junitFile != QLatin1String("-"));
+}
 } // namespace
 
 CommandLine CommandLine::parse(const QStringList &arguments)
@@ -77,8 +89,8 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     const QCommandLineOption runOption(
         QStringLiteral("run"),
         QStringLiteral("Run these components unattended (comma-separated, or \"all\"), print the "
-                       "result and leave: %1.")
-            .arg(knownNames()),
+                       "result and leave: %1. Items by their numbers: camera:0+1,gimbal:0-4,log.")
+            .arg(knownNames().join(QStringLiteral(", "))),
         QStringLiteral("components"));
     const QCommandLineOption savePathOption(
         QStringLiteral("save-path"), QStringLiteral("Save the logs below this folder (default: beside the program)."),
@@ -91,6 +103,22 @@ CommandLine CommandLine::parse(const QStringList &arguments)
                                               QStringLiteral("file"));
     const QCommandLineOption repeatOption(QStringLiteral("repeat"), QStringLiteral("Number of runs (default: 1)."),
                                           QStringLiteral("count"));
+    const QCommandLineOption jsonOption(
+        QStringLiteral("json"),
+        QStringLiteral("Save the record of the run as JSON; of several runs, a line each. With \"-\" it is all that "
+                       "goes to standard output, and the other texts go to standard error."),
+        QStringLiteral("file"));
+    const QCommandLineOption junitOption(QStringLiteral("junit"),
+                                         QStringLiteral("Save the record of the runs as a JUnit report (XML)."),
+                                         QStringLiteral("file"));
+    const QCommandLineOption operatorOption(QStringLiteral("operator"),
+                                            QStringLiteral("Who runs it, for the record (default: by option.ini)."),
+                                            QStringLiteral("name"));
+    const QCommandLineOption batchOption(QStringLiteral("batch"), QStringLiteral("The camera's batch, likewise."),
+                                         QStringLiteral("batch"));
+    const QCommandLineOption serialOption(QStringLiteral("serial"),
+                                          QStringLiteral("The camera's serial number, for the record."),
+                                          QStringLiteral("number"));
     const QCommandLineOption closeAfterOption(
         QStringLiteral("close-after"),
         QStringLiteral("Close the window after this time, whatever goes on, as a hand "
@@ -105,8 +133,8 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         "Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed settings or a second "
         "station, 3 no camera in time or lost or changed during a run, 4 closed before the end, 5 not "
         "everything was saved."));
-    parser.addOptions({runOption, savePathOption, timeoutOption, screenshotOption, repeatOption, closeAfterOption,
-                       helpOption, versionOption});
+    parser.addOptions({runOption, jsonOption, junitOption, operatorOption, batchOption, serialOption, savePathOption,
+                       timeoutOption, screenshotOption, repeatOption, closeAfterOption, helpOption, versionOption});
 
     CommandLine line;
     const auto wrong = [&line](const QString &reason) {
@@ -135,10 +163,14 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         return given.isEmpty() ? line : wrong(QStringLiteral("--%1 goes with --run").arg(given.constFirst()));
     }
     line.mode = Mode::Unattended;
+    line.labels = {parser.value(operatorOption), parser.value(batchOption), parser.value(serialOption)};
+    line.json = parser.value(jsonOption);
+    line.junit = parser.value(junitOption);
     line.savePath = parser.value(savePathOption);
     line.screenshot = parser.value(screenshotOption);
     const QStringList errors{
-        readComponents(parser.value(runOption), &line.boxes),
+        readComponents(parser.value(runOption), &line),
+        recordFilesProblem(parser, jsonOption, junitOption),
         readNumber(parser, timeoutOption, 1, &line.connectTimeoutSeconds),
         readNumber(parser, repeatOption, 1, &line.repeat),
         readNumber(parser, closeAfterOption, 0, &line.closeAfterMs),
@@ -155,4 +187,11 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         }
     }
     return line;
+}
+
+RunLabels CommandLine::labelsOver(const Settings &settings) const
+{
+    const auto given = [](const QString &text, const QString &otherwise) { return text.isEmpty() ? otherwise : text; };
+    return {given(labels.operatorName, settings.stationOperator), given(labels.batch, settings.stationBatch),
+            labels.serial};
 }

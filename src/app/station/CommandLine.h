@@ -1,5 +1,9 @@
 #pragma once
 
+#include "detector/store/RunLabels.h"
+#include "detector/store/Settings.h"
+#include "plan/RunPlan.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -16,8 +20,12 @@ struct CommandLine
 
     Mode mode = Mode::Window;
     QString message;
-    QStringList boxes; ///< object names of the check boxes to tick
-    QString savePath;  ///< empty: the window's default
+    QStringList boxes;  ///< object names of the check boxes to tick
+    PlannedItems items; ///< of the components for which --run names items
+    RunLabels labels;   ///< those that are given
+    QString json;       ///< file for the runs' records, "-": standard output; empty: none
+    QString junit;      ///< likewise, but never standard output
+    QString savePath;   ///< empty: the window's default
     int connectTimeoutSeconds = 30;
     QString screenshot;    ///< file to save the window's picture in after the run; empty: none
     int repeat = 1;        ///< number of runs
@@ -25,4 +33,7 @@ struct CommandLine
 
     /// Reads the program's arguments (the program's own name first), without those that Qt has taken.
     static CommandLine parse(const QStringList &arguments);
+
+    /// What a run is told to be of: what is given here, else what the settings say.
+    RunLabels labelsOver(const Settings &settings) const;
 };

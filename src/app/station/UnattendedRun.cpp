@@ -60,6 +60,15 @@ QString savePicture(QWidget *window, const QString &path)
     return writeWholeFile(path, png);
 }
 
+/// The settings with these items in the place of their own.
+Settings withItems(Settings settings, const PlannedItems &items)
+{
+    for (auto item = items.begin(); item != items.end(); ++item) {
+        settings.plannedItems.insert(item.key(), item.value());
+    }
+    return settings;
+}
+
 /// How much a run's exit code weighs among those of several runs.
 int weight(UnattendedRun::ExitCode code)
 {
@@ -67,11 +76,23 @@ int weight(UnattendedRun::ExitCode code)
                                           UnattendedRun::NoCamera, UnattendedRun::Stopped};
     return static_cast<int>(std::find(lightestFirst.begin(), lightestFirst.end(), code) - lightestFirst.begin());
 }
+
+UnattendedRun::ExitCode heavier(UnattendedRun::ExitCode left, UnattendedRun::ExitCode right)
+{
+    return weight(right) > weight(left) ? right : left;
+}
 } // namespace
 
-UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line) : m_window(window), m_line(line)
+UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
+    : m_window(window), m_line(line), m_output(line.json, line.junit, line.repeat > 1)
 {
-    const KestDetectorFace *face = KestDetectorFace::Get();
+    KestDetectorFace *face = KestDetectorFace::Get();
+    if (!line.items.isEmpty()) {
+        face->setSettings(withItems(face->settings(), line.items));
+    }
+    if (m_output.isWanted()) {
+        connect(KestDetectorRt::Get().get(), &KestDetectorRt::signal_runRecorded, this, &UnattendedRun::noteRecord);
+    }
     connect(face, &KestDetectorFace::signal_setConnectStatus, this, [this](bool connected) {
         m_connected = connected;
         startWhenReady();
@@ -118,6 +139,21 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line) : 
             leave(Stopped);
         });
     }
+}
+
+void UnattendedRun::noteRecord(const RunRecord &record)
+{
+    const QList<UnsavedFile> unsaved = m_output.add(record);
+    for (const UnsavedFile &file : unsaved) {
+        KestDetectorFace::Get()->notices.tell(Notices::notSaved(file.path, file.reason));
+        m_worst = heavier(m_worst, NotSaved);
+    }
+}
+
+void UnattendedRun::finish()
+{
+    // Its last signals have come from a thread that is no more, and no event loop has handed them out.
+    QCoreApplication::sendPostedEvents(this);
 }
 
 int UnattendedRun::exitCode() const
@@ -205,9 +241,10 @@ void UnattendedRun::report()
         leave(Stopped); // what a run cut short found is no judgement
         return;
     }
-    m_worst = weight(code) > weight(m_worst) ? code : m_worst;
-    ::print(stdout, QStringLiteral("%1Result: %2\n\n%3")
-                        .arg(m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
+    m_worst = heavier(m_worst, code);
+    ::print(m_output.takesStandardOutput() ? stderr : stdout,
+            QStringLiteral("%1Result: %2\n\n%3")
+                .arg(m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
     if (m_runs < m_line.repeat) {
         startRun();
         return;
@@ -215,7 +252,7 @@ void UnattendedRun::report()
     const QString reason = m_line.screenshot.isEmpty() ? QString() : savePicture(m_window, m_line.screenshot);
     if (!reason.isEmpty()) {
         ::print(stderr, QStringLiteral("The screenshot could not be saved: %1: %2\n").arg(m_line.screenshot, reason));
-        m_worst = weight(NotSaved) > weight(m_worst) ? NotSaved : m_worst;
+        m_worst = heavier(m_worst, NotSaved);
     }
     leave(m_worst);
 }

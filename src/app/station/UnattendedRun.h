@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/station/CommandLine.h"
+#include "app/station/RecordOutput.h"
 #include "detector/store/checkLog.h"
 #include "detector/store/Notices.h"
 
@@ -13,8 +14,8 @@ struct RunOutcome;
 
 /// Drives the window as an operator would: waits for the camera and its MAC address, ticks the boxes, presses Start,
 /// waits for the end, prints the verdicts and the log to standard output, and closes the window. What the operator is
-/// told in plain words goes to standard error. Lives on the GUI thread; to be made after the window and before the
-/// services, so that it misses no signal.
+/// told in plain words goes to standard error. The runs' records go where the command line says. Lives on the GUI
+/// thread; to be made after the window and before the services, so that it misses no signal.
 class UnattendedRun : public QObject
 {
     Q_OBJECT
@@ -32,13 +33,16 @@ public:
 
     UnattendedRun(KestDetectorUI *window, const CommandLine &line);
 
-    /// The process's exit code, once the window is closed.
+    /// To be called when the window is closed and the runner has ended: takes what a run that was cut short has left.
+    void finish();
+    /// The process's exit code, once that is done.
     int exitCode() const;
 
     /// What one run alone gives as exit code.
     static ExitCode exitCodeOf(const RunOutcome &outcome);
 
 private:
+    void noteRecord(const RunRecord &record);
     void startWhenReady();
     void startRun();
     void print(const Notice &notice);
@@ -49,6 +53,7 @@ private:
 
     KestDetectorUI *m_window;
     const CommandLine m_line;
+    RecordOutput m_output;
     QTimer m_connectTimer;
     QTimer m_savedTimer; ///< waits for the detection log, which is written after the run's last signal
     bool m_connected = false;

@@ -50,6 +50,7 @@ std::shared_ptr<KestDetectorRt> KestDetectorRt::Get()
 KestDetectorRt::KestDetectorRt(const std::vector<RunComponent> &components)
     : m_components(components), workerThread("runner", exitLimit, [this] { func(); })
 {
+    qRegisterMetaType<RunRecord>(); // receivers of the record live on other threads
 }
 
 void KestDetectorRt::killThread()

@@ -101,7 +101,9 @@ RunRecorder::RunRecorder(const QList<ComponentTask> &plan)
     const KestDetectorFace *face = KestDetectorFace::Get();
     m_record.id = QUuid::createUuid();
     m_record.programVersion = QLatin1String(programVersion());
-    m_record.station.name = QSysInfo::machineHostName();
+    const Settings &settings = face->settings();
+    m_record.station = {settings.stationName.isEmpty() ? QSysInfo::machineHostName() : settings.stationName,
+                        settings.stationLocation};
     const RunIdentity identity = face->run.identity();
     m_record.operatorName = identity.labels.operatorName;
     m_record.batch = identity.labels.batch;

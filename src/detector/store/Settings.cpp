@@ -87,6 +87,7 @@ constexpr auto noLink = QT_TRANSLATE_NOOP("Settings", "this link is not used");
 constexpr auto noCamera = QT_TRANSLATE_NOOP("Settings", "no camera can be found");
 constexpr auto noLogin = QT_TRANSLATE_NOOP("Settings", "the station cannot log in to the camera's shell");
 constexpr auto noArchives = QT_TRANSLATE_NOOP("Settings", "the camera's archives cannot be fetched");
+constexpr auto notTold = QT_TRANSLATE_NOOP("Settings", "the records do not tell it");
 constexpr auto noSuchLog = QT_TRANSLATE_NOOP("Settings", "this log of the camera cannot be fetched");
 
 constexpr Row rows[] = {
@@ -115,6 +116,11 @@ constexpr Row rows[] = {
      QT_TRANSLATE_NOOP("Settings", "no status bit is examined, and every camera passes")},
     {"Station/safeguards", "false", flag<&Settings::safeguards>,
      QT_TRANSLATE_NOOP("Settings", "neither true nor false"), QT_TRANSLATE_NOOP("Settings", "the safeguards are off")},
+    {"Station/name", "", anyText<&Settings::stationName>, noText,
+     QT_TRANSLATE_NOOP("Settings", "the records tell the host's name")},
+    {"Station/location", "", anyText<&Settings::stationLocation>, noText, notTold},
+    {"Station/operator", "", anyText<&Settings::stationOperator>, noText, notTold},
+    {"Station/batch", "", anyText<&Settings::stationBatch>, noText, notTold},
 };
 
 QString translated(const char *text)

@@ -59,6 +59,12 @@ struct Settings
 
     bool safeguards = false; ///< see `Safeguards`
 
+    // What a run's record tells of the station, unless somebody says otherwise.
+    QString stationName; ///< empty: the host's name
+    QString stationLocation;
+    QString stationOperator;
+    QString stationBatch;
+
     PlannedItems plannedItems;   ///< [RunPlan]: what a ticked component runs, where that is not what it runs by itself
     QMap<QString, Limit> limits; ///< [Limits]: by measurement
     QStringList refusals;        ///< what is wrong with these two, a line each: nothing may be run with them
