@@ -12,6 +12,8 @@ class tst_FairMutex : public QObject
 private slots:
     void oneAtATime();
     void whoComesBackAtOnceIsNotNext();
+    void whoGivesUpLeavesTheLine();
+    void whoHasGivenUpBeforeTakesAFreeMutex();
 };
 
 void tst_FairMutex::oneAtATime()
@@ -53,6 +55,46 @@ void tst_FairMutex::whoComesBackAtOnceIsNotNext()
     QVERIFY(served);
     mutex.unlock();
     other.join();
+}
+
+void tst_FairMutex::whoGivesUpLeavesTheLine()
+{
+    FairMutex mutex;
+    std::atomic<bool> givesUp{false};
+    std::atomic<int> asked{0};
+    std::atomic<bool> served{false};
+    bool taken = true;
+    mutex.lock();
+    std::thread first([&] {
+        taken = mutex.lockUnless([&] {
+            ++asked;
+            return givesUp.load();
+        });
+    });
+    QTRY_VERIFY(asked > 0);
+    std::thread second([&] {
+        const std::lock_guard<FairMutex> lock(mutex);
+        served = true;
+    });
+    QTest::qSleep(100); // it is in line by now, behind the first
+    givesUp = true;
+    mutex.wake();
+    first.join(); // hangs here if it stays in the line
+    QVERIFY(!taken);
+    QVERIFY(!served);
+    mutex.unlock();
+    second.join(); // hangs here if the line waits for who has left
+    QVERIFY(served);
+}
+
+void tst_FairMutex::whoHasGivenUpBeforeTakesAFreeMutex()
+{
+    FairMutex mutex;
+    QVERIFY(mutex.lockUnless([] { return true; }));
+    QVERIFY(!mutex.lockUnless([] { return true; })); // it is held
+    mutex.unlock();
+    mutex.lock();
+    mutex.unlock();
 }
 
 QTEST_APPLESS_MAIN(tst_FairMutex)
