@@ -1,8 +1,6 @@
 #include "detector/store/PartFile.h"
 
-#include <filesystem>
-#include <QFile>
-#include <system_error>
+#include "detector/store/renameOver.h"
 
 PartFile::PartFile(const QString &path, bool keepsEvidence)
     : m_path(path), m_writtenTo(keepsEvidence ? path + QStringLiteral(".part") : path)
@@ -11,12 +9,5 @@ PartFile::PartFile(const QString &path, bool keepsEvidence)
 
 QString PartFile::takeName() const
 {
-    if (m_writtenTo == m_path) {
-        return {};
-    }
-    // Not QFile's own, which replaces nothing.
-    std::error_code error;
-    std::filesystem::rename(QFile::encodeName(m_writtenTo).toStdString(), QFile::encodeName(m_path).toStdString(),
-                            error);
-    return error ? QString::fromLocal8Bit(error.message().c_str()) : QString();
+    return m_writtenTo == m_path ? QString() : renameOver(m_writtenTo, m_path);
 }
