@@ -39,7 +39,9 @@ void refuse(const CommandLine &line, const QString &reason)
         QMessageBox box(QMessageBox::Warning, QStringLiteral("KestDetector"), reason);
         box.setTextFormat(Qt::PlainText);
         const TerminationSignals terminationSignals;
-        QObject::connect(&terminationSignals, &TerminationSignals::received, &box, &QDialog::reject);
+        for (const auto signal : {&TerminationSignals::interrupted, &TerminationSignals::terminated}) {
+            QObject::connect(&terminationSignals, signal, &box, &QDialog::reject);
+        }
         box.exec();
     }
 }
@@ -89,7 +91,13 @@ int main(int argc, char *argv[])
         unattended = std::make_unique<UnattendedRun>(&window, line);
     }
     const TerminationSignals terminationSignals;
-    QObject::connect(&terminationSignals, &TerminationSignals::received, &window, &QWidget::close);
+    QObject::connect(&terminationSignals, &TerminationSignals::terminated, &window, &QWidget::close);
+    if (unattended) {
+        QObject::connect(&terminationSignals, &TerminationSignals::interrupted, unattended.get(),
+                         &UnattendedRun::interrupt);
+    } else {
+        QObject::connect(&terminationSignals, &TerminationSignals::interrupted, &window, &QWidget::close);
+    }
 
     KestDetectorFace::Get()->quitFlag = 0;
     KestDetectorRt::Get();

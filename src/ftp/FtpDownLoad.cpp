@@ -72,7 +72,7 @@ FtpDownLoad::~FtpDownLoad()
 
 void FtpDownLoad::slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, const QString &localFile)
 {
-    if (sync->isAbandoned() || KestDetectorFace::Get()->closing()) {
+    if (sync->isUnwanted() || KestDetectorFace::Get()->closing()) {
         sync->complete(failure); // an earlier file stays
         return;
     }
@@ -86,7 +86,13 @@ void FtpDownLoad::slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, 
     connect(reply, &QNetworkReply::errorOccurred, this, &FtpDownLoad::slot_loadError);
     openFile(localFile); // while the camera takes the connection
 
-    serveEventsUntil(downloadLimitMs, [this] { return loadDone || KestDetectorFace::Get()->closing(); });
+    serveEventsUntil(downloadLimitMs,
+                     [&] { return loadDone || KestDetectorFace::Get()->closing() || sync->isUnwanted(); });
+    if (!loadDone && sync->isUnwanted() && !KestDetectorFace::Get()->closing()) {
+        dropReply();
+        dropFile();
+    }
+    m_earlier.remove();
     const int outcome = loadDone ? loadResult : failure;
     loadResult = success;
     loadDone = false;
@@ -152,9 +158,7 @@ void FtpDownLoad::openFile(const QString &localFile)
     // would wait. A link is followed.
     m_place = PartFile(localFile, KestDetectorFace::Get()->safeguards().keepsEvidence());
     const QString path = m_place.writtenTo();
-    if (const QFileInfo earlier(path); earlier.isFile() && !earlier.isSymLink()) {
-        QFile::remove(path);
-    }
+    m_earlier = EarlierFile(path);
     file->setFileName(path);
     // Unbuffered: what arrived of a transfer that never ends is in the file when the program does.
     if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
@@ -168,6 +172,16 @@ void FtpDownLoad::closeFile()
         reportFileError("cannot write", file->errorString());
     }
     file->close();
+}
+
+/// As if it had never been begun.
+void FtpDownLoad::dropFile()
+{
+    file->close();
+    if (const QFileInfo written(file->fileName()); written.isFile() && !written.isSymLink()) {
+        file->remove();
+    }
+    m_earlier.putBack();
 }
 
 void FtpDownLoad::giveFileItsName()

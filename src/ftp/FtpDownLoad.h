@@ -1,6 +1,7 @@
 #pragma once
 
 #include "detector/store/PartFile.h"
+#include "ftp/EarlierFile.h"
 
 #include <cstdint>
 #include <memory>
@@ -38,8 +39,9 @@ public:
 
 public slots:
     /// Downloads `url` ("ftp://<address>/<path>") into `localFile`, for at most `downloadLimitMs`, and completes `sync`
-    /// with 0, or with -1 when the transfer failed, took too long or the program is closing. An earlier file is removed
-    /// as the download begins; a closing program begins none.
+    /// with 0, or with -1 when the transfer failed, took too long or the program is closing. An earlier file loses its
+    /// name as the download begins, and is removed at its end; a closing program begins none. When the caller's run is
+    /// stopped the transfer is given up with -1, and an earlier file is there again as it was.
     /// A transfer that took too long goes on writing its own file until it ends or the next download begins.
     void slot_ftpDownLoad(const QString &url, SyncCondMutexData *sync, const QString &localFile);
     void slot_readContent();
@@ -50,6 +52,7 @@ private:
     void dropReply();
     void openFile(const QString &localFile);
     void closeFile();
+    void dropFile();
     void giveFileItsName();
     void reportFileError(const char *what, const QString &reason);
 
@@ -59,6 +62,7 @@ private:
     std::int32_t loadResult = 0;                    ///< of the current download: 0 or -1, once loadDone is set
     bool loadDone = false;
     PartFile m_place;          ///< of the current file
+    EarlierFile m_earlier;     ///< in its place
     QByteArray m_piece;        ///< what is on its way from the reply to the file
     bool m_fileFailed = false; ///< the current file's failure has been reported
 };

@@ -1,5 +1,6 @@
 #include "ftp/FtpDownLoadFace.h"
 
+#include "detector/store/KestDetectorFace.h"
 #include "ftp/FtpDownLoad.h"
 
 #include <QFile>
@@ -34,7 +35,8 @@ int FtpDownLoadFace::ftpDownLoad(const QString &url, const QString &localFile)
         earlier.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
     return m_sync.call(
-        m_oneCall, waitSeconds, [&] { emit signal_ftpDownLoad(url, &m_sync, localFile); }, [] {});
+        m_oneCall, waitSeconds, KestDetectorFace::Get()->run.stopSign(),
+        [&] { emit signal_ftpDownLoad(url, &m_sync, localFile); }, [] {});
 }
 
 void FtpDownLoadFace::giveUp()

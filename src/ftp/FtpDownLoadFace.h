@@ -1,8 +1,8 @@
 #pragma once
 
+#include "telnet/sync/FairMutex.h"
 #include "telnet/sync/SyncCondMutexData.h"
 
-#include <mutex>
 #include <QObject>
 #include <QString>
 
@@ -19,7 +19,8 @@ public:
     static FtpDownLoadFace *Get();
 
     /// Downloads `url` ("ftp://<address>/<path>", without user and port) into `localFile`, which is created or
-    /// truncated. 0 downloaded, -1 failed.
+    /// truncated. 0 downloaded, -1 failed. When the run of the calling thread is stopped, -1, and an earlier file is
+    /// there as it was.
     int ftpDownLoad(const QString &url, const QString &localFile);
 
     /// The program is closing: every present and later call returns -1 at once. From any thread.
@@ -32,5 +33,5 @@ private:
     FtpDownLoadFace();
 
     SyncCondMutexData m_sync;
-    std::mutex m_oneCall; ///< one download at a time, whoever asks
+    FairMutex m_oneCall; ///< one download at a time, whoever asks
 };

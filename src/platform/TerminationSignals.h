@@ -3,8 +3,8 @@
 #include <memory>
 #include <QObject>
 
-/// Turns SIGINT and SIGTERM into a Qt signal on the thread that made the object, so that the window is closed as by
-/// hand and the run's log is still written. One object in a process.
+/// Turns SIGINT and SIGTERM into Qt signals on the thread that made the object, so that the window is closed as by hand
+/// and the run's log is still written. One object in a process.
 class TerminationSignals : public QObject
 {
     Q_OBJECT
@@ -15,7 +15,8 @@ public:
     ~TerminationSignals() override;
 
 signals:
-    void received();
+    void interrupted(); ///< SIGINT: once for each, or once for several that came together
+    void terminated();  ///< SIGTERM
 
 private:
     struct Relay;

@@ -9,10 +9,10 @@
 namespace {
 volatile std::sig_atomic_t writeEnd = -1;
 
-void note(int)
+void note(int signal)
 {
     const int before = errno;
-    const char byte = 0;
+    const char byte = static_cast<char>(signal);
     if (write(writeEnd, &byte, 1) < 0) {
         // A full pipe: the notification is already under way.
     }
@@ -35,10 +35,18 @@ TerminationSignals::TerminationSignals() : m_relay(std::make_unique<Relay>())
     writeEnd = m_relay->pipe[1];
     m_relay->notifier = std::make_unique<QSocketNotifier>(m_relay->pipe[0], QSocketNotifier::Read);
     connect(m_relay->notifier.get(), &QSocketNotifier::activated, this, [this] {
+        bool toInterrupt = false;
+        bool toTerminate = false;
         char byte = 0;
         while (read(m_relay->pipe[0], &byte, 1) > 0) {
+            (byte == SIGINT ? toInterrupt : toTerminate) = true;
         }
-        emit received();
+        if (toInterrupt) {
+            emit interrupted();
+        }
+        if (toTerminate) {
+            emit terminated();
+        }
     });
     std::signal(SIGINT, note);
     std::signal(SIGTERM, note);

@@ -6,11 +6,20 @@
 namespace {
 constexpr int lookEveryMs = 50;
 
-volatile std::sig_atomic_t arrived = 0;
+volatile std::sig_atomic_t toInterrupt = 0;
+volatile std::sig_atomic_t toTerminate = 0;
 
-void note(int)
+void note(int signal)
 {
-    arrived = 1;
+    (signal == SIGINT ? toInterrupt : toTerminate) = 1;
+}
+
+/// Whether it was up; it is down afterwards.
+bool takeDown(volatile std::sig_atomic_t &flag)
+{
+    const bool up = flag != 0;
+    flag = 0;
+    return up;
 }
 } // namespace
 
@@ -23,9 +32,11 @@ struct TerminationSignals::Relay
 TerminationSignals::TerminationSignals() : m_relay(std::make_unique<Relay>())
 {
     connect(&m_relay->look, &QTimer::timeout, this, [this] {
-        if (arrived != 0) {
-            arrived = 0;
-            emit received();
+        if (takeDown(toInterrupt)) {
+            emit interrupted();
+        }
+        if (takeDown(toTerminate)) {
+            emit terminated();
         }
     });
     m_relay->look.start(lookEveryMs);
@@ -37,5 +48,6 @@ TerminationSignals::~TerminationSignals()
 {
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
-    arrived = 0;
+    toInterrupt = 0;
+    toTerminate = 0;
 }

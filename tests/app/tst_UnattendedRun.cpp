@@ -1,3 +1,4 @@
+#include "../ui/recordStop.h"
 #include "app/station/UnattendedRun.h"
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
@@ -40,6 +41,9 @@ private slots:
     void startThatIsRefusedEndsTheRun();
     void repeatWaitsForTheButton();
     void runCutShortHasNoVerdicts();
+    void interruptStopsTheRunThenCloses_data();
+    void interruptStopsTheRunThenCloses();
+    void secondInterruptCloses();
     void unsavedLogIsFive();
     void unsavedPictureIsFive_data();
     void unsavedPictureIsFive();
@@ -286,6 +290,55 @@ void tst_UnattendedRun::runCutShortHasNoVerdicts()
         QCOMPARE(run.exitCode(), 4);
     }
     QCOMPARE(fileContent(path), QByteArray());
+}
+
+void tst_UnattendedRun::interruptStopsTheRunThenCloses_data()
+{
+    QTest::addColumn<bool>("underWay");
+    QTest::newRow("before the camera is there") << false;
+    QTest::newRow("during a run") << true;
+}
+
+void tst_UnattendedRun::interruptStopsTheRunThenCloses()
+{
+    QFETCH(const bool, underWay);
+    KestDetectorUI window;
+    window.show();
+    UnattendedRun run(&window, line(1000000));
+    stopRecord = StopRecord();
+    if (underWay) {
+        // The runner waits for it, or its run would be over on a slow machine.
+        connect(
+            Face::Get(), &Face::signal_showCurrentComponent, &run, [&run] { run.interrupt(); },
+            Qt::BlockingQueuedConnection);
+        cameraComes();
+    } else {
+        run.interrupt();
+    }
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(stopRecord.runs, underWay ? 1 : 0);
+    QCOMPARE(run.exitCode(), 4);
+    QTRY_COMPARE(Face::Get()->runRequest(), 0);
+}
+
+void tst_UnattendedRun::secondInterruptCloses()
+{
+    KestDetectorUI window;
+    window.show();
+    UnattendedRun run(&window, line());
+    connect(
+        Face::Get(), &Face::signal_showCurrentComponent, &run,
+        [&] {
+            run.interrupt();
+            QVERIFY(window.isVisible()); // the run is to end first
+            run.interrupt();
+            QVERIFY(!window.isVisible());
+        },
+        Qt::BlockingQueuedConnection);
+    cameraComes();
+    QTRY_VERIFY(!window.isVisible());
+    QCOMPARE(run.exitCode(), 4);
+    QTRY_COMPARE(Face::Get()->runRequest(), 0);
 }
 
 void tst_UnattendedRun::unsavedLogIsFive()

@@ -88,6 +88,8 @@ private slots:
     void lateReplySatisfiesTheNextRequest();
     void doubledReplyIsHarmless();
     void abandonedRequestsReturnAtOnce();
+    void stoppedRunWaitsForNoReply();
+    void replyToAGivenUpRequestIsNoAnswer();
     void waitTimes_data();
     void waitTimes();
     void unansweredRequestWaitsItsTime();
@@ -497,6 +499,79 @@ void tst_Camera::abandonedRequestsReturnAtOnce()
     QCOMPARE(make([](Camera &camera) { return outcome(camera.Ping()); }), QStringLiteral("118"));
     QVERIFY(clock.elapsed() < 1500);
     QCOMPARE(m_peer->datagrams().size(), 0);
+}
+
+void tst_Camera::stoppedRunWaitsForNoReply()
+{
+    RunExchange &run = KestDetectorFace::Get()->run;
+    run.post({});
+    m_peer->onRequest = [&](const Frame &) {
+        run.stop();
+        m_client->camera.heedStop();
+    };
+    qint64 taken = 0;
+    qint64 takenByOther = 0;
+    QCOMPARE(make([&](Camera &camera) {
+                 run.take(QString());
+                 QElapsedTimer clock;
+                 clock.start();
+                 const RequestTally before = requestTally();
+                 GimbalState state;
+                 const int first = camera.fetchGimbalState(&state);
+                 const int second = camera.setGimbalFactoryCheck(1);
+                 taken = clock.elapsed();
+                 // Whoever does not work for the run waits as ever.
+                 std::thread([&] { camera.registerPC(QStringLiteral("192.168.88.2")); }).join();
+                 takenByOther = clock.elapsed() - taken;
+                 return outcome(0, first, second, (requestTally() - before).unanswered);
+             }),
+             QStringLiteral("0 118 118 0"));
+    QVERIFY2(taken < 1000, qPrintable(QString::number(taken)));
+    QVERIFY2(takenByOther >= 1000, qPrintable(QString::number(takenByOther)));
+    QCOMPARE(m_peer->datagrams().size(), 2); // the query of the run, and the other thread's registration
+
+    run.finish();
+    run.post({});
+    m_peer->onRequest = [this](const Frame &request) {
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0'))));
+    };
+    QCOMPARE(make([&](Camera &camera) {
+                 run.take(QString());
+                 return outcome(camera.setGimbalFactoryCheck(1));
+             }),
+             QStringLiteral("0"));
+    run.finish();
+}
+
+/// A block of the EEPROM that was asked for before the stop must not pass for the one that the next run asks for.
+void tst_Camera::replyToAGivenUpRequestIsNoAnswer()
+{
+    RunExchange &run = KestDetectorFace::Get()->run;
+    run.post({});
+    Frame late;
+    m_peer->onRequest = [&](const Frame &request) {
+        late = request;
+        run.stop();
+        m_client->camera.heedStop();
+    };
+    const auto read = [&](Camera &camera) {
+        run.take(QString());
+        EEPromBuf buffer;
+        const int result = camera.ReadEEPROM(8162, 2, &buffer);
+        return outcome(result, result == 0 ? buffer.data()[0] : 0);
+    };
+    const auto reply = [this](const Frame &request, const char *bytes) {
+        m_peer->send(emulator::encodeFrame(DatagramPeer::replyTo(request, QByteArray(1, '\0') + counted(hex(bytes)))));
+    };
+    QCOMPARE(make(read), QStringLiteral("118"));
+    run.finish();
+    run.post({});
+    m_peer->onRequest = [&](const Frame &request) {
+        reply(late, "0102");
+        QTimer::singleShot(200, m_peer.get(), [&reply, request] { reply(request, "4b4f"); });
+    };
+    QCOMPARE(make(read), QStringLiteral("0 75"));
+    run.finish();
 }
 
 void tst_Camera::waitTimes_data()

@@ -3,6 +3,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "record/itemKeys.h"
 #include "ui/window/KestDetectorUI.h"
+#include "ui/window/stopRun.h"
 #include "ui/window/stopServices.h"
 
 #include <QCheckBox>
@@ -11,6 +12,10 @@
 
 /// Nothing runs here that could be stopped.
 void stopServices() {}
+bool stopRun()
+{
+    return false;
+}
 
 /// Holds the window's plan against what the check routines know: an item that they do not know would be skipped, and
 /// its component pass untested.

@@ -136,7 +136,13 @@ std::vector<Story> cameraStories(bool)
     return {none, lost, changed};
 }
 
-std::vector<Story> endedStories(bool)
+/// The folder of a run of the scene's camera.
+QString runFolderOf(const Scene &scene)
+{
+    return scene.station.savePath() + QDate::currentDate().toString(QStringLiteral("'/log/'yyyy-MM-dd'_60601F0A5F2A'"));
+}
+
+std::vector<Story> endedStories(bool safeguards)
 {
     Story closed = ending("closed during the run", Stopped, "camera,gimbal");
     closed.scenario = faulty(namesOfAllQueries(), fault("drop", always));
@@ -145,13 +151,41 @@ std::vector<Story> endedStories(bool)
     Story terminated =
         duringSilentRun("told to end during the run", Stopped, "", [](Scene &scene) { scene.station.signal(SIGTERM); });
 
+    Story stopped =
+        duringSilentRun("stopped during the run", Stopped, "", [](Scene &scene) { scene.station.signal(SIGINT); });
+    stopped.options = QStringList{QStringLiteral("--repeat"), QStringLiteral("2")};
+    stopped.says = QStringList{QStringLiteral("the run was stopped")};
+
+    // What an earlier run has left is there as it was.
+    Story download = ending("stopped during a download", Stopped, "log");
+    download.scenario = R"({"ftp": {"fault": "stall"}})";
+    download.before = [](Scene &scene) {
+        const QString folder = runFolderOf(scene);
+        QFile archive(folder + QStringLiteral("/log.tar.gz"));
+        const bool left = QDir().mkpath(folder) && archive.open(QIODevice::WriteOnly) && archive.write("earlier") == 7;
+        return left ? QString() : QStringLiteral("no earlier archive");
+    };
+    download.meanwhile = [safeguards](Scene &scene) {
+        const QString part = runFolderOf(scene) +
+                             (safeguards ? QStringLiteral("/log.tar.gz.part") : QStringLiteral("/log.tar.gz.earlier"));
+        if (!waitUntil([&] { return QFile::exists(part); }, 30000)) {
+            return QStringLiteral("the download does not begin");
+        }
+        scene.station.signal(SIGINT);
+        return QString();
+    };
+    download.after = [](Scene &scene) {
+        const QMap<QString, QByteArray> files = scene.station.allSaved();
+        return files.values() == QList<QByteArray>{"earlier"} ? QString() : files.keys().join(QLatin1Char(' '));
+    };
+
     Story notSaved = ending("a save path that is no folder", NotSaved, "battery", "Battery: OK, Result: OK");
     notSaved.before = [](Scene &scene) {
         QFile file(scene.station.savePath());
         return file.open(QIODevice::WriteOnly) ? QString() : QStringLiteral("no file");
     };
     notSaved.says = QStringList{QStringLiteral("not saved: "), QStringLiteral("Not a directory")};
-    return {closed, terminated, notSaved};
+    return {closed, terminated, stopped, download, notSaved};
 }
 
 /// The stories with and without `[Station] safeguards=true`; each is made twice, since what its acts share is its own.

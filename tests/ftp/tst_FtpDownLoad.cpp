@@ -10,9 +10,11 @@
 #include <algorithm>
 #include <ctime>
 #include <memory>
+#include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QNetworkAccessManager>
 #include <QTemporaryDir>
 #include <QTest>
@@ -66,6 +68,10 @@ private slots:
     void silentServerEndsTheWait();
     void closingProgramEndsTheWait();
     void closingProgramBeginsNoDownload();
+    void stoppedRunKeepsTheEarlierFile_data();
+    void stoppedRunKeepsTheEarlierFile();
+    void earlierFileGoesWithTheDownloadsEnd_data();
+    void earlierFileGoesWithTheDownloadsEnd();
     void lateEndOfATimedOutDownload();
     void hangingDownloadDoesNotReachTheNextOne();
     void connectionIsNotKeptForTheNextDownload();
@@ -391,6 +397,82 @@ void tst_FtpDownLoad::closingProgramBeginsNoDownload()
     KestDetectorFace::Get()->quitFlag = -1;
     QCOMPARE(download(otherUrl, earlier), -1);
     QCOMPARE(fileContent(earlier), smallContent);
+}
+
+void tst_FtpDownLoad::stoppedRunKeepsTheEarlierFile_data()
+{
+    QTest::addColumn<bool>("evidence");
+    QTest::addColumn<bool>("earlier");
+    QTest::newRow("nineteen keys, an earlier file") << false << true;
+    QTest::newRow("nineteen keys, none") << false << false;
+    QTest::newRow("safeguards, an earlier file") << true << true;
+    QTest::newRow("safeguards, none") << true << false;
+}
+
+void tst_FtpDownLoad::stoppedRunKeepsTheEarlierFile()
+{
+    QFETCH(const bool, evidence);
+    QFETCH(const bool, earlier);
+    KestDetectorFace *face = KestDetectorFace::Get();
+    if (evidence) {
+        keepEvidence();
+    }
+    const QString file = path(QStringLiteral("file"));
+    if (earlier) {
+        QCOMPARE(download(otherUrl, file), 0);
+    }
+    const QDateTime before = QFileInfo(file).lastModified();
+    m_server->stallAfter(10);
+    face->run.post({});
+    QTimer::singleShot(200, this, [face] { face->run.stop(); });
+    QElapsedTimer clock;
+    clock.start();
+    const int result = onWorkerThread([&] {
+        face->run.take(QString());
+        return FtpDownLoadFace::Get()->ftpDownLoad(smallUrl, file);
+    });
+    QCOMPARE(result, -1);
+    QVERIFY(clock.elapsed() < 1200);
+    const RunEnd end = face->run.finish();
+    QCOMPARE(end.unsaved.size(), 0);
+    const QStringList left = earlier ? QStringList{QStringLiteral("file")} : QStringList();
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), left);
+    if (earlier) {
+        QCOMPARE(fileContent(file), otherContent);
+        QCOMPARE(QFileInfo(file).lastModified(), before);
+    }
+    // Nothing of it comes later, and the next run's downloads are as ever.
+    m_server->release();
+    m_server->stallAfter(-1);
+    QTest::qWait(100);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), left);
+    QCOMPARE(onWorkerThread([&] { return FtpDownLoadFace::Get()->ftpDownLoad(smallUrl, file); }), 0);
+    QCOMPARE(fileContent(file), smallContent);
+}
+
+void tst_FtpDownLoad::earlierFileGoesWithTheDownloadsEnd_data()
+{
+    QTest::addColumn<QString>("url");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("a good one") << smallUrl << false << smallContent;
+    QTest::newRow("a failed one") << QStringLiteral("ftp://127.0.0.1/missing") << false << QByteArray();
+    QTest::newRow("one that the closing program leaves") << smallUrl << true << smallContent.left(10);
+}
+
+void tst_FtpDownLoad::earlierFileGoesWithTheDownloadsEnd()
+{
+    QFETCH(const QString, url);
+    QFETCH(const bool, closes);
+    const QString file = path(QStringLiteral("file"));
+    QCOMPARE(download(otherUrl, file), 0);
+    if (closes) {
+        m_server->stallAfter(10);
+        QTimer::singleShot(200, this, [] { KestDetectorFace::Get()->quitFlag = -1; });
+    }
+    download(url, file);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{QStringLiteral("file")});
+    QTEST(fileContent(file), "content");
 }
 
 void tst_FtpDownLoad::lateEndOfATimedOutDownload()

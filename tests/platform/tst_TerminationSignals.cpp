@@ -18,25 +18,33 @@ private slots:
 
 void tst_TerminationSignals::received_data()
 {
-    QTest::addColumn<int>("number");
-    QTest::newRow("SIGINT") << SIGINT;
-    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::addColumn<QList<int>>("numbers");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("SIGINT") << QList<int>{SIGINT} << "interrupted";
+    QTest::newRow("SIGTERM") << QList<int>{SIGTERM} << "terminated";
+    QTest::newRow("both before anybody looks") << QList<int>{SIGTERM, SIGINT} << "interrupted terminated";
+    QTest::newRow("twice before anybody looks") << QList<int>{SIGINT, SIGINT} << "interrupted";
 }
 
 void tst_TerminationSignals::received()
 {
-    QFETCH(int, number);
+    QFETCH(const QList<int>, numbers);
+    QFETCH(const QString, told);
     const TerminationSignals termination;
-    const QSignalSpy spy(&termination, &TerminationSignals::received);
-    QCOMPARE(std::raise(number), 0);
-    QCOMPARE(spy.count(), 0); // not out of the handler: only the event loop tells
-    QTRY_COMPARE(spy.count(), 1);
+    QStringList heard;
+    connect(&termination, &TerminationSignals::interrupted, this, [&] { heard += QStringLiteral("interrupted"); });
+    connect(&termination, &TerminationSignals::terminated, this, [&] { heard += QStringLiteral("terminated"); });
+    for (const int number : numbers) {
+        QCOMPARE(std::raise(number), 0);
+    }
+    QCOMPARE(heard, QStringList()); // not out of the handler: only the event loop tells
+    QTRY_COMPARE(heard.join(QLatin1Char(' ')), told);
 }
 
 void tst_TerminationSignals::oneBehindTheOther()
 {
     const TerminationSignals termination;
-    const QSignalSpy spy(&termination, &TerminationSignals::received);
+    const QSignalSpy spy(&termination, &TerminationSignals::terminated);
     for (const int count : {1, 2}) {
         QCOMPARE(std::raise(SIGTERM), 0);
         QTRY_COMPARE(spy.count(), count);

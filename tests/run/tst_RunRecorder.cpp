@@ -233,6 +233,11 @@ void tst_RunRecorder::outcomeAndReason_data()
         run.complete = false;
         run.end.camera = Camera::Lost;
     });
+    row("stopped by the operator", {bad}, Outcome::Stopped, "the run was stopped", [](RunOutcome &run) {
+        run.passed = false;
+        run.complete = false;
+        run.end.stopped = true;
+    });
     row("stopped, and passed so far", {good}, Outcome::Stopped, "the program was closed",
         [](RunOutcome &run) { run.complete = false; });
     row("the camera was lost", {good}, Outcome::Error, "the camera was lost during the run",

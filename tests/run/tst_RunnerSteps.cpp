@@ -15,6 +15,8 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <QDir>
+#include <QDirIterator>
 #include <QTranslator>
 #include <QtTest>
 #include <sys/stat.h>
@@ -88,6 +90,11 @@ private slots:
     void logNeverFailsARun();
     void killThreadStopsAtTheTaskBoundaryAndStillSaves();
     void stopRequestStopsAtTheTaskBoundary();
+    void stoppedRunHasNoResult();
+    void runStoppedBeforeItsBeginTestsNothing();
+    void runAfterAStoppedOneIsWhole();
+    void logOfAStoppedRun_data();
+    void logOfAStoppedRun();
     void nothingIsTakenAfterAStopRequest();
     void textsAreTranslated();
     void whatIsTold_data();
@@ -383,6 +390,112 @@ void tst_RunnerSteps::stopRequestStopsAtTheTaskBoundary()
     QCOMPARE(worked, QStringList{"0"});
     QCOMPARE(savedLog(), QByteArray("[Camera]:\nsaid 0\n\n"));
     QVERIFY(!m_runner->lastRun().complete);
+}
+
+void tst_RunnerSteps::stoppedRunHasNoResult()
+{
+    QList<RunRecord> records;
+    connect(
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
+    work = [](const QList<int> &) {
+        Face::Get()->run.stop();
+        return 3;
+    };
+    post({{componentId::camera, {0}}, {componentId::battery, {0}}, {componentId::pcba, {0}}});
+    finish();
+    QCOMPARE(worked, QStringList{"0"});
+    QCOMPARE(m_events, QStringList({"disabled", "component Camera", "0 is 3", "total 33", "enabled"}));
+    QVERIFY(!m_runner->lastRun().complete);
+    QVERIFY(m_runner->lastRun().end.stopped);
+    QCOMPARE(told(), QStringList({"the run was stopped", "results"}));
+    QCOMPARE(records.size(), 1);
+    QCOMPARE(records.at(0).outcome, Outcome::Stopped);
+    QCOMPARE(records.at(0).reason, QStringLiteral("the run was stopped"));
+    QCOMPARE(records.at(0).plan.size(), 3);
+    QCOMPARE(records.at(0).components.size(), 1);
+}
+
+void tst_RunnerSteps::runStoppedBeforeItsBeginTestsNothing()
+{
+    Face::Get()->shellState = ShellState::Regaining; // it waits for the shell
+    post({{componentId::camera, {0}}});
+    QTRY_COMPARE(told(), QStringList{"waiting for the camera's shell"});
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(Face::Get()->run.stop());
+    finish();
+    QVERIFY(clock.elapsed() < 1000);
+    QVERIFY(worked.isEmpty());
+    QCOMPARE(m_events, QStringList({"disabled", "enabled"}));
+    QVERIFY(!m_runner->lastRun().complete);
+    QVERIFY(!QFile::exists(m_folder->path() + QStringLiteral("/log")));
+}
+
+void tst_RunnerSteps::runAfterAStoppedOneIsWhole()
+{
+    work = [](const QList<int> &) {
+        Face::Get()->run.stop();
+        return 3;
+    };
+    post({{componentId::camera, {0}}});
+    finish();
+    m_events.clear();
+    work = [](const QList<int> &) { return 0; };
+    post({{componentId::camera, {0}}, {componentId::battery, {0}}});
+    QTRY_COMPARE(m_runner->finishedRuns(), 2);
+    QCOMPARE(m_events, QStringList({"disabled", "component Camera", "0 is 0", "total 50", "component Battery", "2 is 0",
+                                    "total 100", "passed", "enabled"}));
+    QVERIFY(m_runner->lastRun().complete);
+    QCOMPARE(told(), QStringList{"results"});
+}
+
+void tst_RunnerSteps::logOfAStoppedRun_data()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::addColumn<bool>("earlier");
+    QTest::addColumn<QStringList>("files"); // name and content
+    const QString whole = QStringLiteral("DetectorLog.txt: [Camera]:\nsaid 0\n\n[Battery]:\nsaid 2\n\n");
+    const QString begun = QStringLiteral(": [Camera]:\nsaid 0\n\n");
+    QTest::newRow("nineteen keys, the first of the day") << false << false << QStringList{"DetectorLog.txt" + begun};
+    QTest::newRow("nineteen keys, an earlier one")
+        << false << true << QStringList{"DetectorLog.stopped.txt" + begun, whole};
+    QTest::newRow("safeguards, the first of the day") << true << false << QStringList{"DetectorLog.txt" + begun};
+    QTest::newRow("safeguards, an earlier one")
+        << true << true << QStringList{"<time>/" + whole, "DetectorLog.txt" + begun};
+}
+
+void tst_RunnerSteps::logOfAStoppedRun()
+{
+    QFETCH(const bool, safeguards);
+    QFETCH(const bool, earlier);
+    Settings settings;
+    settings.safeguards = safeguards;
+    Face::Get()->setSettings(settings);
+    const QList<ComponentTask> plan{{componentId::camera, {0}}, {componentId::battery, {0}}};
+    if (earlier) {
+        post(plan);
+        QTRY_COMPARE(m_runner->finishedRuns(), 1);
+    }
+    work = [](const QList<int> &) {
+        Face::Get()->run.stop();
+        return 3;
+    };
+    post(plan);
+    QTRY_COMPARE(m_runner->finishedRuns(), earlier ? 2 : 1);
+    QStringList files;
+    const QDir folder(QFileInfo(logPath()).path());
+    QDirIterator found(folder.path(), QDir::Files, QDirIterator::Subdirectories);
+    while (found.hasNext()) {
+        QFile file(found.next());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString name = folder.relativeFilePath(file.fileName());
+        const int slash = name.indexOf(QLatin1Char('/'));
+        files.append((slash < 0 ? name : QStringLiteral("<time>") + name.mid(slash)) + QStringLiteral(": ") +
+                     QString::fromUtf8(file.readAll()));
+    }
+    files.sort();
+    QTEST(files, "files");
 }
 
 void tst_RunnerSteps::nothingIsTakenAfterAStopRequest()

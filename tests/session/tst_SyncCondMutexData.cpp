@@ -1,5 +1,6 @@
 #include "telnet/sync/SyncCondMutexData.h"
 
+#include <atomic>
 #include <QtTest>
 #include <thread>
 
@@ -14,6 +15,8 @@ private slots:
     void lateCompletionDoesNotEndTheNextWait();
     void spuriousWakeUpDoesNotEndTheWait();
     void abandonEndsPresentAndLaterWaits();
+    void callThatNobodyWantsIsNotPosted();
+    void workerHearsThatTheCallIsUnwanted();
 };
 
 void tst_SyncCondMutexData::completionAtOnceIsSeen()
@@ -86,6 +89,52 @@ void tst_SyncCondMutexData::abandonEndsPresentAndLaterWaits()
     lock.unlock();
     closer.join();
     QVERIFY(sync.isAbandoned());
+}
+
+void tst_SyncCondMutexData::callThatNobodyWantsIsNotPosted()
+{
+    SyncCondMutexData sync;
+    FairMutex oneCall;
+    bool posted = false;
+    const int result = sync.call(
+        oneCall, 20, [] { return true; }, [&] { posted = true; }, [] {});
+    QCOMPARE(result, -1);
+    QVERIFY(!posted);
+    QVERIFY(oneCall.lockUnless([] { return true; })); // it was given back
+    oneCall.unlock();
+}
+
+void tst_SyncCondMutexData::workerHearsThatTheCallIsUnwanted()
+{
+    SyncCondMutexData sync;
+    FairMutex oneCall;
+    std::atomic<bool> stop{false};
+    QVERIFY(!sync.isUnwanted());
+    std::thread worker;
+    const auto serve = [&] {
+        stop = true;
+        while (!sync.isUnwanted()) {
+            std::this_thread::yield();
+        }
+        sync.complete(-7);
+    };
+    const int result = sync.call(
+        oneCall, 20, [&] { return stop.load(); }, [&] { worker = std::thread(serve); }, [] {});
+    worker.join();
+    QCOMPARE(result, -7); // it waited for the worker
+
+    // The next call is wanted again.
+    std::thread next;
+    bool unwanted = true;
+    const auto answer = [&] {
+        unwanted = sync.isUnwanted();
+        sync.complete(0);
+    };
+    const int second = sync.call(
+        oneCall, 20, [] { return false; }, [&] { next = std::thread(answer); }, [] {});
+    next.join();
+    QCOMPARE(second, 0);
+    QVERIFY(!unwanted);
 }
 
 QTEST_GUILESS_MAIN(tst_SyncCondMutexData)

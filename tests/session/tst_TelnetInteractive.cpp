@@ -6,6 +6,7 @@
 #include "telnet/session/TelnetInteractive.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
+#include <atomic>
 #include <future>
 #include <memory>
 #include <QtTest>
@@ -65,6 +66,8 @@ private slots:
     void secretsInTheDiagnosticLog_data();
     void secretsInTheDiagnosticLog();
     void quitFlagEndsAPendingCommand();
+    void stoppedRunGivesItsCommandUp();
+    void stoppedRunLeavesTheLine();
     void giveUpEndsPendingAndLaterCalls();
 
 private:
@@ -513,6 +516,76 @@ void tst_TelnetInteractive::quitFlagEndsAPendingCommand()
     QCOMPARE(command(QStringLiteral("sleep 100\n")).result, -1);
     QVERIFY(clock.elapsed() < 4000);
     KestDetectorFace::Get()->quitFlag = 0;
+}
+
+void tst_TelnetInteractive::stoppedRunGivesItsCommandUp()
+{
+    RunExchange &run = KestDetectorFace::Get()->run;
+    TelnetInteractiveFace *face = TelnetInteractiveFace::Get();
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    run.post({});
+    m_peer->onLine = [&](const QByteArray &) {
+        run.stop();
+        face->heedStop();
+    };
+    QElapsedTimer clock;
+    clock.start();
+    const int outcome = result([&] {
+        run.take(QString());
+        QString reply;
+        const int first = face->telnet(QStringLiteral("sleep 100\n"), 3, &reply);
+        const int second = face->telnet(QStringLiteral("echo\n"), 3, &reply);
+        return first == -1 && second == -1 && reply.isEmpty() ? 0 : 1;
+    });
+    QCOMPARE(outcome, 0);
+    QVERIFY(clock.elapsed() < 1000);
+    QCOMPARE(m_peer->received(), QByteArray("root\nsecret\nsleep 100\n"));
+    // What the command still says must not answer another one: its connection is gone, and told so.
+    QVERIFY(!face->connected());
+    QTRY_VERIFY(!m_peer->isConnected());
+    run.finish();
+
+    m_peer->onLine = nullptr;
+    m_peer->autoLogin();
+    QCOMPARE(connectNow(), 0);
+    m_peer->onLine = [this](const QByteArray &) { m_peer->say("~ # "); };
+    QCOMPARE(command(QStringLiteral("echo\n")).result, 0);
+}
+
+/// A run that waits for its turn behind the supervisor's login leaves at once; the login goes on.
+void tst_TelnetInteractive::stoppedRunLeavesTheLine()
+{
+    RunExchange &run = KestDetectorFace::Get()->run;
+    TelnetInteractiveFace *face = TelnetInteractiveFace::Get();
+    run.post({});
+    QElapsedTimer clock;
+    clock.start();
+    qint64 stoppedAt = 0;
+    qint64 returnedAt = 0;
+    std::future<int> call;
+    // While the login waits for a peer that says nothing, this thread serves it.
+    m_peer->onConnection = [&] {
+        call = onWorker([&] {
+            run.take(QString());
+            QString reply;
+            const int outcome = face->telnet(QStringLiteral("echo\n"), 3, &reply);
+            returnedAt = clock.elapsed();
+            return outcome;
+        });
+        QTimer::singleShot(300, this, [&] {
+            stoppedAt = clock.elapsed();
+            QVERIFY(run.stop());
+            face->heedStop();
+        });
+    };
+    QCOMPARE(connectNow(), -1);
+    QVERIFY(clock.elapsed() >= 5000);
+    QCOMPARE(call.get(), -1);
+    QVERIFY2(returnedAt - stoppedAt < 1000, qPrintable(QString::number(returnedAt - stoppedAt)));
+    run.finish();
+    QTest::qWait(100);
+    QCOMPARE(m_peer->received(), QByteArray());
 }
 
 void tst_TelnetInteractive::giveUpEndsPendingAndLaterCalls()

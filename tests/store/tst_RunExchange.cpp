@@ -46,6 +46,9 @@ private slots:
     void whatHappensBetweenRunsConcernsNone();
     void unsavedFilesBelongToOneRun();
     void everyPlanIsTakenOnce();
+    void stopBelongsToOneRun();
+    void runThatNobodyHasTakenIsStopped();
+    void stopSignIsThatOfTheThreadsOwnRun();
 };
 
 void tst_RunExchange::planGoesFromPostToFinish()
@@ -248,6 +251,64 @@ void tst_RunExchange::everyPlanIsTakenOnce()
     for (int i = 0; i < plans; ++i) {
         QCOMPARE(taken.at(i), i);
     }
+}
+
+void tst_RunExchange::stopBelongsToOneRun()
+{
+    RunExchange run;
+    QVERIFY(!run.stop()); // there is none
+    QVERIFY(!run.isStopped());
+    run.post({});
+    run.take(cameraA);
+    QVERIFY(!run.isStopped());
+    QVERIFY(run.stop());
+    QVERIFY(run.stop());
+    QVERIFY(run.isStopped());
+    QVERIFY(run.finish().stopped);
+    QVERIFY(!run.isStopped());
+    QVERIFY(!run.stop());
+
+    run.post({});
+    run.take(cameraA);
+    QVERIFY(!run.isStopped());
+    QVERIFY(!run.finish().stopped);
+}
+
+void tst_RunExchange::runThatNobodyHasTakenIsStopped()
+{
+    RunExchange run;
+    run.post({});
+    QVERIFY(run.stop());
+    QVERIFY(run.take(cameraA));
+    QVERIFY(run.isStopped());
+    QVERIFY(run.finish().stopped);
+
+    run.post({});
+    QVERIFY(run.stop());
+    run.post({}); // replaces it, and is wanted
+    QVERIFY(run.take(cameraA));
+    QVERIFY(!run.isStopped());
+}
+
+void tst_RunExchange::stopSignIsThatOfTheThreadsOwnRun()
+{
+    RunExchange run;
+    run.post({});
+    const auto early = run.stopSign();
+    run.take(cameraA);
+    const auto own = run.stopSign();
+    std::function<bool()> foreign;
+    std::thread([&] { foreign = run.stopSign(); }).join();
+    QVERIFY(!own());
+    run.stop();
+    QVERIFY(own());
+    QVERIFY(!foreign());
+    QVERIFY(!early());
+    bool seenElsewhere = false;
+    std::thread([&] { seenElsewhere = own(); }).join();
+    QVERIFY(seenElsewhere);
+    run.finish();
+    QVERIFY(!own());
 }
 
 QTEST_GUILESS_MAIN(tst_RunExchange)

@@ -3,6 +3,7 @@
 #include "detector/store/runFolder.h"
 #include "support/MessageSpy.h"
 
+#include <atomic>
 #include <ctime>
 #include <QDir>
 #include <QElapsedTimer>
@@ -58,6 +59,7 @@ private slots:
     void sleepServesTheThreadsEvents();
     void sleepUsesNoProcessorTime();
     void sleepEndsWhenTheProgramCloses();
+    void sleepEndsWhenItsRunIsStopped();
     void createsFolders_data();
     void createsFolders();
     void namesTheLogFolder_data();
@@ -247,6 +249,29 @@ void tst_checkHelpers::sleepEndsWhenTheProgramCloses()
     KestDetectorFace::Get()->quitFlag = -1;
     worker.join();
     QVERIFY(clock.elapsed() < 10000);
+}
+
+void tst_checkHelpers::sleepEndsWhenItsRunIsStopped()
+{
+    RunExchange &run = KestDetectorFace::Get()->run;
+    run.post({});
+    QElapsedTimer clock;
+    clock.start();
+    std::atomic<bool> begun{false};
+    std::thread runner([&] {
+        run.take(QString());
+        begun = true;
+        mSleep(60000);
+    });
+    int slept = 0;
+    std::thread other([&] { slept = mSleep(300); }); // that of a thread beside the run goes on
+    QTRY_VERIFY(begun);
+    QVERIFY(run.stop());
+    runner.join();
+    other.join();
+    run.finish();
+    QVERIFY(clock.elapsed() < 10000);
+    QVERIFY(slept >= 300);
 }
 
 void tst_checkHelpers::createsFolders_data()

@@ -18,6 +18,7 @@ public:
 
     bool isListening() const { return m_server.isListening(); }
     int connections() const { return m_connections; }
+    bool isConnected() const { return m_socket != nullptr && m_socket->state() == QAbstractSocket::ConnectedState; }
     QByteArray received() const { return m_received; }
     /// Forgets what has been received.
     void clear() { m_received.clear(); }

@@ -6,7 +6,9 @@
 #include "ui/window/KestDetectorUI.h"
 
 #include <memory>
+#include <QApplication>
 #include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
@@ -15,6 +17,7 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -225,6 +228,9 @@ private slots:
     void otherCameraDuringARunClearsNothing();
     void passphraseIsShownOnAClick();
     void passphraseWithoutSafeguards();
+    void escapeStopsARun();
+    void menuStopsARun();
+    void noMenuWithoutARun();
     void closeStopsTheServicesThenLetsWaitingCallsGiveUp();
 
 private:
@@ -1296,6 +1302,62 @@ void tst_KestDetectorUI::passphraseWithoutSafeguards()
     QCOMPARE(label->text(), QStringLiteral("Password: secret "));
     QTest::mouseClick(label, Qt::LeftButton);
     QCOMPARE(label->text(), QStringLiteral("Password: secret "));
+}
+
+void tst_KestDetectorUI::escapeStopsARun()
+{
+    RunExchange &run = Face::Get()->run;
+    QTest::keyClick(m_window.get(), Qt::Key_Escape); // there is none
+    QCOMPARE(stopRecord.runs, 0);
+    QVERIFY(m_window->isVisible());
+
+    click(QStringLiteral("tbStart"));
+    QVERIFY(run.take(QString()));
+    emit Face::Get()->signal_setButtonEnable(false);
+    emit Face::Get()->signal_showCameraCheckResult(0);
+    QTest::keyClick(m_window.get(), Qt::Key_Escape);
+    QCOMPARE(stopRecord.runs, 1);
+    QVERIFY(run.isStopped());
+    QVERIFY(m_window->isVisible());
+
+    // Its end: without a result.
+    QVERIFY(run.finish().stopped);
+    emit Face::Get()->signal_setButtonEnable(true);
+    QCOMPARE(find<QLabel>(QStringLiteral("lbCameraStatus"))->text(), QStringLiteral("NA"));
+    verifyState(QStringLiteral("lbCamera"), QStringLiteral("Camera: OK"), QStringLiteral("OK"));
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(Face::Get()->runRequest(), 1);
+    QVERIFY(run.take(QString()));
+    QVERIFY(!run.isStopped());
+    run.finish();
+}
+
+void tst_KestDetectorUI::menuStopsARun()
+{
+    RunExchange &run = Face::Get()->run;
+    click(QStringLiteral("tbStart"));
+    QVERIFY(run.take(QString()));
+    for (QWidget *place :
+         {static_cast<QWidget *>(log()->viewport()), find<QWidget>(QStringLiteral("lbCameraStatus"))}) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), place->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(place, &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu != nullptr);
+        QCOMPARE(menu->actions().constLast()->text(), QStringLiteral("Stop the run\tEsc"));
+        const int before = stopRecord.runs;
+        QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                          menu->actionGeometry(menu->actions().constLast()).center());
+        QCOMPARE(stopRecord.runs, before + 1);
+        QVERIFY(run.isStopped());
+    }
+    run.finish();
+}
+
+void tst_KestDetectorUI::noMenuWithoutARun()
+{
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), log()->viewport()->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(log()->viewport(), &event);
+    QVERIFY(QApplication::activePopupWidget() == nullptr);
 }
 
 void tst_KestDetectorUI::closeStopsTheServicesThenLetsWaitingCallsGiveUp()

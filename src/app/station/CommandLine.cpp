@@ -131,7 +131,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral(
         "Self-test station for WiFi gimbal cameras. Without options it opens its window.\n"
         "Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed settings or a second "
-        "station, 3 no camera in time or lost or changed during a run, 4 closed before the end, 5 not "
+        "station, 3 no camera in time or lost or changed during a run, 4 stopped or closed before the end, 5 not "
         "everything was saved."));
     parser.addOptions({runOption, jsonOption, junitOption, operatorOption, batchOption, serialOption, savePathOption,
                        timeoutOption, screenshotOption, repeatOption, closeAfterOption, helpOption, versionOption});

@@ -8,6 +8,7 @@
 #include "detector/store/verdict.h"
 #include "record/wholeFile.h"
 #include "ui/window/KestDetectorUI.h"
+#include "ui/window/stopRun.h"
 
 #include <algorithm>
 #include <array>
@@ -18,6 +19,7 @@
 #include <QCoreApplication>
 #include <QPixmap>
 #include <QTextStream>
+#include <utility>
 
 namespace {
 constexpr int savedPollMs = 10;
@@ -104,6 +106,8 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
     connect(face, &KestDetectorFace::signal_setButtonEnable, this, [this](bool enabled) {
         if (enabled && m_startDue) {
             startRun();
+        } else if (enabled && m_underWay) {
+            runEnded(false); // it was stopped, and has no result
         }
     });
     for (const RunComponent &component : runComponents()) {
@@ -206,7 +210,16 @@ void UnattendedRun::startRun()
     }
     m_verdicts.clear();
     m_log.clear();
+    m_underWay = true;
     button->click();
+}
+
+void UnattendedRun::interrupt()
+{
+    const bool first = !std::exchange(m_interrupted, true);
+    if (!first || !stopRun()) {
+        leave(Stopped);
+    }
 }
 
 void UnattendedRun::print(const Notice &notice)
@@ -224,6 +237,7 @@ void UnattendedRun::noteVerdict(int component, int outcome)
 
 void UnattendedRun::runEnded(bool passed)
 {
+    m_underWay = false;
     m_runPassed = passed;
     ++m_runs;
     m_savedTimer.start();

@@ -27,7 +27,7 @@ public:
         Failed = 1,
         NotSound = 2, ///< the command line or option.ini is malformed, or there is a station already
         NoCamera = 3, ///< not in time, or lost or changed during a run
-        Stopped = 4,  ///< the window was closed before the last run had ended
+        Stopped = 4,  ///< a run was stopped, or the window was closed before the last run had ended
         NotSaved = 5, ///< the verdict stands, but something could not be saved
     };
 
@@ -37,6 +37,10 @@ public:
     void finish();
     /// The process's exit code, once that is done.
     int exitCode() const;
+
+    /// The operator wants an end: stops the run under way, and closes the window when there is none, or when that has
+    /// been wanted before.
+    void interrupt();
 
     /// What one run alone gives as exit code.
     static ExitCode exitCodeOf(const RunOutcome &outcome);
@@ -60,6 +64,8 @@ private:
     QString m_mac;
     bool m_started = false;
     bool m_startDue = false; ///< the button was not enabled yet
+    bool m_underWay = false; ///< a run, from its start until it has told its end
+    bool m_interrupted = false;
     int m_runs = 0;
     bool m_runPassed = false;
     QString m_verdicts; ///< the lines to print of the run under way

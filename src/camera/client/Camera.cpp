@@ -120,7 +120,17 @@ Completion *Camera::completionFor(protocol::Command command)
 void Camera::abandonRequests()
 {
     m_abandoned = true;
-    // A completion that comes into the list later belongs to a request that sees the flag.
+    wakeWaiters();
+}
+
+void Camera::heedStop()
+{
+    wakeWaiters();
+}
+
+void Camera::wakeWaiters()
+{
+    // A completion that comes into the list later belongs to a request that sees why.
     const std::lock_guard<std::mutex> list(m_completionsMutex);
     for (const auto &slot : m_completions) {
         // Passing through the mutex makes sure that a waiter has either seen the flag or is already waiting.
@@ -148,8 +158,10 @@ int Camera::request(Completion &slot, KestDataPacket &packet, const std::functio
     std::unique_lock<std::mutex> lock(slot.mutex);
     const std::uint64_t before = slot.completions;
     const bool isQuery = slot.command.kind == CommandKind::Query;
-    if (!m_abandoned) {
-        if (slot.numbers.size() > 1) {
+    const auto stopped = KestDetectorFace::Get()->run.stopSign();
+    const auto givesUp = [&] { return m_abandoned || stopped(); };
+    if (!givesUp()) {
+        if (slot.numbers.size() > 1 || slot.givenUp) {
             slot.staleNumbers = slot.numbers;
         }
         slot.numbers.clear();
@@ -161,18 +173,19 @@ int Camera::request(Completion &slot, KestDataPacket &packet, const std::functio
             }
             send(slot, packet);
             const auto limit = begin + slot.command.wait * sending / sendings;
-            if (slot.cond.wait_until(lock, limit, [&] { return m_abandoned || slot.completions != before; })) {
+            if (slot.cond.wait_until(lock, limit, [&] { return slot.completions != before || givesUp(); })) {
                 break;
             }
         }
     }
+    slot.givenUp = slot.completions == before && givesUp();
     const int result = slot.completions == before ? requestResult::noReply : slot.result;
     if (result == requestResult::success) {
         take();
     }
     const bool unanswered = result == requestResult::noReply || result == requestResult::wrongSize;
     // An order without an answer may have been carried out: whoever gives it asks afterwards what has come of it.
-    if (unanswered && isQuery && !m_abandoned) {
+    if (unanswered && isQuery && !slot.givenUp) {
         noteUnansweredRequest();
     }
     return result;

@@ -55,6 +55,9 @@ public:
     /// No reply can come any more: pending and later requests return 118 at once. From any thread.
     void abandonRequests();
     bool requestsAbandoned() const override { return m_abandoned; }
+    /// The run under way has been stopped: its present request returns 118 at once, and so does each one until the next
+    /// run. From any thread.
+    void heedStop();
 
     /// Hands a reply to the completion handler of its command. A command that the station does not know is told in the
     /// debug output. On the receive thread.
@@ -144,6 +147,8 @@ private:
     int request(Completion &slot, KestDataPacket &packet, const std::function<void()> &take);
     int request(Completion &slot, std::initializer_list<unsigned> payload, const std::function<void()> &take);
     int order(const DeviceCommand &row, std::initializer_list<unsigned> payload = {});
+    /// Whoever waits looks again whether to give up.
+    void wakeWaiters();
     /// Gives the packet a number, notes it and sends it. With the slot's mutex held.
     void send(Completion &slot, KestDataPacket &packet);
 

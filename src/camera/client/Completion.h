@@ -23,8 +23,8 @@ public:
     /// Ends the wait: with `code`, or, if that is success, with whether the reply data are those that the row expects.
     /// On the receive thread.
     void complete(int code, const std::uint8_t *data, int length);
-    /// Whether a reply of that number belongs to an earlier, repeated request and not to the present one. From any
-    /// thread.
+    /// Whether a reply of that number belongs to an earlier, repeated or given up request and not to the present one.
+    /// From any thread.
     bool isStale(std::uint16_t number);
 
     const DeviceCommand &command;
@@ -35,8 +35,10 @@ public:
     std::int32_t result = 0;       ///< of the last completion
     std::uint64_t completions = 0; ///< how many there were: tells one from a spurious wake-up
 
-    std::vector<std::uint16_t> numbers;      ///< of the frames of the last request, or of the one under way
-    std::vector<std::uint16_t> staleNumbers; ///< of the last request before it that was sent more than once
+    std::vector<std::uint16_t> numbers; ///< of the frames of the last request, or of the one under way
+    /// Of the last request before it that was sent more than once, or given up before its time.
+    std::vector<std::uint16_t> staleNumbers;
+    bool givenUp = false; ///< the last request, since its run was stopped or the program is closing
 
 private:
     /// Takes the data of a good reply. With `mutex` held.

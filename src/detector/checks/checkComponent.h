@@ -32,12 +32,12 @@ struct ComponentResult
 {
     checkLog record;
     QString text;                  ///< the last item's verdict text
-    int verdict = verdict::failed; ///< ok, `verdictIfNotAllPassed`, or notTested when the program closed meanwhile
+    int verdict = verdict::failed; ///< ok, `verdictIfNotAllPassed`, or notTested when the run was cut short meanwhile
 };
 
 /// Runs the requested items of one component and records them. `check(row, item)` runs one item into its fresh record;
-/// `isTest` tells the rows that are more than a name. An item that does not pass while the program begins to close is
-/// not recorded: it may just have had no time, and nobody could tell that from a camera that failed.
+/// `isTest` tells the rows that are more than a name. An item that does not pass while the run is cut short is not
+/// recorded: it may just have had no time, and nobody could tell that from a camera that failed.
 template <class Row, std::size_t size, class IsTest, class Check>
 ComponentResult recordItems(int component, int verdictIfNotAllPassed, const std::array<Row, size> &table,
                             const QList<int> &items, IsTest isTest, Check check)
@@ -62,7 +62,7 @@ ComponentResult recordItems(int component, int verdictIfNotAllPassed, const std:
         }
         item.duration = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin);
         judgeMeasurements(item);
-        if (item.result != verdict::ok && KestDetectorFace::Get()->stopRequested()) {
+        if (item.result != verdict::ok && KestDetectorFace::Get()->runIsCutShort()) {
             cutShort = true;
             return;
         }

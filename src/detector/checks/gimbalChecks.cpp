@@ -112,7 +112,7 @@ bool testAxis(const AxisMotion &axis, int &faults, const MotionClock &clock, Che
         }
         return passed;
     };
-    while (!KestDetectorFace::Get()->stopRequested()) {
+    while (!KestDetectorFace::Get()->runIsCutShort()) {
         if (clock.elapsedMs() - start >= axisLimitMs) {
             return end(false, QObject::tr(axis.timedOut) + QObject::tr(axis.failed));
         }
@@ -187,7 +187,7 @@ QString checkGimbalStutter(int *verdict, QString &detail)
 void checkGimbalStutter(CheckItemLog &item, const MotionClock &clock)
 {
     std::size_t passed = 0;
-    for (std::size_t i = 0; i < axisMotions.size() && !KestDetectorFace::Get()->stopRequested(); ++i) {
+    for (std::size_t i = 0; i < axisMotions.size() && !KestDetectorFace::Get()->runIsCutShort(); ++i) {
         passed += testAxis(axisMotions.at(i), faultSightings.at(i), clock, item) ? 1U : 0U;
     }
     item.result = passed == axisMotions.size() ? verdict::ok : verdict::failed;

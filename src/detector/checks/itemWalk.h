@@ -14,14 +14,14 @@
 /// reports the progress, 0 first and then a step for each item. An item that the table does not know is only told in
 /// the debug output. Rows have an `index` (an `itemId`) and a `name` (a text for translation in the context "QObject").
 ///
-/// False when the program began to close before all items were through.
+/// False when the run was cut short before all items were through.
 template <class Row, std::size_t size, class Run>
 bool walkItems(int component, const std::array<Row, size> &table, const QList<int> &items, Run run)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     emit face->signal_showCurrentPersent(0);
     for (int i = 0; i < items.size(); ++i) {
-        if (face->stopRequested()) {
+        if (face->runIsCutShort()) {
             return false;
         }
         const int index = items.at(i);

@@ -114,7 +114,7 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
     *verdict = shell->telnet(
         QStringLiteral("tar -zcvf %1/%2 %3\n").arg(settings.zipLogTargetPath, name, settings.*archive.source),
         archive.packStep, &reply);
-    if (face->stopRequested()) {
+    if (face->runIsCutShort()) {
         return {}; // the download would be given up at once, and an earlier archive be lost for it
     }
     const QString url = QStringLiteral("ftp://%1/%2").arg(face->cameraAddress.get(), name);
@@ -129,7 +129,7 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
     const bool part = !packed && face->safeguards().keepsEvidence();
     const int fetched =
         FtpDownLoadFace::Get()->ftpDownLoad(url, part ? PartFile(local.path, true).writtenTo() : local.path);
-    if ((!packed || fetched != 0) && !face->stopRequested()) {
+    if ((!packed || fetched != 0) && !face->runIsCutShort()) {
         noteUnsaved(local.path,
                     local.problem.isEmpty() ? QObject::tr("the camera's archive could not be fetched") : local.problem);
     }
@@ -165,7 +165,7 @@ QString downloadText(const TextLog &log, int *verdict, const QString &date)
     }
     QString reply;
     *verdict = TelnetInteractiveFace::Get()->telnet(command, log.step, &reply);
-    if (*verdict != 0 && face->stopRequested()) {
+    if (*verdict != 0 && face->runIsCutShort()) {
         return {}; // given up: nothing to replace an earlier file with
     }
     const LocalFile local(date, QLatin1String(log.fileName));

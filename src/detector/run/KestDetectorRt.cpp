@@ -39,6 +39,46 @@ std::optional<Notice> doubtAbout(RunEnd::Camera camera)
     }
     return std::nullopt;
 }
+
+constexpr auto detectionLog = "DetectorLog.txt";
+constexpr auto stoppedLog = "DetectorLog.stopped.txt";
+
+/// The folder of the day and camera, which exists afterwards if it can be created.
+struct LogFolder
+{
+    LogFolder() : path(logFolder(today())), problem(openLogFolder(path)) {}
+
+    QString filePath(const char *name) const { return path + QLatin1Char('/') + QLatin1String(name); }
+    bool has(const char *name) const { return QFile::exists(filePath(name)); }
+    std::optional<UnsavedFile> write(const char *name, const QList<checkLog> &logs, const QString &doubt) const;
+
+    const QString path;
+    const QString problem; ///< why it is not there; empty: it is
+};
+
+std::optional<UnsavedFile> LogFolder::write(const char *name, const QList<checkLog> &logs, const QString &doubt) const
+{
+    QFile file(filePath(name));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        const QString reason = problem.isEmpty() ? file.errorString() : problem;
+        qWarning().noquote() << "Detection log not written:" << file.fileName() << reason;
+        return UnsavedFile{file.fileName(), reason};
+    }
+    QTextStream out(&file);
+    out.setCodec("UTF-8");
+    if (!doubt.isEmpty()) {
+        out << doubt << QStringLiteral("\n\n");
+    }
+    for (const checkLog &log : logs) {
+        out << logBlock(log) << Qt::flush;
+    }
+    out.flush();
+    if (!file.flush() || file.error() != QFile::NoError) {
+        qWarning().noquote() << "Detection log not complete:" << file.fileName() << file.errorString();
+        return UnsavedFile{file.fileName(), file.errorString()};
+    }
+    return std::nullopt;
+}
 } // namespace
 
 std::shared_ptr<KestDetectorRt> KestDetectorRt::Get()
@@ -58,11 +98,11 @@ void KestDetectorRt::killThread()
     workerThread.stop();
 }
 
-/// The program asks for the stop first and joins other threads before this one: a component that began meanwhile could
-/// only leave an empty record.
+/// A program that closes asks for the stop first and joins other threads before this one: a component that began
+/// meanwhile could only leave an empty record.
 bool KestDetectorRt::stopping() const
 {
-    return !workerThread.running() || KestDetectorFace::Get()->stopRequested();
+    return !workerThread.running() || KestDetectorFace::Get()->runIsCutShort();
 }
 
 void KestDetectorRt::func()
@@ -111,16 +151,20 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
         ++done;
         emit face->signal_showTotalPersent(done * 100 / plan.size());
     }
-    outcome.complete = done == plan.size() && !stopping();
+    const bool closing = stopping() && !face->run.isStopped();
     outcome.end = face->run.finish();
     recorder.endRun();
+    outcome.complete = done == plan.size() && !closing && !outcome.end.stopped;
     outcome.passed = face->safeguards().runPassed(outcome.passed, outcome.tested, outcome.end.camera);
-    emit face->signal_showCheckResult(outcome.passed);
+    if (!outcome.end.stopped) {
+        emit face->signal_showCheckResult(outcome.passed);
+    }
     emit face->signal_setButtonEnable(true);
 
     const auto doubt = doubtAbout(outcome.end.camera);
     const bool tellsDoubt = doubt && face->safeguards().keepsEvidence();
-    if (const auto unsaved = saveDetectoryLog(outcome.end.logs, tellsDoubt ? doubt->text : QString())) {
+    const auto save = outcome.end.stopped ? saveStoppedLog : saveDetectoryLog;
+    if (const auto unsaved = save(outcome.end.logs, tellsDoubt ? doubt->text : QString())) {
         outcome.end.unsaved.append(*unsaved);
     }
     tell(outcome);
@@ -169,7 +213,9 @@ void KestDetectorRt::runTask(const ComponentTask &task, RunOutcome *outcome, Run
 void KestDetectorRt::tell(const RunOutcome &outcome)
 {
     Notices &notices = KestDetectorFace::Get()->notices;
-    if (!outcome.tested) {
+    if (outcome.end.stopped) {
+        notices.tell(Notices::stopped());
+    } else if (!outcome.tested) {
         notices.tell(Notices::nothingTested());
     }
     if (const auto doubt = doubtAbout(outcome.end.camera)) {
@@ -189,30 +235,18 @@ void KestDetectorRt::tell(const RunOutcome &outcome)
 
 std::optional<UnsavedFile> KestDetectorRt::saveDetectoryLog(const QList<checkLog> &logs, const QString &doubt)
 {
-    const Safeguards safeguards = KestDetectorFace::Get()->safeguards();
-    if (logs.isEmpty() && safeguards.keepsEvidence()) {
+    if (logs.isEmpty() && KestDetectorFace::Get()->safeguards().keepsEvidence()) {
         return std::nullopt;
     }
-    const QString folder = logFolder(today());
-    const QString folderProblem = openLogFolder(folder);
-    QFile file(folder + QStringLiteral("/DetectorLog.txt"));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        const QString reason = folderProblem.isEmpty() ? file.errorString() : folderProblem;
-        qWarning().noquote() << "Detection log not written:" << file.fileName() << reason;
-        return UnsavedFile{file.fileName(), reason};
+    const LogFolder folder;
+    return folder.write(detectionLog, logs, doubt);
+}
+
+std::optional<UnsavedFile> KestDetectorRt::saveStoppedLog(const QList<checkLog> &logs, const QString &doubt)
+{
+    if (logs.isEmpty()) {
+        return std::nullopt;
     }
-    QTextStream out(&file);
-    out.setCodec("UTF-8");
-    if (!doubt.isEmpty()) {
-        out << doubt << QStringLiteral("\n\n");
-    }
-    for (const checkLog &log : logs) {
-        out << logBlock(log) << Qt::flush;
-    }
-    out.flush();
-    if (!file.flush() || file.error() != QFile::NoError) {
-        qWarning().noquote() << "Detection log not complete:" << file.fileName() << file.errorString();
-        return UnsavedFile{file.fileName(), file.errorString()};
-    }
-    return std::nullopt;
+    const LogFolder folder;
+    return folder.write(folder.has(detectionLog) ? stoppedLog : detectionLog, logs, doubt);
 }

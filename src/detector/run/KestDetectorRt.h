@@ -21,6 +21,7 @@ class RunRecorder;
 /// The runner: one worker thread that executes every detection run, from program start to window close. It looks at
 /// the facade's `runRequest` every 50 ms, runs the requested components one after the other, reports through the
 /// facade's signals and notices and at the end writes the detection log and hands out the run's record.
+/// A run that is stopped leaves out what it has not begun, and has no result: its end is told by the buttons alone.
 class KestDetectorRt : public QObject
 {
     Q_OBJECT
@@ -44,6 +45,9 @@ public:
     /// same day and camera is replaced; where evidence is kept, not by an empty one. A log that cannot be written is
     /// reported in the debug output, and returned. `doubt`: what is to be said above the blocks, if anything.
     static std::optional<UnsavedFile> saveDetectoryLog(const QList<checkLog> &logs, const QString &doubt = {});
+    /// Likewise for a run that was stopped: nothing where it has found nothing, and beside an earlier log instead of in
+    /// its place, as "DetectorLog.stopped.txt".
+    static std::optional<UnsavedFile> saveStoppedLog(const QList<checkLog> &logs, const QString &doubt = {});
 
     /// How many runs have ended and have their log written, since program start. From any thread.
     int finishedRuns() const { return m_finishedRuns; }

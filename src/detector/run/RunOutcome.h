@@ -7,7 +7,7 @@
 struct RunOutcome
 {
     bool passed = true;
-    bool complete = true; ///< every task was begun, and none was cut short by the program's closing
+    bool complete = true; ///< every task was begun, and none was cut short by a stop or the program's closing
     bool tested = false;  ///< a component was run behind which there is something
     int unanswered = 0;   ///< requests of the components with a verdict that got no usable answer
     int resent = 0;       ///< queries that had to be sent again

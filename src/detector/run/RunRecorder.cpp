@@ -158,7 +158,8 @@ QString RunRecorder::reasonOf(const RunOutcome &outcome) const
     case Outcome::Passed:
         return {};
     case Outcome::Stopped:
-        return translated(QT_TRANSLATE_NOOP("RunRecorder", "the program was closed"));
+        return outcome.end.stopped ? Notices::stopped().text
+                                   : translated(QT_TRANSLATE_NOOP("RunRecorder", "the program was closed"));
     case Outcome::Error:
         return (outcome.end.camera == RunEnd::Camera::Changed ? Notices::cameraChanged() : Notices::cameraLost()).text;
     case Outcome::Failed:

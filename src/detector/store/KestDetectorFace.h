@@ -72,6 +72,8 @@ public:
     void takeBackStop() { m_stopRequested = false; }
     /// Whether whatever waits is to give up: a stop has been requested, or `quitFlag` is set.
     bool closing() const { return m_stopRequested || quitFlag != 0; }
+    /// Whether the run under way is to come to its end before its time: it has been stopped, or the program is closing.
+    bool runIsCutShort() const { return m_stopRequested || run.isStopped(); }
 
 signals:
     void signal_showBatteryCheckResult(int verdict);

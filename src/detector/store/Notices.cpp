@@ -69,6 +69,11 @@ Notice Notices::waitingForShell()
     return {Notice::Kind::Waiting, tr("waiting for the camera's shell"), {}};
 }
 
+Notice Notices::stopped()
+{
+    return {Notice::Kind::Stopped, tr("the run was stopped"), {}};
+}
+
 Notice Notices::nothingTested()
 {
     return {Notice::Kind::NothingTested, tr("nothing was tested"), {}};

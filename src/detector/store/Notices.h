@@ -14,6 +14,7 @@ struct Notice
         Settings,      ///< what is wrong with option.ini
         NotStarted,    ///< what Start wants
         Waiting,       ///< a run waits for the camera's shell
+        Stopped,       ///< the operator has stopped a run
         NothingTested, ///< a run went through no test
         CameraChanged,
         CameraLost,
@@ -59,6 +60,7 @@ public:
     static Notice settings(const QString &problem);
     static Notice notStarted(const QStringList &missing);
     static Notice waitingForShell();
+    static Notice stopped();
     static Notice nothingTested();
     static Notice cameraChanged();
     static Notice cameraLost();

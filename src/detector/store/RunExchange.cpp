@@ -9,6 +9,7 @@ bool RunExchange::post(const QList<ComponentTask> &plan, const RunLabels &labels
     m_plan = plan;
     m_labels = labels;
     m_run.logs.clear();
+    m_run.stopped = false;
     m_requested = true;
     return true;
 }
@@ -20,6 +21,7 @@ std::optional<QList<ComponentTask>> RunExchange::take(const QString &macAddress)
         return std::nullopt;
     }
     m_active = true;
+    m_runner = std::this_thread::get_id();
     m_run.identity = {macAddress, QDateTime::currentDateTime(), m_labels};
     m_run.camera = RunEnd::Camera::Kept;
     m_run.unsaved.clear();
@@ -54,6 +56,28 @@ RunEnd RunExchange::finish()
     m_requested = false;
     m_active = false;
     return m_run;
+}
+
+bool RunExchange::stop()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_run.stopped = m_run.stopped || m_requested;
+    return m_requested;
+}
+
+bool RunExchange::isStopped() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_requested && m_run.stopped;
+}
+
+std::function<bool()> RunExchange::stopSign() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_active || m_runner != std::this_thread::get_id()) {
+        return [] { return false; };
+    }
+    return [this] { return isStopped(); };
 }
 
 void RunExchange::noteLinkLost()

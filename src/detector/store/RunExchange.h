@@ -4,11 +4,13 @@
 #include "detector/store/ComponentTask.h"
 #include "detector/store/RunLabels.h"
 
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <thread>
 
 /// Whose run it is: fixed at its begin.
 struct RunIdentity
@@ -39,11 +41,12 @@ struct RunEnd
     QList<checkLog> logs; ///< in the order in which the components ran
     Camera camera = Camera::Kept;
     QList<UnsavedFile> unsaved;
+    bool stopped = false; ///< the operator has stopped it: what it has found is no judgement
 };
 
 /// How a run changes hands: the window posts a plan, the runner takes it, the component routines append their records,
-/// and the runner finishes it. Meanwhile the supervisor notes what becomes of the camera. Every call is from any
-/// thread; one mutex guards everything.
+/// and the runner finishes it. Meanwhile the supervisor notes what becomes of the camera, and the operator may stop it.
+/// Every call is from any thread; one mutex guards everything.
 class RunExchange
 {
 public:
@@ -55,7 +58,7 @@ public:
     /// plan that nobody has taken yet is replaced.
     bool post(const QList<ComponentTask> &plan, const RunLabels &labels = {});
     /// The posted plan, if there is one: the run is under way from here until `finish`. `macAddress` is the camera's of
-    /// this moment.
+    /// this moment. The calling thread works for the run from here on.
     std::optional<QList<ComponentTask>> take(const QString &macAddress);
     void append(const checkLog &log);
     void noteUnsaved(const UnsavedFile &file);
@@ -63,6 +66,14 @@ public:
     bool claimFolder();
     /// The run is over, and the next may be posted. Hands out what is left of it.
     RunEnd finish();
+
+    /// The operator stops the run that is posted or under way: nothing of it is begun any more, and whatever its thread
+    /// waits for gives up once it is woken. False: there is none.
+    bool stop();
+    bool isStopped() const; ///< from `stop` to `finish`
+    /// Tells from then on, on any thread, whether the run that the calling thread works for has been stopped. Never, on
+    /// a thread that works for none. It must not outlive this object.
+    std::function<bool()> stopSign() const;
 
     /// The link to the camera is dropped: the run under way, if any, cannot vouch for its camera any more.
     void noteLinkLost();
@@ -79,6 +90,7 @@ private:
     mutable std::mutex m_mutex;
     bool m_requested = false;
     bool m_active = false;
+    std::thread::id m_runner; ///< the thread that took the run
     QList<ComponentTask> m_plan;
     RunLabels m_labels; ///< of the plan posted last
     RunEnd m_run;

@@ -12,7 +12,7 @@
 #include <QObject>
 
 namespace {
-/// How often a wait looks whether the program has begun to close.
+/// How often a wait looks whether it is to end early.
 constexpr int stopPollMs = 25;
 
 constexpr std::array componentNames = {
@@ -97,8 +97,10 @@ int mSleep(int milliseconds)
 {
     QElapsedTimer clock;
     clock.start();
+    const KestDetectorFace *face = KestDetectorFace::Get();
+    const auto stopped = face->run.stopSign();
     serveEventsUntil(
-        milliseconds, [] { return KestDetectorFace::Get()->closing(); }, stopPollMs);
+        milliseconds, [&] { return face->closing() || stopped(); }, stopPollMs);
     return static_cast<int>(clock.elapsed());
 }
 

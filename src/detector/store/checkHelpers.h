@@ -16,7 +16,8 @@ QList<int> getCameraStatusList(quint64 status);
 QString getBatteryWar(unsigned int warningBits);
 
 /// Waits `milliseconds` while it serves the calling thread's events, without using the processor; ends early only
-/// when the program closes. Returns the milliseconds that passed. Callable from any thread.
+/// when the program closes or the run of the calling thread is stopped. Returns the milliseconds that passed. Callable
+/// from any thread.
 int mSleep(int milliseconds);
 
 /// Creates a folder with all missing parents; true if it exists afterwards.

@@ -108,6 +108,11 @@ void TelnetInteractive::slot_telnetDisConnectToHost(SyncCondMutexData *sync)
 
 void TelnetInteractive::slot_telnet(const QString &cmd, SyncCondMutexData *sync, int callerStep, QString *out)
 {
+    if (sync->isUnwanted()) {
+        *out = QString();
+        sync->complete(-1);
+        return;
+    }
     step = callerStep;
     m_passwordDelay.stop(); // of a login that came too late
     // A prompt that came after its command had been given up must not complete this one.
@@ -118,7 +123,11 @@ void TelnetInteractive::slot_telnet(const QString &cmd, SyncCondMutexData *sync,
     reply.clear();
     telnet->sendData(cmd);
 
-    serveEventsUntil(commandLimitMs, [this] { return cmdDone || KestDetectorFace::Get()->closing(); });
+    serveEventsUntil(commandLimitMs,
+                     [&] { return cmdDone || KestDetectorFace::Get()->closing() || sync->isUnwanted(); });
+    if (!cmdDone && sync->isUnwanted()) {
+        telnet->close(); // also hangs up the command
+    }
     const std::int32_t outcome = cmdDone ? cmdResult : -1;
     cmdResult = 0;
     cmdDone = false;

@@ -37,7 +37,7 @@ public slots:
     void slot_telnetConnectToHost(SyncCondMutexData *sync);
     void slot_telnetDisConnectToHost(SyncCondMutexData *sync);
     /// Sends `cmd` as it is and waits at most `commandLimitMs` for the prompt. `callerStep` is the command's
-    /// `shellStep`.
+    /// `shellStep`. A command whose run is stopped meanwhile is given up with its connection.
     void slot_telnet(const QString &cmd, SyncCondMutexData *sync, int callerStep, QString *out);
     void slot_telnetReplyFinished(const QString &text);
     void slot_telnetConnectionError(QAbstractSocket::SocketError error);

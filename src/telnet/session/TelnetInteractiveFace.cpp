@@ -1,5 +1,6 @@
 #include "telnet/session/TelnetInteractiveFace.h"
 
+#include "detector/store/KestDetectorFace.h"
 #include "telnet/session/TelnetInteractive.h"
 
 #include <QThread>
@@ -34,7 +35,7 @@ int TelnetInteractiveFace::call(SyncCondMutexData &sync, Post post, Collect coll
         qWarning("A shell call from the thread that has to serve it");
         return -1;
     }
-    return sync.call(m_oneCall, waitSeconds, post, collect);
+    return sync.call(m_oneCall, waitSeconds, KestDetectorFace::Get()->run.stopSign(), post, collect);
 }
 
 int TelnetInteractiveFace::telnetConnectToHost()
@@ -61,4 +62,9 @@ void TelnetInteractiveFace::giveUp()
     for (SyncCondMutexData *sync : {&m_command, &m_connect, &m_disconnect}) {
         sync->abandon();
     }
+}
+
+void TelnetInteractiveFace::heedStop()
+{
+    m_oneCall.wake();
 }

@@ -35,6 +35,10 @@ public:
 
     /// The program is closing: every present and later call returns -1 at once. From any thread.
     void giveUp();
+    /// The run under way has been stopped: its present call returns -1 at once, and so does each one until the next
+    /// run. A command that has been sent is given up together with the shell's connection, so that nothing it still
+    /// says is taken for the answer to another one. GUI thread, which serves the call.
+    void heedStop();
 
 public slots:
     /// For the worker, or what stands in for it.

@@ -20,6 +20,12 @@ bool SyncCondMutexData::isAbandoned()
     return abandoned;
 }
 
+bool SyncCondMutexData::isUnwanted()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return abandoned || (unwanted && unwanted());
+}
+
 void SyncCondMutexData::abandon()
 {
     {

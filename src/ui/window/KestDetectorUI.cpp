@@ -15,16 +15,19 @@
 #include "ui/widgets/RingsProgressbar.h"
 #include "ui/window/EventLog.h"
 #include "ui/window/NoticeBar.h"
+#include "ui/window/stopRun.h"
 #include "ui/window/stopServices.h"
 #include "ui/window/verdictLook.h"
 #include "ui_KestDetectorUI.h"
 
 #include <array>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QFont>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QScreen>
 #include <QWindow>
 
@@ -436,8 +439,26 @@ void KestDetectorUI::setSavePath(const QString &path)
     ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(path));
 }
 
+void KestDetectorUI::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (KestDetectorFace::Get()->runRequest() == 0) {
+        QMainWindow::contextMenuEvent(event);
+        return;
+    }
+    QMenu *menu = createPopupMenu();
+    if (menu == nullptr) {
+        menu = new QMenu(this);
+    }
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction(tr("Stop the run\tEsc")), &QAction::triggered, this, [] { stopRun(); });
+    menu->popup(event->globalPos()); // without an event loop of its own, which would keep a wait for the camera going
+}
+
 void KestDetectorUI::keyPressEvent(QKeyEvent *event)
 {
+    if (event->key() == Qt::Key_Escape && stopRun()) {
+        return;
+    }
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     auto *button = qobject_cast<QToolButton *>(focusWidget());
     if (enter && button != nullptr && !event->isAutoRepeat()) {

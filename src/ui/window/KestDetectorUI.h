@@ -70,6 +70,9 @@ public slots:
 protected:
     /// Returns once the services have ended.
     void closeEvent(QCloseEvent *event) override;
+    /// During a run, its entry stops it.
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    /// Escape stops a run, and Enter presses the button that has the focus.
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
