@@ -5,8 +5,8 @@
 
 Every relative link of README.md, emulator/README.md and docs/*.md leads to a file, and to a heading of it where it names
 one. Every path in code style that begins with a folder of the project exists, and so does every source file that is named
-without its folder. README.md has at most 250 lines, and its table of settings has those that the station reads. Prints each
-offence as "file:line: reason"; exit code 1 when there is one.
+without its folder. README.md has at most 250 lines, its table of settings has those that the station reads, and it names
+each file of the log collection. Prints each offence as "file:line: reason"; exit code 1 when there is one.
 """
 import pathlib
 import re
@@ -98,6 +98,15 @@ def settings_offences(project):
         yield f'README.md: the station reads no setting {key}'
 
 
+def log_offences(project):
+    """The files that the log collection brings, against the README."""
+    readme = (project / 'README.md').read_text(encoding='utf-8')
+    collection = (project / 'src/detector/checks/logCollection.cpp').read_text(encoding='utf-8')
+    for name in re.findall(r'"(\w+\.(?:txt|tar\.gz))"', collection):
+        if f'`{name}`' not in readme:
+            yield f'README.md: the file {name} of the log collection is not in it'
+
+
 def main():
     project = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).parent.parent).resolve()
     tops = {entry.name for entry in project.iterdir()
@@ -107,6 +116,7 @@ def main():
     documents = [project / 'README.md', project / 'emulator' / 'README.md', *sorted((project / 'docs').glob('*.md'))]
     offences = [offence for document in documents for offence in document_offences(project, document, tops, names)]
     offences += settings_offences(project)
+    offences += log_offences(project)
     length = len((project / 'README.md').read_text(encoding='utf-8').splitlines())
     if length > LONGEST_README:
         offences.append(f'README.md: {length} lines, at most {LONGEST_README}: a newcomer has to finish it')

@@ -62,6 +62,17 @@ constexpr const CommandRow &rowOf(Command command)
     return commandTable[commandIndex(command)];
 }
 
+constexpr bool commandTableIsInOrder()
+{
+    for (std::size_t i = 0; i < commandTable.size(); ++i) {
+        if (commandIndex(commandTable[i].command) != i) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(commandTableIsInOrder(), "the rows stand in the order of the enumeration, none left out");
+
 inline std::optional<Command> commandNamed(const QString &name)
 {
     for (const CommandRow &row : commandTable) {
