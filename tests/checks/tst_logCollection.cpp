@@ -10,14 +10,13 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
 using LogRoutine = QString (*)(int *, const QString &);
 Q_DECLARE_METATYPE(LogRoutine)
-
-namespace {
-} // namespace
+Q_DECLARE_METATYPE(Limit)
 
 class tst_logCollection : public QObject
 {
@@ -48,6 +47,9 @@ private slots:
     void component_data();
     void component();
     void allItems();
+    void whatItemsMeasure();
+    void limits_data();
+    void limits();
     void closingLeavesEarlierFilesAlone();
 
 private:
@@ -450,6 +452,74 @@ void tst_logCollection::allItems()
     QCOMPARE(QDir(m_folder->path() + QStringLiteral("/log/") + folders.first()).entryList(QDir::Files, QDir::Name),
              (QStringList{"dmesg.txt", "ifconfig.txt", "iw_dev_ap0_scan.txt", "kest_verison.txt", "mci_info.txt",
                           "pstree_ps.txt"}));
+}
+
+void tst_logCollection::whatItemsMeasure()
+{
+    const QString reply = QStringLiteral("cat /etc/kest_version\r\nfirmware: 1.2.3\r\n~ # ");
+    m_shell.answer(QStringLiteral("cat /etc/kest_version\n"), reply);
+    m_shell.answer(QStringLiteral("tar -zcvf /tmp/ftp/log.tar.gz /var/log\n"), QStringLiteral("~ # "));
+    m_shell.answer(QStringLiteral("rm -rf /tmp/ftp/log.tar.gz\n"), QStringLiteral("~ # "));
+    const FacadeSpy spy;
+    runComponent(downLoadLogs, {5, 0, 2});
+    const QList<CheckItemLog> items = spy.logs().constFirst().itemLogs;
+    QCOMPARE(items.size(), 3);
+
+    QCOMPARE(items.at(0).files.size(), 1);
+    QVERIFY(items.at(0).files.constFirst().endsWith(QStringLiteral("_AABBCCDDEEFF/kest_verison.txt")));
+    QCOMPARE(fileContent(items.at(0).files.constFirst()), reply.toUtf8());
+    QStringList texts = measurementTexts(items.at(0));
+    QCOMPARE(texts.size(), 3);
+    QCOMPARE(texts.takeAt(0), QStringLiteral("file.size=%1 B").arg(reply.size()));
+    QVERIFY2(QRegularExpression(QStringLiteral("^file\\.time=[0-9.e-]+ s$")).match(texts.at(0)).hasMatch(),
+             qPrintable(texts.at(0)));
+    QCOMPARE(texts.at(1), QStringLiteral("firmware=1.2.3"));
+
+    QVERIFY(items.at(1).files.constFirst().endsWith(QStringLiteral("_AABBCCDDEEFF/log.tar.gz")));
+    QCOMPARE(measurementTexts(items.at(1)).size(), 2);
+
+    QVERIFY2(items.at(2).files.isEmpty() && items.at(2).measurements.isEmpty(), "the shell did not answer");
+}
+
+void tst_logCollection::limits_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<Limit>("limit");
+    QTest::addColumn<bool>("answered");
+    QTest::addColumn<QString>("record");
+    QTest::addColumn<bool>("breaksLimit");
+    const Limit versions{{}, {}, {QStringLiteral("1.2.3"), QStringLiteral("1.2.4")}};
+    const Limit others{{}, {}, {QStringLiteral("1.2.4")}};
+    QTest::newRow("firmware that is meant") << "firmware" << versions << true << "0||" << false;
+    QTest::newRow("another firmware") << "firmware" << others << true << "1||firmware: 1.2.3 (1.2.4)\n" << true;
+    QTest::newRow("firmware that was not read")
+        << "firmware" << versions << false << "1||firmware: not read (1.2.3|1.2.4)\n"
+        << true;
+    QTest::newRow("size on the bound") << "file.size" << Limit{42.0, 42.0, {}} << true << "0||" << false;
+    QTest::newRow("a byte too small") << "file.size" << Limit{43.0, {}, {}} << true << "1||file.size: 42 B (43..)\n"
+                                      << true;
+    QTest::newRow("no file") << "file.size" << Limit{1.0, {}, {}} << false << "1||file.size: not read (1..)\n" << true;
+    QTest::newRow("not read, and nobody has set a limit")
+        << "battery.voltage" << Limit{1.0, {}, {}} << false << "-1||" << false;
+}
+
+void tst_logCollection::limits()
+{
+    QFETCH(const QString, name);
+    QFETCH(const Limit, limit);
+    QFETCH(const bool, answered);
+    Settings settings = KestDetectorFace::Get()->settings();
+    settings.limits = {{name, limit}};
+    KestDetectorFace::Get()->setSettings(settings);
+    if (answered) {
+        m_shell.answer(QStringLiteral("cat /etc/kest_version\n"),
+                       QStringLiteral("cat /etc/kest_version\r\nversion=1.2.3\r\n~ # "));
+    }
+    const FacadeSpy spy;
+    runComponent(downLoadLogs, {5});
+    const checkLog log = spy.logs().constFirst();
+    QTEST(texts(log).constFirst(), "record");
+    QTEST(log.itemLogs.constFirst().breaksLimit, "breaksLimit");
 }
 
 void tst_logCollection::closingLeavesEarlierFilesAlone()

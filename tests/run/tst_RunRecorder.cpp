@@ -3,6 +3,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/verdict.h"
 #include "record/itemKeys.h"
+#include "record/recordNames.h"
 
 #include <QtTest>
 
@@ -73,6 +74,9 @@ private slots:
     void stationIsTheOneOfTheSettings();
     void outcomeAndReason_data();
     void outcomeAndReason();
+    void logHasPassedWhenItsFileIsThere_data();
+    void logHasPassedWhenItsFileIsThere();
+    void limitIsBrokenByTheComponentThatEndedLast();
     void componentWithoutRecordHasNoItems();
     void recordsOfOthersAreNotTaken();
     void cameraThatIsReadDuringTheRun_data();
@@ -215,6 +219,9 @@ void tst_RunRecorder::outcomeAndReason_data()
     const Step fan{{componentId::fan, {}}, verdict::ok};
     const Step notTested{{componentId::lens, {}}, verdict::notTested};
     const Step noLog{{componentId::log, {item(0, -1, RequestEnd{Kind::NoReply, 0, 1})}}, verdict::failed, false};
+    CheckItemLog wrongVersion = item(5, verdict::failed);
+    wrongVersion.breaksLimit = true;
+    const Step limitedLog{{componentId::log, {item(0, verdict::ok), wrongVersion}}, verdict::failed, false};
 
     row("passed", {good}, Outcome::Passed, "", [](RunOutcome &) {});
     row("passed, and a board warns", {good, warned}, Outcome::Passed, "", [](RunOutcome &) {});
@@ -222,6 +229,7 @@ void tst_RunRecorder::outcomeAndReason_data()
     row("items failed", {bad, warned, good}, Outcome::Failed, "gimbal.pitch.link, gimbal.motion", fails);
     row("items of two components failed", {bad, missed}, Outcome::Failed,
         "gimbal.pitch.link, gimbal.motion, battery.status", fails);
+    row("a log broke a limit", {good, limitedLog}, Outcome::Failed, "log.version", fails);
     row("a component failed without an item", {good, notTested}, Outcome::Failed, "lens", fails);
     row("a request was not answered", {missed}, Outcome::Failed, "battery.status",
         [](RunOutcome &run) { run.unanswered = 1; });
@@ -257,6 +265,49 @@ void tst_RunRecorder::outcomeAndReason()
     QTEST(record.outcome, "outcome");
     QTEST(record.reason, "reason");
     QCOMPARE(record.components.size(), steps.size());
+}
+
+void tst_RunRecorder::logHasPassedWhenItsFileIsThere_data()
+{
+    QTest::addColumn<int>("result");
+    QTest::addColumn<bool>("hasFile");
+    QTest::addColumn<int>("shown");
+    QTest::addColumn<QString>("verdict");
+    QTest::newRow("collected") << 0 << true << 0 << QStringLiteral("passed");
+    QTest::newRow("the shell did not answer") << -1 << false << 1 << QStringLiteral("failed");
+    QTest::newRow("the archive could not be fetched") << 0 << false << 0 << QStringLiteral("failed");
+    QTest::newRow("the archive could not be removed from the camera") << -1 << true << 1 << QStringLiteral("failed");
+    QTest::newRow("a limit is broken") << 1 << true << 1 << QStringLiteral("failed");
+}
+
+void tst_RunRecorder::logHasPassedWhenItsFileIsThere()
+{
+    QFETCH(const int, result);
+    QFETCH(const bool, hasFile);
+    QFETCH(const int, shown);
+    CheckItemLog log = item(itemId::log::camera, result);
+    log.files = hasFile ? QStringList{QStringLiteral("/nowhere/log.tar.gz")} : QStringList();
+    const RunRecord record = recorded({{{componentId::log, {log}}, shown, false}}, goodRun());
+    QTEST(nameOf(record.components.at(0).items.at(0).verdict), "verdict");
+    QTEST(nameOf(record.components.at(0).verdict), "verdict");
+}
+
+void tst_RunRecorder::limitIsBrokenByTheComponentThatEndedLast()
+{
+    CheckItemLog broken = item(itemId::log::version, verdict::failed);
+    broken.breaksLimit = true;
+    RunRecorder recorder({});
+    recorder.beginComponent(componentId::log);
+    emit Face::Get()->signal_showCheckLog({componentId::log, {item(0, -1)}});
+    recorder.endComponent(verdict::failed, false);
+    QVERIFY2(!recorder.breaksLimit(), "that a log is missing breaks none");
+    recorder.beginComponent(componentId::log);
+    emit Face::Get()->signal_showCheckLog({componentId::log, {item(0, verdict::ok), broken}});
+    recorder.endComponent(verdict::failed, false);
+    QVERIFY(recorder.breaksLimit());
+    recorder.beginComponent(componentId::fan);
+    recorder.endComponent(verdict::ok, true);
+    QVERIFY(!recorder.breaksLimit());
 }
 
 void tst_RunRecorder::componentWithoutRecordHasNoItems()

@@ -88,6 +88,7 @@ private slots:
     void verdictDecides();
     void failedComponentDoesNotSkipTheNext();
     void logNeverFailsARun();
+    void logThatBreaksALimitFailsARun();
     void killThreadStopsAtTheTaskBoundaryAndStillSaves();
     void stopRequestStopsAtTheTaskBoundary();
     void stoppedRunHasNoResult();
@@ -352,6 +353,21 @@ void tst_RunnerSteps::logNeverFailsARun()
     post({{componentId::log, {0}}});
     finish();
     QCOMPARE(m_events, QStringList({"disabled", "component Log", "total 100", "passed", "enabled"}));
+}
+
+void tst_RunnerSteps::logThatBreaksALimitFailsARun()
+{
+    work = [](const QList<int> &items) {
+        CheckItemLog item;
+        item.number = 5;
+        item.breaksLimit = !items.isEmpty();
+        emit Face::Get()->signal_showCheckLog({componentId::log, {item}});
+        return 0;
+    };
+    post({{componentId::log, {5}}, {componentId::battery, {}}});
+    finish();
+    QVERIFY(m_events.contains(QStringLiteral("failed")));
+    QVERIFY(!m_runner->lastRun().passed);
 }
 
 void tst_RunnerSteps::killThreadStopsAtTheTaskBoundaryAndStillSaves()

@@ -1,6 +1,8 @@
 #include "detector/checks/logCollection.h"
 
 #include "detector/checks/checkComponent.h"
+#include "detector/checks/firmwareText.h"
+#include "detector/checks/judgeMeasurements.h"
 #include "detector/checks/noteRequest.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
@@ -14,33 +16,15 @@
 #include "telnet/session/TelnetInteractiveFace.h"
 
 #include <array>
+#include <chrono>
 #include <QDate>
 #include <QDebug>
 #include <QFile>
+#include <QFileInfo>
 #include <QObject>
 #include <QTextStream>
 
 namespace {
-struct LogItem
-{
-    int index;
-    const char *name;
-    QString (*download)(int *verdict, const QString &date);
-};
-
-constexpr std::array itemTable = {
-    LogItem{itemId::log::camera, QT_TRANSLATE_NOOP("QObject", "log"), downloadCameraLog},
-    LogItem{itemId::log::privateLog, QT_TRANSLATE_NOOP("QObject", "private"), downloadPrivateLog},
-    LogItem{itemId::log::dmesg, QT_TRANSLATE_NOOP("QObject", "dmesg"), downloadDmesgLog},
-    LogItem{itemId::log::pstreePs, QT_TRANSLATE_NOOP("QObject", "pstree&&ps"), downloadPstreePsLog},
-    LogItem{itemId::log::ifconfig, QT_TRANSLATE_NOOP("QObject", "ifconfig"), downloadIfconfLog},
-    LogItem{itemId::log::version, QT_TRANSLATE_NOOP("QObject", "kest_version"), downloadVersionLog},
-    LogItem{itemId::log::netConf, QT_TRANSLATE_NOOP("QObject", "netconf"), downloadNetConfLog},
-    LogItem{itemId::log::iwDevAp0Scan, QT_TRANSLATE_NOOP("QObject", "iwDevAp0Scan"), downloadIwDevAp0ScanLog},
-    LogItem{itemId::log::mciInfo, QT_TRANSLATE_NOOP("QObject", "mci_info"), downloadMciInfoLog},
-    LogItem{itemId::log::sharefs, QT_TRANSLATE_NOOP("QObject", "sharefs"), downloadSharefsLog},
-};
-
 using Setting = QString Settings::*;
 
 /// A directory of the camera that is fetched as one packed file.
@@ -88,6 +72,13 @@ QString foreignCamera()
     return QObject::tr("it may come from another camera than that of the run");
 }
 
+/// What an item has brought.
+struct Collected
+{
+    QString path; ///< of the file under its own name; empty: it is not complete
+    QString text; ///< what the shell has said, for a text log of the run's camera
+};
+
 /// A place for a file in the folder of the run, which exists afterwards if it can be created.
 struct LocalFile
 {
@@ -102,7 +93,7 @@ struct LocalFile
     QString problem; ///< why the folder is not there; empty: it is
 };
 
-QString downloadArchive(const Archive &archive, int *verdict, const QString &date)
+Collected downloadArchive(const Archive &archive, int *verdict, const QString &date)
 {
     const KestDetectorFace *face = KestDetectorFace::Get();
     const Settings &settings = face->settings();
@@ -134,7 +125,7 @@ QString downloadArchive(const Archive &archive, int *verdict, const QString &dat
                     local.problem.isEmpty() ? QObject::tr("the camera's archive could not be fetched") : local.problem);
     }
     *verdict = shell->telnet(removal, archive.removeStep, &reply);
-    return {};
+    return {packed && fetched == 0 ? local.path : QString(), {}};
 }
 
 /// Why the text is not in the file under its name; empty: it is.
@@ -156,7 +147,7 @@ QString writeText(const PartFile &place, const QString &text, bool complete)
     return complete ? place.takeName() : QString();
 }
 
-QString downloadText(const TextLog &log, int *verdict, const QString &date)
+Collected downloadText(const TextLog &log, int *verdict, const QString &date)
 {
     const KestDetectorFace *face = KestDetectorFace::Get();
     QString command = QLatin1String(log.command);
@@ -183,7 +174,62 @@ QString downloadText(const TextLog &log, int *verdict, const QString &date)
     if (!problem.isEmpty()) {
         noteUnsaved(local.path, problem);
     }
-    return {};
+    return {problem.isEmpty() ? local.path : QString(), reply};
+}
+
+template <const Archive &archive>
+Collected collect(int *verdict, const QString &date)
+{
+    return downloadArchive(archive, verdict, date);
+}
+
+template <const TextLog &log>
+Collected collect(int *verdict, const QString &date)
+{
+    return downloadText(log, verdict, date);
+}
+
+struct LogItem
+{
+    int index;
+    const char *name;
+    Collected (*collect)(int *verdict, const QString &date);
+};
+
+constexpr std::array itemTable = {
+    LogItem{itemId::log::camera, QT_TRANSLATE_NOOP("QObject", "log"), collect<cameraLog>},
+    LogItem{itemId::log::privateLog, QT_TRANSLATE_NOOP("QObject", "private"), collect<privateLog>},
+    LogItem{itemId::log::dmesg, QT_TRANSLATE_NOOP("QObject", "dmesg"), collect<dmesg>},
+    LogItem{itemId::log::pstreePs, QT_TRANSLATE_NOOP("QObject", "pstree&&ps"), collect<pstreePs>},
+    LogItem{itemId::log::ifconfig, QT_TRANSLATE_NOOP("QObject", "ifconfig"), collect<ifconfig>},
+    LogItem{itemId::log::version, QT_TRANSLATE_NOOP("QObject", "kest_version"), collect<version>},
+    LogItem{itemId::log::netConf, QT_TRANSLATE_NOOP("QObject", "netconf"), collect<netConf>},
+    LogItem{itemId::log::iwDevAp0Scan, QT_TRANSLATE_NOOP("QObject", "iwDevAp0Scan"), collect<iwDevAp0Scan>},
+    LogItem{itemId::log::mciInfo, QT_TRANSLATE_NOOP("QObject", "mci_info"), collect<mciInfo>},
+    LogItem{itemId::log::sharefs, QT_TRANSLATE_NOOP("QObject", "sharefs"), collect<sharefs>},
+};
+
+/// Collects the log of `row`, and measures it.
+void collectItem(const LogItem &row, CheckItemLog &item, const QString &date)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    const Collected found = row.collect(&item.result, date);
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin;
+    noteShellCall(item, item.result);
+    QList<Field> expected{Field::FileSize, Field::FileTime};
+    if (!found.path.isEmpty()) {
+        item.files.append(found.path);
+        item.measurements.append(measured(Field::FileSize, static_cast<double>(QFileInfo(found.path).size())));
+        item.measurements.append(measured(Field::FileTime, time.count()));
+    }
+    if (row.index == itemId::log::version) {
+        expected.append(Field::Firmware);
+        const QString firmware = firmwareText(found.text);
+        if (!firmware.isEmpty()) {
+            item.measurements.append(measured(Field::Firmware, firmware));
+        }
+    }
+    judgeMissing(item, expected);
 }
 } // namespace
 
@@ -192,10 +238,7 @@ QString downLoadLogs(int *verdict, const QList<int> &items)
     const QString date = QDate::currentDate().toString(QStringLiteral("yyyy-MM-dd"));
     const ComponentResult result = recordItems(
         componentId::log, verdict::failed, itemTable, items, [](const LogItem &) { return true; },
-        [&date](const LogItem &row, CheckItemLog &item) {
-            item.message = row.download(&item.result, date);
-            noteShellCall(item, item.result);
-        });
+        [&date](const LogItem &row, CheckItemLog &item) { collectItem(row, item, date); });
     emit KestDetectorFace::Get()->signal_showCheckLog(result.record);
     *verdict = result.verdict;
     return result.text;
@@ -208,50 +251,60 @@ QList<int> logItems()
 
 QString downloadCameraLog(int *verdict, const QString &date)
 {
-    return downloadArchive(cameraLog, verdict, date);
+    downloadArchive(cameraLog, verdict, date);
+    return {};
 }
 
 QString downloadPrivateLog(int *verdict, const QString &date)
 {
-    return downloadArchive(privateLog, verdict, date);
+    downloadArchive(privateLog, verdict, date);
+    return {};
 }
 
 QString downloadDmesgLog(int *verdict, const QString &date)
 {
-    return downloadText(dmesg, verdict, date);
+    downloadText(dmesg, verdict, date);
+    return {};
 }
 
 QString downloadPstreePsLog(int *verdict, const QString &date)
 {
-    return downloadText(pstreePs, verdict, date);
+    downloadText(pstreePs, verdict, date);
+    return {};
 }
 
 QString downloadIfconfLog(int *verdict, const QString &date)
 {
-    return downloadText(ifconfig, verdict, date);
+    downloadText(ifconfig, verdict, date);
+    return {};
 }
 
 QString downloadVersionLog(int *verdict, const QString &date)
 {
-    return downloadText(version, verdict, date);
+    downloadText(version, verdict, date);
+    return {};
 }
 
 QString downloadNetConfLog(int *verdict, const QString &date)
 {
-    return downloadArchive(netConf, verdict, date);
+    downloadArchive(netConf, verdict, date);
+    return {};
 }
 
 QString downloadIwDevAp0ScanLog(int *verdict, const QString &date)
 {
-    return downloadText(iwDevAp0Scan, verdict, date);
+    downloadText(iwDevAp0Scan, verdict, date);
+    return {};
 }
 
 QString downloadMciInfoLog(int *verdict, const QString &date)
 {
-    return downloadText(mciInfo, verdict, date);
+    downloadText(mciInfo, verdict, date);
+    return {};
 }
 
 QString downloadSharefsLog(int *verdict, const QString &date)
 {
-    return downloadArchive(sharefs, verdict, date);
+    downloadArchive(sharefs, verdict, date);
+    return {};
 }

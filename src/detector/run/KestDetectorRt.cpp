@@ -200,6 +200,7 @@ void KestDetectorRt::runTask(const ComponentTask &task, RunOutcome *outcome, Run
     outcome->resent += requests.resent;
     if (component->showResult == nullptr) {
         recorder->endComponent(verdict, false);
+        outcome->passed = outcome->passed && !recorder->breaksLimit();
         return;
     }
     const Safeguards safeguards = face->safeguards();

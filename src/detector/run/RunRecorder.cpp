@@ -1,12 +1,14 @@
 #include "detector/run/RunRecorder.h"
 
 #include "detector/store/checkHelpers.h"
+#include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/Notices.h"
 #include "detector/store/programVersion.h"
 #include "detector/store/verdict.h"
 #include "record/itemKeys.h"
 
+#include <algorithm>
 #include <QCoreApplication>
 #include <QSysInfo>
 #include <variant>
@@ -31,13 +33,30 @@ QList<PlannedComponent> plannedComponents(const QList<ComponentTask> &plan)
     return planned;
 }
 
+/// A collected log has passed when its file is there: the code of its item is only that of the last shell call.
+Verdict itemVerdict(int component, const CheckItemLog &log)
+{
+    if (component != componentId::log) {
+        return verdictOfCode(log.result);
+    }
+    return log.result == verdict::ok && !log.files.isEmpty() ? Verdict::Passed : Verdict::Failed;
+}
+
+Verdict componentVerdict(const ComponentRecord &component, int shownVerdict)
+{
+    const bool allPassed = std::all_of(component.items.begin(), component.items.end(),
+                                       [](const ItemRecord &item) { return item.verdict == Verdict::Passed; });
+    return component.id == componentId::log && shownVerdict == verdict::ok && !allPassed ? Verdict::Failed
+                                                                                         : verdictOfCode(shownVerdict);
+}
+
 ItemRecord itemRecord(int component, const CheckItemLog &log)
 {
     ItemRecord item;
     item.key = itemKey(component, log.number);
     item.number = log.number;
     item.name = log.name;
-    item.verdict = verdictOfCode(log.result);
+    item.verdict = itemVerdict(component, log);
     item.message = log.message;
     item.detail = log.detail;
     item.duration = log.duration;
@@ -64,6 +83,17 @@ QStringList failures(const ComponentRecord &component, const checkLog &log)
     }
     if (failed && keys.isEmpty()) {
         keys.append(component.key);
+    }
+    return keys;
+}
+
+QStringList brokenLimits(const checkLog &log)
+{
+    QStringList keys;
+    for (const CheckItemLog &item : log.itemLogs) {
+        if (item.breaksLimit) {
+            keys.append(itemKey(log.component, item.number));
+        }
     }
     return keys;
 }
@@ -134,16 +164,19 @@ void RunRecorder::endComponent(int shownVerdict, bool counts)
     component.id = m_component.component;
     component.key = componentKey(component.id);
     component.name = getComponent(component.id);
-    component.verdict = verdictOfCode(shownVerdict);
     component.duration = std::chrono::duration_cast<microseconds>(Clock::now() - m_componentBegin);
     for (const CheckItemLog &item : qAsConst(m_component.itemLogs)) {
         component.items.append(itemRecord(component.id, item));
     }
-    if (counts) {
-        m_failed += failures(component, m_component);
-    }
+    component.verdict = componentVerdict(component, shownVerdict);
+    m_failed += counts ? failures(component, m_component) : brokenLimits(m_component);
     m_record.components.append(component);
     m_logs.append(m_component);
+}
+
+bool RunRecorder::breaksLimit() const
+{
+    return !brokenLimits(m_component).isEmpty();
 }
 
 void RunRecorder::endRun()

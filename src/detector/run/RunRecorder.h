@@ -22,8 +22,11 @@ public:
     ~RunRecorder() = default;
 
     void beginComponent(int component);
-    /// `shownVerdict`: the code with which the component is shown and counted; `counts`: whether it can fail the run.
+    /// `shownVerdict`: the code with which the component is shown and counted; `counts`: whether it fails the run
+    /// unless it passes. One that does not count fails it only where it breaks a limit.
     void endComponent(int shownVerdict, bool counts);
+    /// Whether an item of the component that has ended last broke a limit that somebody has set.
+    bool breaksLimit() const;
     /// The last component has ended.
     void endRun();
 

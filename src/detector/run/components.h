@@ -11,7 +11,8 @@ struct RunComponent
 {
     int id; ///< a `componentId`
     QString (*routine)(int *verdict, const QList<int> &items);
-    void (KestDetectorFace::*showResult)(int verdict); ///< null: the verdict is neither shown nor counted
+    void (KestDetectorFace::*showResult)(
+        int verdict); ///< null: the verdict is not shown, and only a broken limit counts
 };
 
 /// Every component that a run can name. A plan's component that is not among them fails the run.

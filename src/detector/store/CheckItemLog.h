@@ -22,4 +22,5 @@ struct CheckItemLog
     QStringList files{};                   ///< paths of what the item has brought from the camera, complete
     std::optional<RequestEnd> request{};   ///< none: the item asked the camera for nothing
     std::chrono::microseconds duration{0}; ///< of the item's routine
+    bool breaksLimit = false;              ///< a limit that somebody has set is not kept
 };
