@@ -1,6 +1,6 @@
 #pragma once
 
-#include "camera/supervisor/GrowingPause.h"
+#include "threads/GrowingPause.h"
 #include "threads/WorkerThread.h"
 
 #include <chrono>

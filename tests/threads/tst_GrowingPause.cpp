@@ -1,4 +1,4 @@
-#include "camera/supervisor/GrowingPause.h"
+#include "threads/GrowingPause.h"
 
 #include <QtTest>
 
