@@ -1,4 +1,5 @@
 #include "app/station/CommandLine.h"
+#include "app/station/StationHistory.h"
 #include "app/station/UnattendedRun.h"
 #include "camera/client/Camera.h"
 #include "detector/run/KestDetectorRt.h"
@@ -101,6 +102,8 @@ int main(int argc, char *argv[])
 
     KestDetectorFace::Get()->quitFlag = 0;
     KestDetectorRt::Get();
+    // Before the downloader, which takes Qt's folders of plug-ins away for a moment.
+    const std::unique_ptr<StationHistory> history = StationHistory::begin(&window);
     TelnetInteractive::Get();
     TelnetInteractiveFace::Get();
     Camera::Get();

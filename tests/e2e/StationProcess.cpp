@@ -221,5 +221,8 @@ QStringList StationProcess::leftovers() const
     for (const char *expected : {"KestDetector", "option.ini", "log.txt", "saved"}) {
         names.removeAll(QLatin1String(expected));
     }
+    if (startsAsShipped()) {
+        names.removeAll(QStringLiteral("history.sqlite"));
+    }
     return names;
 }

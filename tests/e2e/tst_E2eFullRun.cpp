@@ -1,5 +1,6 @@
 #include "CameraProcess.h"
 #include "expectedLogs.h"
+#include "history/store/Store.h"
 #include "StationProcess.h"
 #include "support/fileContent.h"
 
@@ -24,6 +25,7 @@ private slots:
     void folderHoldsNothingElse();
     void cameraIsLeftClean();
     void screenshotIsSaved();
+    void runIsInTheHistory();
 
 private:
     CameraProcess m_camera;
@@ -171,6 +173,29 @@ void tst_E2eFullRun::screenshotIsSaved()
 {
     const QImage image(m_station.folder() + QStringLiteral("/window.png"));
     QVERIFY(image.width() >= 800 && image.height() >= 600);
+}
+
+void tst_E2eFullRun::runIsInTheHistory()
+{
+    const QString path = m_station.folder() + QStringLiteral("/history.sqlite");
+    StoreError error;
+    Store::Options options;
+    options.access = Connection::Access::Read;
+    const std::unique_ptr<Store> store = Store::open(StoreAddress::file(path), options, &error);
+    QCOMPARE(store != nullptr, StationProcess::startsAsShipped());
+    if (!store) {
+        QVERIFY(!QFile::exists(path));
+        return;
+    }
+    const std::optional<QList<QUuid>> runs = store->unsent(2);
+    QVERIFY2(runs, qUtf8Printable(store->error().text));
+    QCOMPARE(runs->size(), 1);
+    const std::optional<RunRecord> run = store->read(runs->first());
+    QVERIFY2(run, qUtf8Printable(store->error().text));
+    QVERIFY(run->outcome == Outcome::Passed);
+    QCOMPARE(run->camera.mac, QStringLiteral("60:60:1F:0A:5F:2A"));
+    QCOMPARE(run->components.size(), 10);
+    QCOMPARE(store->camera(run->camera.mac)->runs, 1);
 }
 
 QTEST_GUILESS_MAIN(tst_E2eFullRun)

@@ -1,7 +1,7 @@
-#include "exampleRecord.h"
 #include "history/store/schema.h"
 #include "history/store/Store.h"
 #include "hostileTexts.h"
+#include "manyRuns.h"
 #include "PostgresServer.h"
 
 #include <algorithm>
@@ -17,20 +17,6 @@
 
 using namespace std::chrono_literals;
 Q_DECLARE_METATYPE(StoreError::Kind)
-
-namespace {
-/// The example as a run of this camera, so many seconds later.
-RunRecord runOf(const QString &mac, int seconds, Outcome outcome)
-{
-    RunRecord run = exampleRecord();
-    run.id = QUuid::createUuid();
-    run.camera.mac = mac;
-    run.begin = run.begin.addSecs(seconds);
-    run.end = run.end.addSecs(seconds);
-    run.outcome = outcome;
-    return run;
-}
-} // namespace
 
 /// A store of each engine.
 class tst_Store : public QObject

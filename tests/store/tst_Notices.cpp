@@ -15,7 +15,7 @@ private slots:
     void gravestStandsFirst();
     void sameNoticeIsToldOnce();
     void withdrawnKindIsGone();
-    void withdrawnRunLeavesTheSettings();
+    void withdrawnRunLeavesSettingsAndHistory();
     void withdrawingNothingChangesNothing();
     void arrivesFromAnotherThread();
 };
@@ -52,6 +52,8 @@ void tst_Notices::texts_data()
     row("camera lost", Notices::cameraLost(), "the camera was lost during the run", "", true);
     row("not saved", Notices::notSaved(QStringLiteral("/a/%1/DetectorLog.txt"), QStringLiteral("No space left")),
         "not saved: /a/%1/DetectorLog.txt: No space left", "", true);
+    row("history", Notices::history(QStringLiteral("/a.sqlite: the disk is full")),
+        "history: /a.sqlite: the disk is full", "", true);
     row("attempts", Notices::attempts(3), "queries that had to be sent again: 3", "", false);
     row("results", Notices::results(QStringLiteral("/a/log/2024-05-06_A")), "results: /a/log/2024-05-06_A",
         "/a/log/2024-05-06_A", false);
@@ -105,17 +107,18 @@ void tst_Notices::withdrawnKindIsGone()
     QCOMPARE(::texts(notices.current()), QStringList{"waiting for the camera's shell"});
 }
 
-void tst_Notices::withdrawnRunLeavesTheSettings()
+void tst_Notices::withdrawnRunLeavesSettingsAndHistory()
 {
     Notices notices;
     notices.tell(Notices::settings(QStringLiteral("y")));
+    notices.tell(Notices::history(QStringLiteral("z")));
     for (const Notice &notice :
          {Notices::notStarted({}), Notices::waitingForShell(), Notices::nothingTested(), Notices::cameraChanged(),
           Notices::cameraLost(), Notices::notSaved({}, {}), Notices::attempts(1), Notices::results({})}) {
         notices.tell(notice);
     }
     notices.withdrawRun();
-    QCOMPARE(::texts(notices.current()), QStringList{"option.ini: y"});
+    QCOMPARE(::texts(notices.current()), QStringList({"option.ini: y", "history: z"}));
 }
 
 void tst_Notices::withdrawingNothingChangesNothing()

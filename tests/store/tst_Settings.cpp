@@ -52,6 +52,8 @@ private slots:
     void flags_data();
     void flags();
     void stationIsToldByItsKeys();
+    void history_data();
+    void history();
     void noFileEmptiesEverySetting();
     void nothingIsWrittenBack();
     void fileOfTheNineteenKeysIsSound();
@@ -191,6 +193,29 @@ void tst_Settings::stationIsToldByItsKeys()
     QCOMPARE(all.stationBatch, QStringLiteral("2026-47"));
 }
 
+void tst_Settings::history_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("server");
+
+    QTest::newRow("no such section") << QByteArray("[Station]\n") << QString() << QString();
+    QTest::newRow("file") << QByteArray("[History]\nfile=a/history.sqlite\n") << "a/history.sqlite" << QString();
+    QTest::newRow("server") << QByteArray("[History]\nserver=postgresql://line@db/runs?sslmode=verify-full\n")
+                            << QString() << "postgresql://line@db/runs?sslmode=verify-full";
+    QTest::newRow("empty") << QByteArray("[History]\nfile=\nserver=\n") << QString() << QString();
+    QTest::newRow("a password") << QByteArray("[History]\nserver=postgresql://line:secret@db/runs\n") << QString()
+                                << QString();
+}
+
+void tst_Settings::history()
+{
+    QFETCH(const QByteArray, content);
+    const Settings settings = load(content);
+    QTEST(settings.historyFile, "file");
+    QTEST(settings.historyServer, "server");
+}
+
 void tst_Settings::noFileEmptiesEverySetting()
 {
     const Settings settings = readSettings(m_folder.filePath(QStringLiteral("missing.ini")));
@@ -199,6 +224,7 @@ void tst_Settings::noFileEmptiesEverySetting()
     QCOMPARE(settings.statusBitList.size(), 64);
     QCOMPARE(setBits(settings.statusBitList), QList<int>());
     QVERIFY(!settings.safeguards);
+    QCOMPARE(settings.historyFile, QString());
     QCOMPARE(settings.problems.size(), 1);
     QCOMPARE(settings.problems.constFirst().text(),
              m_folder.filePath(QStringLiteral("missing.ini: missing: no camera can be found")));
@@ -308,6 +334,11 @@ void tst_Settings::problems_data()
         "Station/batch: a comma stands outside of double quotes: the records do not tell it");
     row("safeguards with a typing error", "[CameraStatus]", "[Station]\nsafeguards=ture\n[CameraStatus]",
         Kind::Malformed, "Station/safeguards: \"ture\" is neither true nor false: the safeguards are off");
+    const char *noServer = "History/server: not of the form postgresql://user@host/database, or with a password, which "
+                           "belongs into .pgpass: the runs stay at this station";
+    row("server with a password", "[CameraStatus]",
+        "[History]\nserver=postgresql://line:secret@db/runs\n[CameraStatus]", Kind::Malformed, noServer);
+    row("server without a form", "[CameraStatus]", "[History]\nserver=db\n[CameraStatus]", Kind::Malformed, noServer);
 }
 
 void tst_Settings::problems()

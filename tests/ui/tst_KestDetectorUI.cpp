@@ -225,6 +225,7 @@ private slots:
     void eventLogCells();
     void otherCameraClearsTheResults_data();
     void otherCameraClearsTheResults();
+    void historyOfACameraGoesWithIt();
     void otherCameraDuringARunClearsNothing();
     void passphraseIsShownOnAClick();
     void passphraseWithoutSafeguards();
@@ -1260,6 +1261,19 @@ void tst_KestDetectorUI::otherCameraClearsTheResults()
         QCOMPARE(find<QLabel>(QStringLiteral("lbCameraStatus"))->text(), QStringLiteral("OK"));
         QCOMPARE(log()->rowCount(), 2);
     }
+}
+
+void tst_KestDetectorUI::historyOfACameraGoesWithIt()
+{
+    openWindow(false);
+    const auto *label = find<QLabel>(QStringLiteral("lbMacAddress"));
+    emit Face::Get()->signal_setMacAddress(QStringLiteral("AA:BB:CC:DD:EE:01"));
+    QCOMPARE(label->toolTip(), QString());
+    m_window->setCameraHistory(QStringLiteral("Runs so far: 3"));
+    emit Face::Get()->signal_setMacAddress(QStringLiteral("AA:BB:CC:DD:EE:01"));
+    QCOMPARE(label->toolTip(), QStringLiteral("Runs so far: 3"));
+    emit Face::Get()->signal_setMacAddress(QStringLiteral("AA:BB:CC:DD:EE:02"));
+    QCOMPARE(label->toolTip(), QString());
 }
 
 void tst_KestDetectorUI::otherCameraDuringARunClearsNothing()

@@ -45,7 +45,9 @@ void Notices::withdraw(Notice::Kind kind)
 
 void Notices::withdrawRun()
 {
-    withdrawIf([](const Notice &notice) { return notice.kind != Notice::Kind::Settings; });
+    withdrawIf([](const Notice &notice) {
+        return notice.kind != Notice::Kind::Settings && notice.kind != Notice::Kind::History;
+    });
 }
 
 QList<Notice> Notices::current() const
@@ -92,6 +94,11 @@ Notice Notices::cameraLost()
 Notice Notices::notSaved(const QString &file, const QString &reason)
 {
     return {Notice::Kind::NotSaved, tr("not saved: %1: %2").arg(QDir::toNativeSeparators(file), reason), {}};
+}
+
+Notice Notices::history(const QString &problem)
+{
+    return {Notice::Kind::History, tr("history: %1").arg(problem), {}};
 }
 
 Notice Notices::attempts(int resent)

@@ -19,6 +19,7 @@ struct Notice
         CameraChanged,
         CameraLost,
         NotSaved,
+        History,  ///< it takes no runs at the moment
         Attempts, ///< a run needed queries to be sent again
         Results,  ///< where they are
     };
@@ -50,7 +51,7 @@ public:
     void tell(const Notice &notice);
     /// All of this kind.
     void withdraw(Notice::Kind kind);
-    /// What was told about a run: everything but `Settings`.
+    /// What was told about a run: everything but `Settings` and `History`.
     void withdrawRun();
 
     /// What stands, the gravest first: in the order of `Kind`, and of telling among the same.
@@ -65,6 +66,7 @@ public:
     static Notice cameraChanged();
     static Notice cameraLost();
     static Notice notSaved(const QString &file, const QString &reason);
+    static Notice history(const QString &problem);
     static Notice attempts(int resent);
     static Notice results(const QString &folder);
 

@@ -1,5 +1,6 @@
 #include "detector/store/Settings.h"
 
+#include "history/address/StoreAddress.h"
 #include "plan/Limits.h"
 
 #include <QCoreApplication>
@@ -64,6 +65,15 @@ bool examinedStatus(const QString &value, Settings *settings)
     return sound;
 }
 
+/// An address with a password is none.
+bool server(const QString &value, Settings *settings)
+{
+    QString reason;
+    const bool sound = StoreAddress::server(value, &reason).has_value();
+    settings->historyServer = sound ? value : QString();
+    return sound || value.isEmpty();
+}
+
 template <bool Settings::*field>
 bool flag(const QString &value, Settings *settings)
 {
@@ -78,6 +88,7 @@ struct Row
     bool (*take)(const QString &value, Settings *settings); ///< puts the value into its field; false: it is malformed
     const char *fault; ///< what a malformed value is: `"<value>" is <fault>`; both texts in the context "Settings"
     const char *consequence; ///< of a missing or malformed value
+    bool isHidden = false;   ///< what is malformed may hold a password: it is <fault>, without being told
 };
 
 constexpr auto noText = "";
@@ -121,6 +132,12 @@ constexpr Row rows[] = {
     {"Station/location", "", anyText<&Settings::stationLocation>, noText, notTold},
     {"Station/operator", "", anyText<&Settings::stationOperator>, noText, notTold},
     {"Station/batch", "", anyText<&Settings::stationBatch>, noText, notTold},
+    {"History/file", "", anyText<&Settings::historyFile>, noText,
+     QT_TRANSLATE_NOOP("Settings", "no run is kept in a history")},
+    {"History/server", "", server,
+     QT_TRANSLATE_NOOP("Settings", "not of the form postgresql://user@host/database, or with a password, which belongs "
+                                   "into .pgpass"),
+     QT_TRANSLATE_NOOP("Settings", "the runs stay at this station"), true},
 };
 
 QString translated(const char *text)
@@ -146,7 +163,8 @@ void readRow(const Row &row, const QSettings &file, Settings *settings)
     } else if (stored.type() == QVariant::StringList) {
         complain(Kind::Malformed, translated("a comma stands outside of double quotes"));
     } else if (!sound) {
-        complain(Kind::Malformed, translated("\"%1\" is %2").arg(value, translated(row.fault)));
+        complain(Kind::Malformed,
+                 row.isHidden ? translated(row.fault) : translated("\"%1\" is %2").arg(value, translated(row.fault)));
     }
 }
 

@@ -65,6 +65,9 @@ struct Settings
     QString stationOperator;
     QString stationBatch;
 
+    QString historyFile;   ///< where every run is kept, from option.ini's folder on; empty: nowhere
+    QString historyServer; ///< where these runs are sent, see `StoreAddress::server`; empty: nowhere
+
     PlannedItems plannedItems;   ///< [RunPlan]: what a ticked component runs, where that is not what it runs by itself
     QMap<QString, Limit> limits; ///< [Limits]: by measurement
     QStringList refusals;        ///< what is wrong with these two, a line each: nothing may be run with them

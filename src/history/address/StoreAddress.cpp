@@ -14,11 +14,12 @@ namespace {
 constexpr std::array schemes = {"postgresql://", "postgres://"};
 constexpr std::array secrets = {"password", "sslpassword"};
 
-/// What closing the program may have to wait for, where the address says nothing else. In seconds and milliseconds.
+/// So that a server that has gone is noticed soon, where the address says nothing else. The user time-out counts
+/// milliseconds, the others seconds.
 constexpr std::array defaults = {
-    std::array{"connect_timeout", "3"},
-    std::array{"tcp_user_timeout", "5000"},
-    std::array{"application_name", "KestDetector"},
+    std::array{"connect_timeout", "3"},  std::array{"tcp_user_timeout", "5000"},
+    std::array{"keepalives_idle", "10"}, std::array{"keepalives_interval", "5"},
+    std::array{"keepalives_count", "3"}, std::array{"application_name", "KestDetector"},
 };
 
 QString translated(const char *text)

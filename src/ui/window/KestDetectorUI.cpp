@@ -367,12 +367,18 @@ void KestDetectorUI::slot_setMacAddress(const QString &mac)
         return;
     }
     KestDetectorFace *face = KestDetectorFace::Get();
+    setCameraHistory({});
     const bool otherCamera = !m_cameraShown.isEmpty();
     m_cameraShown = mac;
     if (otherCamera && !face->run.isActive() && face->safeguards().clearsResultsOfOtherCamera()) {
         clearResults();
         face->notices.withdrawRun();
     }
+}
+
+void KestDetectorUI::setCameraHistory(const QString &text)
+{
+    m_macAddress->setToolTip(text);
 }
 
 void KestDetectorUI::slot_setWifiPassWord(const QString &password)

@@ -39,6 +39,9 @@ public:
     /// which it opens.
     void fitInto(const QSize &room);
 
+    /// What the MAC address's tool tip says of the camera, plain text; until another camera comes.
+    void setCameraHistory(const QString &text);
+
 public slots:
     // Each serves the facade's signal of the same stem.
     void slot_showBatteryCheckResult(int verdict);
