@@ -203,7 +203,7 @@ void tst_Store::answersQuestionsWithoutTheRecord()
              QStringLiteral("battery.info|1795249800250|2|failed|获取电池信息成功|battery.voltage|4.36|3.6..4.35"));
     QCOMPARE(values(store.get(), "SELECT item, name, unit, place, number, text, least, most FROM measurement "
                                  "JOIN series ON series.id = measurement.series ORDER BY place"),
-             QStringLiteral("camera.video|camera.statusWord||0||0x8001a||\n"
+             QStringLiteral("camera.video|camera.statusWord||0||0x000000000008001a||\n"
                             "battery.info|battery.voltage|V|1|4.36||3.6|4.35\n"
                             "battery.info|battery.current|mA|2|-250|||\n"
                             "battery.info|battery.temperature|°C|3|25.34|||45\n"
