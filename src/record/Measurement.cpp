@@ -15,7 +15,8 @@ constexpr bool inOrder()
     return true;
 }
 static_assert(inOrder(), "the rows stand in the order of the enumeration, so that a field finds its row");
-static_assert(fieldInfos.size() == static_cast<std::size_t>(Field::FileTime) + 1, "every field has a row");
+static_assert(fieldInfos.size() == static_cast<std::size_t>(Field::FileTime) + 1,
+              "every field has a row, and a new one stands before the last");
 
 Measurement make(Field field, MeasuredValue value)
 {

@@ -3,6 +3,8 @@
 #include "record/recordJson.h"
 
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonValue>
 #include <QTest>
 
 /// What docs/record.md says of the record.
@@ -15,6 +17,7 @@ private slots:
     void showsTheExample();
     void namesEveryComponentAndItem();
     void namesEveryMeasurementAndItsUnit();
+    void schemaKnowsEveryComponent();
 
 private:
     QString m_document;
@@ -53,14 +56,26 @@ void tst_recordDocument::namesEveryComponentAndItem()
 
 void tst_recordDocument::namesEveryMeasurementAndItsUnit()
 {
-    for (int i = 0; i <= static_cast<int>(Field::FileTime); ++i) {
-        const FieldInfo &info = fieldInfo(static_cast<Field>(i));
+    for (const FieldInfo &info : fieldInfos) {
         const QString unit = QString::fromUtf8(info.unit);
         const QString row = QStringLiteral("| `%1` |%2")
                                 .arg(QLatin1String(info.name),
                                      unit.isEmpty() ? QStringLiteral(" |") : QStringLiteral(" %1 |").arg(unit));
         QVERIFY2(m_document.contains(row), qPrintable(row));
     }
+}
+
+void tst_recordDocument::schemaKnowsEveryComponent()
+{
+    QFile file(QStringLiteral(KEST_PROJECT "/docs/record.schema.json"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QJsonValue key =
+        QJsonDocument::fromJson(file.readAll())[QStringLiteral("definitions")][QStringLiteral("componentKey")];
+    QStringList keys;
+    for (const ComponentKey &component : componentKeys) {
+        keys.append(QLatin1String(component.key));
+    }
+    QCOMPARE(key[QStringLiteral("enum")].toVariant().toStringList(), keys);
 }
 
 QTEST_GUILESS_MAIN(tst_recordDocument)
