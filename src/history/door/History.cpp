@@ -4,6 +4,7 @@
 #include "record/recordNames.h"
 
 #include <QSqlDatabase>
+#include <utility>
 
 namespace {
 KnownCamera known(const QString &mac, const CameraRow &row)
@@ -18,41 +19,55 @@ KnownCamera known(const QString &mac, const CameraRow &row)
     return camera;
 }
 
-/// Qt looks for its drivers once, on the first question.
-StoreAddress withDriversFound(const QString &file)
-{
-    QSqlDatabase::drivers();
-    return StoreAddress::file(file);
-}
 } // namespace
 
 History::History(const QString &file, const QString &server)
-    : m_writer(withDriversFound(file), {[this](const QString &text) { post([this, text] { emit problem(text); }); },
-                                        [this] { post([this] { emit stored(); }); },
-                                        [this](const QString &mac, const CameraRow &row) {
-                                            post([this, camera = known(mac, row)] { emit cameraKnown(camera); });
-                                        }})
 {
+    // Qt looks for its drivers once, on the first question.
+    QSqlDatabase::drivers();
+    connect(this, &History::posted, this, &History::deliver, Qt::QueuedConnection);
     if (!server.isEmpty()) {
         m_forwarding = std::make_unique<ForwardProcess>(file, server);
         connect(this, &History::stored, this, [this] { m_forwarding->wake(); });
     }
+    HistoryWriter::Listener listener;
+    listener.problem = [this](const QString &text) { post([this, text] { emit problem(text); }); };
+    listener.stored = [this] { post([this] { emit stored(); }); };
+    listener.camera = [this](const QString &mac, const CameraRow &row) {
+        post([this, camera = known(mac, row)] { emit cameraKnown(camera); });
+    };
+    m_writer = std::make_unique<HistoryWriter>(StoreAddress::file(file), listener);
 }
 
 History::~History() = default;
 
-template <class Work>
-void History::post(Work work)
+void History::post(std::function<void()> work)
 {
-    QMetaObject::invokeMethod(this, work, Qt::QueuedConnection);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_posted.push_back(std::move(work));
+    }
+    emit posted();
+}
+
+void History::deliver()
+{
+    std::vector<std::function<void()>> works;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        works.swap(m_posted);
+    }
+    for (const auto &work : works) {
+        work();
+    }
 }
 
 void History::keep(const RunRecord &run)
 {
-    m_writer.keep(run);
+    m_writer->keep(run);
 }
 
 void History::ask(const QString &mac)
 {
-    m_writer.ask(mac);
+    m_writer->ask(mac);
 }

@@ -4,10 +4,13 @@
 #include "history/door/HistoryWriter.h"
 #include "record/RunRecord.h"
 
+#include <functional>
 #include <memory>
+#include <mutex>
 #include <QDateTime>
 #include <QObject>
 #include <QString>
+#include <vector>
 
 class ForwardProcess;
 
@@ -45,12 +48,16 @@ signals:
     void stored();
     /// Why the store takes no runs at the moment; they are kept beside it. Empty: it takes them again.
     void problem(QString text);
+    /// For this class alone.
+    void posted();
 
 private:
     /// From the writer's thread to this object's, where whoever made it has had the time to connect.
-    template <class Work>
-    void post(Work work);
+    void post(std::function<void()> work);
+    void deliver();
 
+    std::mutex m_mutex; ///< guards `m_posted`
+    std::vector<std::function<void()>> m_posted;
     std::unique_ptr<ForwardProcess> m_forwarding;
-    HistoryWriter m_writer; ///< last: it tells the others
+    std::unique_ptr<HistoryWriter> m_writer; ///< last: it tells the others
 };
