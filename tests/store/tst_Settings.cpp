@@ -59,6 +59,7 @@ private slots:
     void fileOfTheNineteenKeysIsSound();
     void plansAndLimits();
     void refusesWrongPlansAndLimits();
+    void station();
     void problems_data();
     void problems();
     void problemTellsWhereItIs();
@@ -271,6 +272,26 @@ void tst_Settings::refusesWrongPlansAndLimits()
         QStringLiteral(".ini: Limits/battery.volts=\"3..4\": there is no such measurement")));
 }
 
+void tst_Settings::station()
+{
+    const Settings none = load("[BaseOption]\nwifi=192.168.88.10\n");
+    QVERIFY(!none.autoStart);
+    QVERIFY(!none.sound);
+    QVERIFY(none.questions.asked.isEmpty());
+    const Settings settings =
+        load("[Station]\nautoStart=true\nsound=true\nask=serial, batch\nserialPattern=K\\\\d{1,3}\n");
+    QVERIFY(settings.autoStart);
+    QVERIFY(settings.sound);
+    QCOMPARE(settings.questions.asked, (QList<Question>{Question::Serial, Question::Batch}));
+    QVERIFY(settings.questions.serialPattern.matches(QStringLiteral("K123")));
+    QVERIFY(!settings.questions.serialPattern.matches(QStringLiteral("K1234")));
+    QCOMPARE(settings.refusals, QStringList());
+    const Settings wrong = load("[Station]\nask=serial,name\n");
+    QCOMPARE(wrong.refusals.size(), 1);
+    QVERIFY(wrong.refusals.at(0).endsWith(QStringLiteral(
+        ".ini: Station/ask=\"serial,name\": \"name\" cannot be asked for; known are serial, operator, batch")));
+}
+
 void tst_Settings::problems_data()
 {
     using Kind = SettingProblem::Kind;
@@ -332,6 +353,10 @@ void tst_Settings::problems_data()
         Kind::Malformed, "Station/name: a comma stands outside of double quotes: the records tell the host's name");
     row("a batch with a comma", "[CameraStatus]", "[Station]\nbatch=47,48\n[CameraStatus]", Kind::Malformed,
         "Station/batch: a comma stands outside of double quotes: the records do not tell it");
+    row("automatic start with a typing error", "[CameraStatus]", "[Station]\nautoStart=1\n[CameraStatus]",
+        Kind::Malformed, "Station/autoStart: \"1\" is neither true nor false: no run begins by itself");
+    row("sound with a typing error", "[CameraStatus]", "[Station]\nsound=on\n[CameraStatus]", Kind::Malformed,
+        "Station/sound: \"on\" is neither true nor false: there are no sounds");
     row("safeguards with a typing error", "[CameraStatus]", "[Station]\nsafeguards=ture\n[CameraStatus]",
         Kind::Malformed, "Station/safeguards: \"ture\" is neither true nor false: the safeguards are off");
     const char *noServer = "History/server: not of the form postgresql://user@host/database, or with a password, which "

@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QContextMenuEvent>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -229,6 +230,13 @@ private slots:
     void otherCameraDuringARunClearsNothing();
     void passphraseIsShownOnAClick();
     void passphraseWithoutSafeguards();
+    void startAsksForTheLabels();
+    void serialThatDoesNotMatchStays();
+    void scannerThatEndsWithTwoEnters();
+    void escapeGivesTheStartUp();
+    void startIsRefusedBeforeItAsks();
+    void closingTakesTheQuestionAlong();
+    void nobodyIsAskedInAnUnattendedRun();
     void escapeStopsARun();
     void menuStopsARun();
     void noMenuWithoutARun();
@@ -252,6 +260,11 @@ private:
     void verifyNoResult() const;
     /// Makes the window anew, as with `[Station] safeguards=true` or false in an option.ini without problems.
     void openWindow(bool safeguards);
+    /// Start asks for these, with operator "Li" and batch "B7" from before.
+    static void ask(const QList<Question> &asked, const QString &serialPattern = {});
+    QLineEdit *field(const char *name) const { return find<QLineEdit>(QLatin1String(name)); }
+    /// Types as a scanner does, into whatever has the focus.
+    void scan(const QString &text) const;
     void showResults();
 
     std::unique_ptr<KestDetectorUI> m_window;
@@ -1316,6 +1329,135 @@ void tst_KestDetectorUI::passphraseWithoutSafeguards()
     QCOMPARE(label->text(), QStringLiteral("Password: secret "));
     QTest::mouseClick(label, Qt::LeftButton);
     QCOMPARE(label->text(), QStringLiteral("Password: secret "));
+}
+
+void tst_KestDetectorUI::ask(const QList<Question> &asked, const QString &serialPattern)
+{
+    Settings settings = Face::Get()->settings();
+    settings.questions = {asked, SerialPattern(serialPattern), {}};
+    Face::Get()->setSettings(settings);
+    Face::Get()->runLabels = {QStringLiteral("Li"), QStringLiteral("B7"), QStringLiteral("of the run before")};
+}
+
+void tst_KestDetectorUI::scan(const QString &text) const
+{
+    QTRY_VERIFY(find<QDialog>(QStringLiteral("labelQuestion"))->focusWidget() != nullptr);
+    QWidget *field = find<QDialog>(QStringLiteral("labelQuestion"))->focusWidget();
+    QTest::keyClicks(field, text);
+    QTest::keyClick(field, Qt::Key_Return);
+}
+
+void tst_KestDetectorUI::startAsksForTheLabels()
+{
+    ask({Question::Serial, Question::Operator, Question::Batch});
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(Face::Get()->runRequest(), 0);
+    QCOMPARE(field("leSerial")->text(), QString());
+    QCOMPARE(field("leOperator")->text(), QStringLiteral("Li"));
+    QCOMPARE(field("leBatch")->text(), QStringLiteral("B7"));
+    click(QStringLiteral("tbStart")); // it is open already
+    QCOMPARE(m_window->findChildren<QDialog *>(QStringLiteral("labelQuestion")).size(), 1);
+
+    scan(QStringLiteral("SN-1"));
+    scan(QString()); // the operator stays
+    QCOMPARE(Face::Get()->runRequest(), 0);
+    scan(QStringLiteral("B8"));
+    QCOMPARE(Face::Get()->runRequest(), 1);
+    QVERIFY(Face::Get()->run.take(QString()));
+    QCOMPARE(Face::Get()->run.finish().identity.labels,
+             (RunLabels{QStringLiteral("Li"), QStringLiteral("B8"), QStringLiteral("SN-1")}));
+    QTRY_VERIFY(find<QDialog>(QStringLiteral("labelQuestion")) == nullptr);
+
+    // The next one: the serial number is asked for anew.
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(field("leSerial")->text(), QString());
+    QCOMPARE(field("leBatch")->text(), QStringLiteral("B8"));
+    scan(QStringLiteral("SN-2"));
+    scan(QString());
+    scan(QString());
+    QCOMPARE(Face::Get()->run.runRequest(), 1);
+    QVERIFY(Face::Get()->run.take(QString()));
+    QCOMPARE(Face::Get()->run.finish().identity.labels.serial, QStringLiteral("SN-2"));
+}
+
+void tst_KestDetectorUI::serialThatDoesNotMatchStays()
+{
+    ask({Question::Batch, Question::Serial}, QStringLiteral("SN-\\d"));
+    click(QStringLiteral("tbStart"));
+    const auto *hint = find<QLabel>(QStringLiteral("lbSerialHint"));
+    scan(QStringLiteral("B9"));
+    QVERIFY(!hint->isVisible());
+    scan(QStringLiteral("SN-X"));
+    QCOMPARE(Face::Get()->runRequest(), 0);
+    QVERIFY(hint->isVisible());
+    QCOMPARE(field("leSerial")->selectedText(), QStringLiteral("SN-X")); // the next scan takes its place
+    scan(QStringLiteral("SN-4"));
+    QCOMPARE(Face::Get()->runRequest(), 1);
+    QVERIFY(Face::Get()->run.take(QString()));
+    QCOMPARE(Face::Get()->run.finish().identity.labels,
+             (RunLabels{QStringLiteral("Li"), QStringLiteral("B9"), QStringLiteral("SN-4")}));
+}
+
+/// An empty serial number is none, with or without a pattern.
+void tst_KestDetectorUI::scannerThatEndsWithTwoEnters()
+{
+    ask({Question::Operator, Question::Serial});
+    click(QStringLiteral("tbStart"));
+    scan(QStringLiteral("Wang"));
+    scan(QString());
+    QCOMPARE(Face::Get()->runRequest(), 0);
+    scan(QStringLiteral("SN-1"));
+    QCOMPARE(Face::Get()->runRequest(), 1);
+}
+
+void tst_KestDetectorUI::escapeGivesTheStartUp()
+{
+    ask({Question::Serial});
+    click(QStringLiteral("tbStart"));
+    QTest::keyClicks(field("leSerial"), QStringLiteral("SN-1"));
+    QTest::keyClick(field("leSerial"), Qt::Key_Escape);
+    QTRY_VERIFY(find<QDialog>(QStringLiteral("labelQuestion")) == nullptr);
+    QCOMPARE(Face::Get()->runRequest(), 0);
+    QCOMPARE(stopRecord.runs, 0);
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(field("leSerial")->text(), QString());
+}
+
+void tst_KestDetectorUI::startIsRefusedBeforeItAsks()
+{
+    openWindow(true);
+    ask({Question::Serial});
+    click(QStringLiteral("tbStart"));
+    QVERIFY(find<QDialog>(QStringLiteral("labelQuestion")) == nullptr);
+    QCOMPARE(Face::Get()->notices.current().size(), 1);
+
+    // A camera that goes while the operator is asked.
+    Face::Get()->connectState = true;
+    Face::Get()->macAddress = QStringLiteral("AA:BB:CC:DD:EE:FF");
+    clickBox(QStringLiteral("cbLens"));
+    click(QStringLiteral("tbStart"));
+    QCOMPARE(Face::Get()->notices.current().size(), 0);
+    Face::Get()->connectState = false;
+    scan(QStringLiteral("SN-1"));
+    QCOMPARE(Face::Get()->runRequest(), 0);
+    QCOMPARE(Face::Get()->notices.current().size(), 1);
+}
+
+void tst_KestDetectorUI::closingTakesTheQuestionAlong()
+{
+    ask({Question::Serial});
+    click(QStringLiteral("tbStart"));
+    QVERIFY(m_window->close());
+    QVERIFY(find<QDialog>(QStringLiteral("labelQuestion")) == nullptr);
+}
+
+void tst_KestDetectorUI::nobodyIsAskedInAnUnattendedRun()
+{
+    ask({Question::Serial});
+    m_window->askNothing();
+    click(QStringLiteral("tbStart"));
+    QVERIFY(find<QDialog>(QStringLiteral("labelQuestion")) == nullptr);
+    QCOMPARE(Face::Get()->runRequest(), 1);
 }
 
 void tst_KestDetectorUI::escapeStopsARun()

@@ -94,6 +94,7 @@ struct Row
 constexpr auto noText = "";
 constexpr auto noAddress = QT_TRANSLATE_NOOP("Settings", "no IPv4 address");
 constexpr auto noNumber = QT_TRANSLATE_NOOP("Settings", "not a hexadecimal number of at most 64 bits");
+constexpr auto neitherOr = QT_TRANSLATE_NOOP("Settings", "neither true nor false");
 constexpr auto noLink = QT_TRANSLATE_NOOP("Settings", "this link is not used");
 constexpr auto noCamera = QT_TRANSLATE_NOOP("Settings", "no camera can be found");
 constexpr auto noLogin = QT_TRANSLATE_NOOP("Settings", "the station cannot log in to the camera's shell");
@@ -125,8 +126,11 @@ constexpr Row rows[] = {
      QT_TRANSLATE_NOOP("Settings", "a healthy camera is expected to report 0 in every status bit")},
     {"CameraStatus/statusBits", nullptr, examinedStatus, noNumber,
      QT_TRANSLATE_NOOP("Settings", "no status bit is examined, and every camera passes")},
-    {"Station/safeguards", "false", flag<&Settings::safeguards>,
-     QT_TRANSLATE_NOOP("Settings", "neither true nor false"), QT_TRANSLATE_NOOP("Settings", "the safeguards are off")},
+    {"Station/safeguards", "false", flag<&Settings::safeguards>, neitherOr,
+     QT_TRANSLATE_NOOP("Settings", "the safeguards are off")},
+    {"Station/autoStart", "false", flag<&Settings::autoStart>, neitherOr,
+     QT_TRANSLATE_NOOP("Settings", "no run begins by itself")},
+    {"Station/sound", "false", flag<&Settings::sound>, neitherOr, QT_TRANSLATE_NOOP("Settings", "there are no sounds")},
     {"Station/name", "", anyText<&Settings::stationName>, noText,
      QT_TRANSLATE_NOOP("Settings", "the records tell the host's name")},
     {"Station/location", "", anyText<&Settings::stationLocation>, noText, notTold},
@@ -175,7 +179,8 @@ void readPlans(const QString &path, Settings *settings)
     const Limits limits = readLimits(readSettingsSection(path, QStringLiteral("Limits")), path);
     settings->plannedItems = plan.items;
     settings->limits = limits.byName;
-    settings->refusals = plan.errors + limits.errors;
+    settings->questions = readQuestions(readSettingsSection(path, QStringLiteral("Station")), path);
+    settings->refusals = plan.errors + limits.errors + settings->questions.errors;
 }
 } // namespace
 

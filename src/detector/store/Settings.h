@@ -1,5 +1,6 @@
 #pragma once
 
+#include "plan/Questions.h"
 #include "plan/RunPlan.h"
 #include "record/Limit.h"
 
@@ -59,6 +60,9 @@ struct Settings
 
     bool safeguards = false; ///< see `Safeguards`
 
+    bool autoStart = false; ///< the window tests each camera that connects by itself
+    bool sound = false;     ///< a run's verdict is told by ear, too
+
     // What a run's record tells of the station, unless somebody says otherwise.
     QString stationName; ///< empty: the host's name
     QString stationLocation;
@@ -70,7 +74,8 @@ struct Settings
 
     PlannedItems plannedItems;   ///< [RunPlan]: what a ticked component runs, where that is not what it runs by itself
     QMap<QString, Limit> limits; ///< [Limits]: by measurement
-    QStringList refusals;        ///< what is wrong with these two, a line each: nothing may be run with them
+    Questions questions;         ///< [Station] ask, serialPattern: what Start asks for
+    QStringList refusals;        ///< what is wrong with these three, a line each: nothing may be run with them
 
     QList<SettingProblem> problems; ///< in the order of the file's sections as the README lists them
 

@@ -14,6 +14,7 @@
 #include "ui/widgets/HiddenText.h"
 #include "ui/widgets/RingsProgressbar.h"
 #include "ui/window/EventLog.h"
+#include "ui/window/LabelQuestion.h"
 #include "ui/window/NoticeBar.h"
 #include "ui/window/stopRun.h"
 #include "ui/window/stopServices.h"
@@ -120,7 +121,8 @@ void nameFontSubstitutes()
 } // namespace
 
 KestDetectorUI::KestDetectorUI(QWidget *parent)
-    : QMainWindow(parent), ui(std::make_unique<Ui::KestDetectorUI>()), m_folderQuestion(new FolderQuestion(this))
+    : QMainWindow(parent), ui(std::make_unique<Ui::KestDetectorUI>()), m_folderQuestion(new FolderQuestion(this)),
+      m_labelQuestion(new LabelQuestion(this))
 {
     initUI();
     initVal();
@@ -235,6 +237,10 @@ void KestDetectorUI::initConnection()
     link(&Face::signal_setWifiPassWord, &Window::slot_setWifiPassWord);
     link(&Face::signal_setConnectStatus, &Window::slot_setConnectStatus);
     connect(m_folderQuestion, &FolderQuestion::answered, this, &Window::setSavePath);
+    connect(m_labelQuestion, &LabelQuestion::answered, this, [this](const RunLabels &labels) {
+        KestDetectorFace::Get()->runLabels = labels;
+        startRun();
+    });
 }
 
 void KestDetectorUI::showVerdict(int component, int verdict)
@@ -395,27 +401,50 @@ void KestDetectorUI::slot_setConnectStatus(bool connected)
     m_connectState->setText(tr("Connect State: %1 ").arg(connected ? tr("connected") : tr("Disconnected")));
 }
 
-void KestDetectorUI::on_tbStart_clicked()
+QList<ComponentTask> KestDetectorUI::plan() const
 {
-    QList<ComponentTask> plan;
+    QList<ComponentTask> tasks;
     const PlannedItems &planned = KestDetectorFace::Get()->settings().plannedItems;
     for (const Component &component : components()) {
         if ((ui.get()->*component.box)->isChecked()) {
-            plan.append({component.id, planned.value(component.id, component.items)});
+            tasks.append({component.id, planned.value(component.id, component.items)});
         }
     }
+    return tasks;
+}
+
+/// Tells what is missing.
+bool KestDetectorUI::mayStart() const
+{
     KestDetectorFace *face = KestDetectorFace::Get();
     face->notices.withdraw(Notice::Kind::NotStarted);
     const QStringList missing = face->safeguards().missingForStart(
-        {plan.size(), face->connectState, face->macAddress, face->settings().problems});
+        {plan().size(), face->connectState, face->macAddress, face->settings().problems});
     if (!missing.isEmpty()) {
         face->notices.tell(Notices::notStarted(missing));
-        return;
     }
-    if (face->run.post(plan, face->runLabels)) {
+    return missing.isEmpty();
+}
+
+void KestDetectorUI::startRun()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    // The camera may have gone while the operator was asked.
+    if (mayStart() && face->run.post(plan(), face->runLabels)) {
         clearResults();
     }
     // Otherwise it was pressed before the runner could disable it: what its run has shown so far must stay.
+}
+
+void KestDetectorUI::on_tbStart_clicked()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    const Questions &questions = face->settings().questions;
+    if (!m_asks || questions.asked.isEmpty()) {
+        startRun();
+    } else if (mayStart() && face->runRequest() == 0) {
+        m_labelQuestion->ask(questions, face->runLabels);
+    }
 }
 
 void KestDetectorUI::on_tbChooseAll_clicked()
@@ -500,6 +529,7 @@ void KestDetectorUI::resizeEvent(QResizeEvent *event)
 void KestDetectorUI::closeEvent(QCloseEvent *event)
 {
     m_folderQuestion->withdraw(); // the program ends with its last window
+    m_labelQuestion->withdraw();
     stopServices();
     KestDetectorFace::Get()->quitFlag = -1;
     QMainWindow::closeEvent(event);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "detector/store/checkLog.h"
+#include "detector/store/ComponentTask.h"
 
 #include <memory>
 #include <QList>
@@ -10,6 +11,7 @@
 class EventLog;
 class FolderQuestion;
 class HiddenText;
+class LabelQuestion;
 class QLabel;
 class RingsProgressbar;
 
@@ -38,6 +40,8 @@ public:
     /// that size the status bar would otherwise lie below the edge. The window does so by itself for the screen on
     /// which it opens.
     void fitInto(const QSize &room);
+    /// Nobody is there to be asked: Start asks nothing, whatever the settings say.
+    void askNothing() { m_asks = false; }
 
     /// What the MAC address's tool tip says of the camera, plain text; until another camera comes.
     void setCameraHistory(const QString &text);
@@ -93,11 +97,16 @@ private:
     void applySafeguards();
     void initConnection();
 
+    QList<ComponentTask> plan() const;
+    bool mayStart() const;
+    void startRun();
     void showVerdict(int component, int verdict);
     void clearResults();
 
     std::unique_ptr<Ui::KestDetectorUI> ui;
     FolderQuestion *const m_folderQuestion;
+    LabelQuestion *const m_labelQuestion;
+    bool m_asks = true;
     EventLog *m_eventLog = nullptr;
     bool m_frameKnown = false; ///< the window manager has put its frame around the window
     QLabel *m_wifiName = nullptr;
