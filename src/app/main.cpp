@@ -1,3 +1,5 @@
+#include "app/station/AutoStart.h"
+#include "app/station/Chime.h"
 #include "app/station/CommandLine.h"
 #include "app/station/StationHistory.h"
 #include "app/station/UnattendedRun.h"
@@ -90,6 +92,16 @@ int main(int argc, char *argv[])
     std::unique_ptr<UnattendedRun> unattended;
     if (line.mode == CommandLine::Mode::Unattended) {
         unattended = std::make_unique<UnattendedRun>(&window, line);
+    }
+    std::unique_ptr<AutoStart> autoStart;
+    if (!unattended && KestDetectorFace::Get()->settings().autoStart) {
+        autoStart = std::make_unique<AutoStart>(&window);
+    }
+    std::unique_ptr<Chime> chime;
+    if (KestDetectorFace::Get()->settings().sound) {
+        chime = std::make_unique<Chime>();
+        QObject::connect(KestDetectorFace::Get(), &KestDetectorFace::signal_showCheckResult, &window,
+                         [&chime](bool passed) { chime->tell(passed); });
     }
     const TerminationSignals terminationSignals;
     QObject::connect(&terminationSignals, &TerminationSignals::terminated, &window, &QWidget::close);

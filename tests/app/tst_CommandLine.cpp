@@ -44,6 +44,8 @@ void tst_CommandLine::unattended()
     QCOMPARE(line.screenshot, QStringLiteral("a.PNG"));
     QCOMPARE(line.repeat, 3);
     QCOMPARE(line.closeAfterMs, -1);
+    QVERIFY(!line.each);
+    QVERIFY(parse(QStringLiteral("--each --run camera")).each);
 }
 
 void tst_CommandLine::allNamesEveryBox()
@@ -61,7 +63,7 @@ void tst_CommandLine::helpNamesEveryOption()
     const CommandLine line = parse(QStringLiteral("--help"));
     QVERIFY(line.mode == CommandLine::Mode::Help);
     for (const char *option : {"--run", "--json", "--junit", "--operator", "--batch", "--serial", "--save-path",
-                               "--connect-timeout", "--screenshot", "--repeat", "--version"}) {
+                               "--connect-timeout", "--screenshot", "--repeat", "--each", "--version"}) {
         QVERIFY2(line.message.contains(QLatin1String(option)), option);
     }
 }
@@ -138,6 +140,11 @@ void tst_CommandLine::wrongUsage_data()
         "--connect-timeout: \"0\" is not a whole number of 1 or more");
     row("time-out too long", "--run all --connect-timeout 2147484", "--connect-timeout: at most 2147483");
     row("no runs", "--run all --repeat 0", "--repeat: \"0\" is not a whole number of 1 or more");
+    row("each without a run", "--each", "--each goes with --run");
+    row("each camera, and a number of runs", "--run all --each --repeat 2", "--repeat does not go with --each");
+    row("each camera, and in time", "--run all --each --connect-timeout 9",
+        "--connect-timeout does not go with --each");
+    row("each camera, and one picture", "--run all --each --screenshot a.png", "--screenshot does not go with --each");
     row("negative close time", "--run all --close-after -1",
         "--close-after: \"-1\" is not a whole number of 0 or more");
     row("screenshot of another kind", "--run all --screenshot a.jpg", "--screenshot: \"a.jpg\" does not end in .png");

@@ -44,6 +44,9 @@ private slots:
     void interruptStopsTheRunThenCloses_data();
     void interruptStopsTheRunThenCloses();
     void secondInterruptCloses();
+    void eachCameraIsTestedOnce();
+    void eachWithoutACamera();
+    void stoppedRunDoesNotEndEach();
     void unsavedLogIsFive();
     void unsavedPictureIsFive_data();
     void unsavedPictureIsFive();
@@ -54,7 +57,7 @@ private slots:
 
 private:
     static CommandLine line(int repeat = 1);
-    static void cameraComes();
+    static void cameraComes(const QString &mac = QStringLiteral("AA:BB:CC:DD:EE:FF"));
 
     QTemporaryDir m_folder;
 };
@@ -100,10 +103,11 @@ CommandLine tst_UnattendedRun::line(int repeat)
     return line;
 }
 
-void tst_UnattendedRun::cameraComes()
+void tst_UnattendedRun::cameraComes(const QString &mac)
 {
+    Face::Get()->macAddress = mac;
     emit Face::Get()->signal_setConnectStatus(true);
-    emit Face::Get()->signal_setMacAddress(QStringLiteral("AA:BB:CC:DD:EE:FF"));
+    emit Face::Get()->signal_setMacAddress(mac);
 }
 
 void tst_UnattendedRun::initTestCase()
@@ -339,6 +343,75 @@ void tst_UnattendedRun::secondInterruptCloses()
     QTRY_VERIFY(!window.isVisible());
     QCOMPARE(run.exitCode(), 4);
     QTRY_COMPARE(Face::Get()->runRequest(), 0);
+}
+
+void tst_UnattendedRun::eachCameraIsTestedOnce()
+{
+    const QString path = m_folder.filePath(QStringLiteral("output"));
+    {
+        const RedirectedOutput redirected(path);
+        KestDetectorUI window;
+        window.show();
+        CommandLine each = line();
+        each.each = true;
+        const UnattendedRun run(&window, each);
+        int runs = KestDetectorRt::Get()->finishedRuns();
+        int told = 0;
+        for (const char *mac : {"AA:AA:AA:AA:AA:AA", "BB:BB:BB:BB:BB:BB", "AA:AA:AA:AA:AA:AA"}) {
+            cameraComes(QLatin1String(mac));
+            ++runs;
+            QTRY_COMPARE(KestDetectorRt::Get()->finishedRuns(), runs);
+            ++told;
+            QTRY_COMPARE(fileContent(path).count("Result: "), told);
+            cameraComes(QLatin1String(mac));
+            QTest::qWait(200); // another run would begin within 50 ms
+            QCOMPARE(KestDetectorRt::Get()->finishedRuns(), runs);
+        }
+        QVERIFY(window.isVisible());
+        QVERIFY(window.close());
+        QCOMPARE(run.exitCode(), 1); // nothing was tested
+    }
+    QCOMPARE(fileContent(path), QByteArray("Mac: AA:AA:AA:AA:AA:AA\nFan: OK\nResult: OK\n\n"
+                                           "Mac: BB:BB:BB:BB:BB:BB\nFan: OK\nResult: OK\n\n"
+                                           "Mac: AA:AA:AA:AA:AA:AA\nFan: OK\nResult: OK\n\n"));
+}
+
+void tst_UnattendedRun::eachWithoutACamera()
+{
+    KestDetectorUI window;
+    window.show();
+    CommandLine each = line();
+    each.each = true;
+    each.connectTimeoutSeconds = 1;
+    UnattendedRun run(&window, each);
+    QTest::qWait(1200);
+    QVERIFY(window.isVisible());
+    run.interrupt();
+    QVERIFY(!window.isVisible());
+    QCOMPARE(run.exitCode(), 4);
+}
+
+void tst_UnattendedRun::stoppedRunDoesNotEndEach()
+{
+    KestDetectorUI window;
+    window.show();
+    CommandLine each = line();
+    each.each = true;
+    UnattendedRun run(&window, each);
+    connect(
+        Face::Get(), &Face::signal_showCurrentComponent, &run, [] { Face::Get()->run.stop(); }, Qt::DirectConnection);
+    const int before = KestDetectorRt::Get()->finishedRuns();
+    cameraComes(QStringLiteral("AA:AA:AA:AA:AA:AA"));
+    QTRY_COMPARE(KestDetectorRt::Get()->finishedRuns(), before + 1);
+    QTest::qWait(200);
+    QVERIFY(window.isVisible());
+    QCOMPARE(KestDetectorRt::Get()->finishedRuns(), before + 1); // not once more
+    cameraComes(QStringLiteral("BB:BB:BB:BB:BB:BB"));
+    QTRY_COMPARE(KestDetectorRt::Get()->finishedRuns(), before + 2);
+    QTest::qWait(100);
+    QVERIFY(window.isVisible());
+    window.close();
+    QCOMPARE(run.exitCode(), 4);
 }
 
 void tst_UnattendedRun::unsavedLogIsFive()

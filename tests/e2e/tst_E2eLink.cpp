@@ -1,8 +1,12 @@
 #include "expectedLogs.h"
+#include "queries.h"
 #include "StoryTest.h"
 #include "waiting.h"
 
 #include <csignal>
+#include <memory>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QtTest>
 
 /// A camera that goes away, comes back, reboots or stands still while the station works with it.
@@ -316,11 +320,89 @@ std::vector<Story> standstillStories()
     ftp.files.insert(mac + QStringLiteral("/log.tar.gz"), "");
     return {ftp, longShell, shortShell, all};
 }
+
+/// One of the cameras that a station works through by itself, and what becomes of it.
+struct Passer
+{
+    QByteArray mac;
+    bool sound;
+};
+
+QByteArray scenarioOf(const Passer &camera)
+{
+    QByteArray scenario =
+        camera.sound ? QByteArray("{}") : faulty({"getBatteryInfo"}, fault("resultCode", always, R"(, "code": 128)"));
+    return scenario.replace(0, 1, R"({"mac": ")" + camera.mac + (camera.sound ? "\"" : "\", "));
+}
+
+/// The MAC address and the outcome of each record that the station has told.
+QStringList recordsOf(const StationProcess &station)
+{
+    QStringList records;
+    const QByteArrayList lines = station.output().content().split('\n');
+    for (const QByteArray &line : lines) {
+        const QJsonObject record = QJsonDocument::fromJson(line).object();
+        if (!line.isEmpty()) {
+            records.append(record.value(QStringLiteral("camera")).toObject().value(QStringLiteral("mac")).toString() +
+                           QLatin1Char(' ') + record.value(QStringLiteral("outcome")).toString());
+        }
+    }
+    return records;
+}
+
+/// Ten cameras, each swapped for the next one as soon as its result is told, and the last one once more when it has
+/// been away for long.
+std::vector<Story> eachStories()
+{
+    struct Line
+    {
+        std::vector<std::unique_ptr<CameraProcess>> cameras;
+        QStringList expected;
+    };
+    const auto line = std::make_shared<Line>();
+    Story each("ten cameras in a row", QStringLiteral("battery,lens"));
+    each.hasCamera = false;
+    each.options = QStringList{QStringLiteral("--each"), QStringLiteral("--json"), QStringLiteral("-")};
+    each.exitCode = 1; // some failed
+    each.meanwhile = [line](Scene &scene) {
+        const auto test = [&](const Passer &camera) {
+            line->cameras.push_back(std::make_unique<CameraProcess>());
+            if (!line->cameras.back()->start(scenarioOf(camera))) {
+                return QStringLiteral("a camera does not start");
+            }
+            line->expected.append(QString::fromLatin1(camera.mac).toUpper() +
+                                  (camera.sound ? QStringLiteral(" passed") : QStringLiteral(" failed")));
+            if (!scene.station.output().waitFor("\n", line->expected.size(), 30000)) {
+                return QStringLiteral("no result of ") + line->expected.last();
+            }
+            line->cameras.back()->signalAll(SIGKILL);
+            return QString();
+        };
+        for (int i = 0; i < 10; ++i) {
+            const QString problem = test({"60:60:1f:0b:5f:0" + QByteArray::number(i), i % 4 != 2});
+            if (!problem.isEmpty()) {
+                return problem;
+            }
+        }
+        const int attempts = scene.station.debugOutput().count("sConnectIp");
+        if (!scene.station.debugOutput().waitFor("sConnectIp", attempts + 1)) {
+            return QStringLiteral("the loss of the last camera is not noticed");
+        }
+        const QString problem = test({"60:60:1f:0b:5f:09", true});
+        scene.station.signal(SIGINT); // no run is under way
+        return problem;
+    };
+    each.after = [line](Scene &scene) {
+        const QStringList records = recordsOf(scene.station);
+        return records == line->expected ? QString() : records.join(QStringLiteral(", "));
+    };
+    return {each};
+}
 } // namespace
 
 std::vector<Story> tst_E2eLink::stories() const
 {
-    return joined({rebootStories(), dropStories(), standstillStories()});
+    return joined({rebootStories(), dropStories(), standstillStories(), eachStories()});
 }
 
 QTEST_GUILESS_MAIN(tst_E2eLink)

@@ -66,6 +66,19 @@ QString readNumber(const QCommandLineParser &parser, const QCommandLineOption &o
     *number = value;
     return {};
 }
+
+/// What does not go with --each; an empty text if nothing is there that does not.
+QString eachProblem(const QCommandLineParser &parser, const QCommandLineOption &each,
+                    const QList<QCommandLineOption> &others)
+{
+    for (const QCommandLineOption &other : others) {
+        if (parser.isSet(each) && parser.isSet(other)) {
+            return QStringLiteral("--%1 does not go with --each").arg(other.names().constFirst());
+        }
+    }
+    return {};
+}
+
 /// What is wrong with the files for the records; an empty text if nothing is.
 QString recordFilesProblem(const QCommandLineParser &parser, const QCommandLineOption &json,
                            const QCommandLineOption &junit)
@@ -103,6 +116,8 @@ CommandLine CommandLine::parse(const QStringList &arguments)
                                               QStringLiteral("file"));
     const QCommandLineOption repeatOption(QStringLiteral("repeat"), QStringLiteral("Number of runs (default: 1)."),
                                           QStringLiteral("count"));
+    const QCommandLineOption eachOption(
+        QStringLiteral("each"), QStringLiteral("Run once for each camera that connects, until the program is closed."));
     const QCommandLineOption jsonOption(
         QStringLiteral("json"),
         QStringLiteral("Save the record of the run as JSON; of several runs, a line each. With \"-\" it is all that "
@@ -134,7 +149,8 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         "station, 3 no camera in time or lost or changed during a run, 4 stopped or closed before the end, 5 not "
         "everything was saved."));
     parser.addOptions({runOption, jsonOption, junitOption, operatorOption, batchOption, serialOption, savePathOption,
-                       timeoutOption, screenshotOption, repeatOption, closeAfterOption, helpOption, versionOption});
+                       timeoutOption, screenshotOption, repeatOption, eachOption, closeAfterOption, helpOption,
+                       versionOption});
 
     CommandLine line;
     const auto wrong = [&line](const QString &reason) {
@@ -164,6 +180,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     }
     line.mode = Mode::Unattended;
     line.labels = {parser.value(operatorOption), parser.value(batchOption), parser.value(serialOption)};
+    line.each = parser.isSet(eachOption);
     line.json = parser.value(jsonOption);
     line.junit = parser.value(junitOption);
     line.savePath = parser.value(savePathOption);
@@ -171,6 +188,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     const QStringList errors{
         readComponents(parser.value(runOption), &line),
         recordFilesProblem(parser, jsonOption, junitOption),
+        eachProblem(parser, eachOption, {repeatOption, timeoutOption, screenshotOption}),
         readNumber(parser, timeoutOption, 1, &line.connectTimeoutSeconds),
         readNumber(parser, repeatOption, 1, &line.repeat),
         readNumber(parser, closeAfterOption, 0, &line.closeAfterMs),

@@ -29,6 +29,7 @@ struct CommandLine
     int connectTimeoutSeconds = 30;
     QString screenshot;    ///< file to save the window's picture in after the run; empty: none
     int repeat = 1;        ///< number of runs
+    bool each = false;     ///< a run for each camera that connects, until the program is closed
     int closeAfterMs = -1; ///< close the window after this time, as a hand would; -1: after the last run
 
     /// Reads the program's arguments (the program's own name first), without those that Qt has taken.

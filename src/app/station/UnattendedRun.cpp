@@ -86,7 +86,8 @@ UnattendedRun::ExitCode heavier(UnattendedRun::ExitCode left, UnattendedRun::Exi
 } // namespace
 
 UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
-    : m_window(window), m_line(line), m_output(line.json, line.junit, line.repeat > 1)
+    : m_window(window), m_line(line), m_output(line.json, line.junit, line.repeat > 1 || line.each),
+      m_handsFree([this] { startRun(); })
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     if (!line.items.isEmpty()) {
@@ -98,15 +99,23 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
     connect(face, &KestDetectorFace::signal_setConnectStatus, this, [this](bool connected) {
         m_connected = connected;
         startWhenReady();
+        if (m_line.each) {
+            m_handsFree.linkIs(connected);
+        }
     });
     connect(face, &KestDetectorFace::signal_setMacAddress, this, [this](const QString &mac) {
         m_mac = mac;
         startWhenReady();
+        if (m_line.each) {
+            m_handsFree.cameraIs(mac);
+        }
     });
     connect(face, &KestDetectorFace::signal_setButtonEnable, this, [this](bool enabled) {
-        if (enabled && m_startDue) {
+        if (!enabled) {
+            m_handsFree.runBegins();
+        } else if (m_startDue) {
             startRun();
-        } else if (enabled && m_underWay) {
+        } else if (m_underWay) {
             runEnded(false); // it was stopped, and has no result
         }
     });
@@ -133,14 +142,16 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
         leave(NoCamera);
     });
     m_connectTimer.setSingleShot(true);
-    m_connectTimer.start(m_line.connectTimeoutSeconds * 1000);
+    if (!m_line.each) {
+        m_connectTimer.start(m_line.connectTimeoutSeconds * 1000);
+    }
     connect(&m_savedTimer, &QTimer::timeout, this, &UnattendedRun::report);
     m_savedTimer.setInterval(savedPollMs);
 
     if (m_line.closeAfterMs >= 0) {
         QTimer::singleShot(m_line.closeAfterMs, Qt::PreciseTimer, this, [this] {
             qInfo("Closing the window");
-            leave(Stopped);
+            leave(m_exitCode);
         });
     }
 }
@@ -186,18 +197,24 @@ UnattendedRun::ExitCode UnattendedRun::exitCodeOf(const RunOutcome &outcome)
 
 void UnattendedRun::startWhenReady()
 {
-    if (m_started || !m_connected || m_mac.isEmpty()) {
+    if (m_line.each || m_started || !m_connected || m_mac.isEmpty()) {
         return;
     }
-    m_started = true;
     m_connectTimer.stop();
+    startRun();
+}
+
+/// What an operator does once, before the first run.
+void UnattendedRun::prepare()
+{
+    m_started = true;
+    m_window->askNothing();
     for (const QString &name : m_line.boxes) {
         m_window->findChild<QCheckBox *>(name)->setChecked(true);
     }
     if (!m_line.savePath.isEmpty()) {
         m_window->setSavePath(m_line.savePath);
     }
-    startRun();
 }
 
 void UnattendedRun::startRun()
@@ -208,8 +225,12 @@ void UnattendedRun::startRun()
     if (m_startDue) {
         return;
     }
+    if (!m_started) {
+        prepare();
+    }
     m_verdicts.clear();
     m_log.clear();
+    m_exitCode = Stopped;
     m_underWay = true;
     button->click();
 }
@@ -218,16 +239,29 @@ void UnattendedRun::interrupt()
 {
     const bool first = !std::exchange(m_interrupted, true);
     if (!first || !stopRun()) {
-        leave(Stopped);
+        leave(m_exitCode);
     }
 }
 
 void UnattendedRun::print(const Notice &notice)
 {
     ::print(stderr, notice.text + QLatin1Char('\n'));
-    if (notice.kind == Notice::Kind::NotStarted) {
-        leave(KestDetectorFace::Get()->settings().problems.isEmpty() ? NoCamera : NotSound);
+    if (notice.kind != Notice::Kind::NotStarted) {
+        return;
     }
+    const bool sound = KestDetectorFace::Get()->settings().problems.isEmpty();
+    if (m_line.each && sound) {
+        m_underWay = false; // the camera has gone again: the next one will come
+        m_exitCode = idleCode();
+    } else {
+        leave(sound ? NoCamera : NotSound);
+    }
+}
+
+/// With --each: what closing the window before the next camera comes leaves.
+UnattendedRun::ExitCode UnattendedRun::idleCode() const
+{
+    return m_runs > 0 ? m_worst : Stopped;
 }
 
 void UnattendedRun::noteVerdict(int component, int outcome)
@@ -250,19 +284,30 @@ void UnattendedRun::report()
     }
     m_savedTimer.stop();
     QCoreApplication::sendPostedEvents(this); // the last notices, told by the runner's thread
-    const ExitCode code = exitCodeOf(KestDetectorRt::Get()->lastRun());
-    if (code == Stopped) {
+    const RunOutcome outcome = KestDetectorRt::Get()->lastRun();
+    const ExitCode code = exitCodeOf(outcome);
+    m_worst = heavier(m_worst, code);
+    if (code != Stopped) {
+        ::print(m_output.takesStandardOutput() ? stderr : stdout,
+                QStringLiteral("%1%2Result: %3\n\n%4")
+                    .arg(m_line.each ? QStringLiteral("Mac: %1\n").arg(outcome.end.identity.macAddress) : QString(),
+                         m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
+    } else if (!m_line.each || !outcome.end.stopped) {
         leave(Stopped); // what a run cut short found is no judgement
         return;
     }
-    m_worst = heavier(m_worst, code);
-    ::print(m_output.takesStandardOutput() ? stderr : stdout,
-            QStringLiteral("%1Result: %2\n\n%3")
-                .arg(m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
-    if (m_runs < m_line.repeat) {
+    if (m_line.each) {
+        m_exitCode = idleCode();
+        m_handsFree.runEnds(outcome.end.identity.macAddress, outcome.end.camera == RunEnd::Camera::Kept);
+    } else if (m_runs < m_line.repeat) {
         startRun();
-        return;
+    } else {
+        finishLastRun();
     }
+}
+
+void UnattendedRun::finishLastRun()
+{
     const QString reason = m_line.screenshot.isEmpty() ? QString() : savePicture(m_window, m_line.screenshot);
     if (!reason.isEmpty()) {
         ::print(stderr, QStringLiteral("The screenshot could not be saved: %1: %2\n").arg(m_line.screenshot, reason));

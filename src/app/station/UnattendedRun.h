@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/station/CommandLine.h"
+#include "app/station/HandsFree.h"
 #include "app/station/RecordOutput.h"
 #include "detector/store/checkLog.h"
 #include "detector/store/Notices.h"
@@ -14,8 +15,9 @@ struct RunOutcome;
 
 /// Drives the window as an operator would: waits for the camera and its MAC address, ticks the boxes, presses Start,
 /// waits for the end, prints the verdicts and the log to standard output, and closes the window. What the operator is
-/// told in plain words goes to standard error. The runs' records go where the command line says. Lives on the GUI
-/// thread; to be made after the window and before the services, so that it misses no signal.
+/// told in plain words goes to standard error. With --each it does so for each camera that connects. The runs' records
+/// go where the command line says. Lives on the GUI thread; to be made after the window and before the services, so
+/// that it misses no signal.
 class UnattendedRun : public QObject
 {
     Q_OBJECT
@@ -48,16 +50,20 @@ public:
 private:
     void noteRecord(const RunRecord &record);
     void startWhenReady();
+    void prepare();
     void startRun();
     void print(const Notice &notice);
     void noteVerdict(int component, int verdict);
     void runEnded(bool passed);
     void report();
+    void finishLastRun();
+    ExitCode idleCode() const;
     void leave(ExitCode exitCode);
 
     KestDetectorUI *m_window;
     const CommandLine m_line;
     RecordOutput m_output;
+    HandsFree m_handsFree; ///< with --each
     QTimer m_connectTimer;
     QTimer m_savedTimer; ///< waits for the detection log, which is written after the run's last signal
     bool m_connected = false;

@@ -173,6 +173,7 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
         emit signal_runRecorded(recorder.record(outcome));
     }
     ++m_finishedRuns;
+    emit signal_runEnded();
 }
 
 bool KestDetectorRt::recordIsWanted() const

@@ -60,6 +60,8 @@ signals:
     /// direct receiver has returned. To want records is to be connected before the run ends: as long as nobody is,
     /// none is made and no file is read for it.
     void signal_runRecorded(RunRecord record);
+    /// Once for each run that was taken, when `lastRun` is of it. Emitted on the runner's thread.
+    void signal_runEnded();
 
 private:
     void func();
