@@ -427,8 +427,35 @@ def log():
                     Goal("no step over 50 ms", max(slowest) <= 50))
 
 
+def history():
+    """A store of each size is made once and stays in the build folder; a million takes long, and is made on request."""
+    sizes = [10_000, 100_000] + ([1_000_000] if os.environ.get("KEST_BENCH_MILLION") else [])
+    searches = ("mac", "macBeginning", "serial", "serialBeginning", "latest", "failed", "item", "stationAndFailed")
+    for runs in sizes:
+        store = build / f"history-{runs}.sqlite"
+        subprocess.run([program("historyBench"), "fill", store, str(runs)], env=environment, check=True)
+        asked = [json.loads(subprocess.run([program("historyBench"), "ask", store, str(runs)], env=environment, check=True,
+                                           stdout=subprocess.PIPE).stdout) for _ in range(REPETITIONS)]
+        for name in searches:
+            taken = [one[name] for one in asked]
+            add_row(Case("history", f"search by {name} in {runs} runs, 95th percentile", "ms"), taken,
+                    goal=at_most(taken, 20, "<= 20 ms"))
+        for name in ("statistics30Days", "statisticsOfAll"):
+            taken = [one[name] for one in asked]
+            add_row(Case("history", f"{name} of {runs} runs, 95th percentile", "ms"), taken,
+                    goal=at_most(taken, 300, "<= 300 ms"))
+    taken = []
+    page = work / "report.html"
+    for _ in range(REPETITIONS):
+        begin = time.monotonic()
+        subprocess.run([build / "bin" / "KestHistory", "--store", build / "history-100000.sqlite", "report", "--out", page],
+                       env=environment, check=True)
+        taken.append(time.monotonic() - begin)
+    add_row(Case("history", "report over 100000 runs, the whole program", "s"), taken, goal=at_most(taken, 3, "<= 3 s"))
+
+
 MEASUREMENTS = {one.__name__: one for one in (
-    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log, record)}
+    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log, record, history)}
 
 
 def main():
