@@ -1,0 +1,227 @@
+#include "report/Report.h"
+
+#include "record/RunRecord.h"
+#include "report/plots.h"
+
+#include <array>
+#include <cmath>
+
+namespace {
+QString countText(qint64 count)
+{
+    return QString::number(count);
+}
+
+QString nameText(const QString &name)
+{
+    return name.isEmpty() ? QStringLiteral("(none)") : name;
+}
+
+QString dayText(const QDate &day)
+{
+    return day.toString(Qt::ISODate);
+}
+
+/// "2026-11-01 to 2026-11-21, station line-2"
+QString periodText(const Report &report)
+{
+    const QDate since = report.filter.since.isValid() ? report.filter.since : report.statistics.first;
+    const QDate until = report.filter.until.isValid() ? report.filter.until : report.statistics.last;
+    QString text = since.isValid() && until.isValid() ? QStringLiteral("%1 to %2").arg(dayText(since), dayText(until))
+                                                      : QStringLiteral("No runs");
+    const std::array<std::pair<const char *, QString>, 3> bounds = {
+        {{"station", report.filter.station}, {"batch", report.filter.batch}, {"firmware", report.filter.firmware}}};
+    for (const auto &bound : bounds) {
+        if (!bound.second.isEmpty()) {
+            text += QStringLiteral(", %1 %2").arg(QLatin1String(bound.first), bound.second);
+        }
+    }
+    return text;
+}
+
+std::chrono::microseconds meanDuration(const TallySums &sums)
+{
+    return std::chrono::milliseconds(sums.runs > 0 ? sums.durationMs / sums.runs : 0);
+}
+
+Figures summary(const TallySums &sums)
+{
+    return {{{QStringLiteral("Cameras"), countText(sums.cameras)},
+             {QStringLiteral("First-pass yield"), percentText(firstPassYield(sums))},
+             {QStringLiteral("Final yield"), percentText(finalYield(sums))},
+             {QStringLiteral("Mean duration"), durationText(meanDuration(sums))},
+             {QStringLiteral("Runs"), countText(sums.runs)},
+             {QStringLiteral("passed"), countText(sums.passed)},
+             {QStringLiteral("failed"), countText(sums.failed)},
+             {QStringLiteral("stopped or no answer"), countText(sums.stopped + sums.error)}}};
+}
+
+Table groupTable(const QString &what, const QList<RunGroup> &groups)
+{
+    Table table{{{what, false},
+                 {QStringLiteral("Runs"), true},
+                 {QStringLiteral("Passed"), true},
+                 {QStringLiteral("Failed"), true},
+                 {QStringLiteral("Other"), true},
+                 {QStringLiteral("Cameras"), true},
+                 {QStringLiteral("First-pass"), true},
+                 {QStringLiteral("Final"), true},
+                 {QStringLiteral("Mean duration"), true}},
+                {}};
+    for (const RunGroup &group : groups) {
+        const TallySums &sums = group.sums;
+        table.rows.append({nameText(group.name), countText(sums.runs), countText(sums.passed), countText(sums.failed),
+                           countText(sums.stopped + sums.error), countText(sums.cameras),
+                           percentText(firstPassYield(sums)), percentText(finalYield(sums)),
+                           durationText(meanDuration(sums))});
+    }
+    return table;
+}
+
+Table itemTable(const QList<ItemGroup> &items)
+{
+    Table table{{{QStringLiteral("Item"), false},
+                 {QStringLiteral("Tested"), true},
+                 {QStringLiteral("Failed"), true},
+                 {QStringLiteral("Warned"), true},
+                 {QStringLiteral("Failed of tested"), true}},
+                {}};
+    for (const ItemGroup &item : items) {
+        const std::optional<double> share =
+            item.sums.ran > 0
+                ? std::optional<double>(static_cast<double>(item.sums.failed) / static_cast<double>(item.sums.ran))
+                : std::nullopt;
+        table.rows.append({item.item, countText(item.sums.ran), countText(item.sums.failed),
+                           countText(item.sums.warned), percentText(share)});
+    }
+    return table;
+}
+
+QString boundText(const std::optional<double> &bound)
+{
+    return bound ? shortNumber(*bound) : QString();
+}
+
+QString distributionText(const Distribution &distribution)
+{
+    const std::optional<double> capability = cpk(distribution);
+    QString text =
+        QStringLiteral("n = %1, mean %2, standard deviation %3, from %4 to %5, limit %6..%7, Cpk %8, "
+                       "%9 outside their limit")
+            .arg(QString::number(distribution.count), shortNumber(distribution.mean),
+                 shortNumber(distribution.deviation), shortNumber(distribution.least), shortNumber(distribution.most),
+                 boundText(distribution.limit.least), boundText(distribution.limit.most),
+                 capability ? QString::number(*capability, 'f', 2) : QStringLiteral("-"),
+                 QString::number(distribution.outside));
+    if (distribution.below + distribution.above > 0) {
+        text += QStringLiteral("; %1 far off to the left and %2 to the right are not drawn")
+                    .arg(QString::number(distribution.below), QString::number(distribution.above));
+    }
+    return text;
+}
+
+/// "battery.info: battery.voltage 4.36 (3.6..4.35)", or the item's text where no limit tells more.
+QString findingText(const FindingRow &finding)
+{
+    const QString text = finding.measurement.isEmpty()
+                             ? finding.message
+                             : QStringLiteral("%1 %2 (%3)").arg(finding.measurement, finding.value, finding.limits);
+    const QString verdict = finding.verdict == QLatin1String("warning") ? QStringLiteral(" (warning)") : QString();
+    return finding.item + verdict + (text.isEmpty() ? QString() : QLatin1String(": ") + text);
+}
+
+Table failedTable(const QList<FailedCamera> &failed)
+{
+    Table table{{{QStringLiteral("Camera"), false},
+                 {QStringLiteral("Serial"), false},
+                 {QStringLiteral("Last run"), false},
+                 {QStringLiteral("Station"), false},
+                 {QStringLiteral("Batch"), false},
+                 {QStringLiteral("Firmware"), false},
+                 {QStringLiteral("Failure: value (limit)"), false}},
+                {}};
+    for (const FailedCamera &camera : failed) {
+        QStringList findings;
+        for (const FindingRow &finding : camera.findings) {
+            findings.append(findingText(finding));
+        }
+        if (findings.isEmpty()) {
+            findings.append(camera.run.reason);
+        }
+        table.rows.append({camera.run.mac, camera.run.serial,
+                           camera.run.begin.toString(QStringLiteral("yyyy-MM-dd HH:mm")), camera.run.station,
+                           camera.run.batch, camera.run.firmware, findings.join(QLatin1Char('\n'))});
+    }
+    return table;
+}
+
+void addGroups(const char *title, const char *what, const QList<RunGroup> &groups, Page *page)
+{
+    if (!groups.isEmpty()) {
+        page->parts.append(Heading{QString::fromLatin1(title)});
+        page->parts.append(groupTable(QString::fromLatin1(what), groups));
+    }
+}
+} // namespace
+
+QString durationText(std::chrono::microseconds duration)
+{
+    const double seconds = std::chrono::duration<double>(duration).count();
+    constexpr double minute = 60;
+    if (seconds < minute) {
+        return QStringLiteral("%1 s").arg(QString::number(seconds, 'f', seconds < 10 ? 2 : 1));
+    }
+    const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(duration).count();
+    if (minutes < 60) {
+        return QStringLiteral("%1 min %2 s").arg(minutes).arg(static_cast<int>(seconds) % 60, 2, 10, QLatin1Char('0'));
+    }
+    return QStringLiteral("%1 h %2 min").arg(minutes / 60).arg(minutes % 60, 2, 10, QLatin1Char('0'));
+}
+
+Page reportPage(const Report &report)
+{
+    const QString period = periodText(report);
+    Page page{QStringLiteral("Test report, %1").arg(period), {}};
+    const Statistics &statistics = report.statistics;
+    page.parts = {
+        Heading{QStringLiteral("Test report"), 1}, Paragraph{period},
+        Paragraph{QStringLiteral("From %1, made %2 by %3").arg(report.store, timeText(report.made), report.programName),
+                  true}};
+    if (statistics.total.runs == 0) {
+        page.parts.append(Paragraph{QStringLiteral("There are no runs in this period.")});
+        return page;
+    }
+    page.parts.append(summary(statistics.total));
+    page.parts.append(Paragraph{QStringLiteral("Yields count cameras, each on the day and at the station of its first "
+                                               "judged run: by how that run ended (first-pass), and by how its last "
+                                               "one ended (final)."),
+                                true});
+    page.parts.append(Heading{QStringLiteral("Yield over time")});
+    page.parts.append(Picture{yieldPlot(statistics.byDay), {}});
+    page.parts.append(Heading{QStringLiteral("What fails")});
+    page.parts.append(Picture{paretoPlot(statistics.items), {}});
+    if (!statistics.items.isEmpty()) {
+        page.parts.append(itemTable(statistics.items));
+    }
+    if (!report.distributions.isEmpty()) {
+        page.parts.append(Heading{QStringLiteral("Measurements with limits")});
+        for (const Distribution &distribution : report.distributions) {
+            QString name = QStringLiteral("%1 in %2").arg(distribution.name, distribution.item);
+            if (!distribution.unit.isEmpty()) {
+                name += QStringLiteral(", in %1").arg(distribution.unit);
+            }
+            page.parts.append(Heading{name, 3});
+            page.parts.append(Picture{distributionPlot(distribution), distributionText(distribution)});
+        }
+    }
+    addGroups("Stations", "Station", statistics.byStation, &page);
+    addGroups("Batches", "Batch", statistics.byBatch, &page);
+    addGroups("Firmware", "Firmware", statistics.byFirmware, &page);
+    page.parts.append(Heading{QStringLiteral("Failed cameras (%1)").arg(report.failed.size())});
+    if (report.failed.isEmpty()) {
+        page.parts.append(Paragraph{QStringLiteral("Every camera passed in its last judged run.")});
+    } else {
+        page.parts.append(failedTable(report.failed));
+    }
+    return page;
+}

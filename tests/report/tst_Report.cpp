@@ -1,0 +1,309 @@
+#include "hostileTexts.h"
+#include "outsideProgram.h"
+#include "report/plots.h"
+#include "report/Report.h"
+
+#include <cmath>
+#include <QBuffer>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+/// The report: what stands in it, that nothing from a camera is markup in it, and that a browser shows it without
+/// network.
+class tst_Report : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void writesShapesAsSvg();
+    void paintsWhatItWrites();
+    void plots_data();
+    void plots();
+    void tellsWhatWasFound();
+    void durations_data();
+    void durations();
+    void escapesHostileTexts_data();
+    void escapesHostileTexts();
+    void needsNothingElse();
+    void isShownByABrowser();
+    void isPrinted();
+};
+
+namespace {
+QString svgText(const Drawing &drawing)
+{
+    QByteArray bytes;
+    QXmlStreamWriter xml(&bytes);
+    writeSvg(drawing, &xml);
+    return QString::fromUtf8(bytes);
+}
+
+TallySums sums(qint64 runs, qint64 passed, qint64 cameras, qint64 firstPassed, qint64 finalPassed)
+{
+    return {runs, passed, runs - passed, 0, 0, runs * 1500, cameras, firstPassed, finalPassed};
+}
+
+Report exampleReport(const QString &text = QStringLiteral("line-2"))
+{
+    Report report;
+    report.store = text;
+    report.programName = QStringLiteral("KestHistory 1.0.3");
+    report.made = QDateTime(QDate(2026, 11, 21), QTime(18, 0), Qt::OffsetFromUTC, 3600);
+    Statistics &statistics = report.statistics;
+    statistics.first = QDate(2026, 11, 20);
+    statistics.last = QDate(2026, 11, 21);
+    statistics.total = sums(12, 9, 10, 8, 9);
+    statistics.byDay = {{QStringLiteral("2026-11-20"), sums(5, 4, 4, 3, 4)},
+                        {QStringLiteral("2026-11-21"), sums(7, 5, 6, 5, 5)}};
+    statistics.byStation = {{text, statistics.total}};
+    statistics.byBatch = {{QString(), statistics.total}};
+    statistics.byFirmware = {{text, statistics.total}};
+    statistics.items = {{QStringLiteral("battery.info"), {12, 2, 0}}, {text, {12, 1, 3}}};
+    Distribution voltage;
+    voltage.item = QStringLiteral("battery.info");
+    voltage.name = QStringLiteral("battery.voltage");
+    voltage.unit = text;
+    voltage.limit = {3.6, 4.35, {}};
+    voltage.outside = 1;
+    describe({3.8, 3.9, 3.9, 4.0, 4.4}, &voltage);
+    report.distributions = {voltage};
+    FailedCamera camera;
+    camera.run.mac = QStringLiteral("60:60:1F:0A:5F:2A");
+    camera.run.serial = text;
+    camera.run.begin = report.made;
+    camera.run.station = text;
+    camera.findings = {{QStringLiteral("battery.info"), 3, QStringLiteral("failed"), text,
+                        QStringLiteral("battery.voltage"), QStringLiteral("4.4"), QStringLiteral("3.6..4.35")},
+                       {QStringLiteral("pcba.sensor"), 4, QStringLiteral("warning"), text, {}, {}, {}}};
+    report.failed = {camera};
+    return report;
+}
+
+/// All texts of a page, read by a reader that knows nothing of it: what is well-formed XML is the same HTML.
+QStringList textsOf(const QByteArray &html, QString *error)
+{
+    QByteArray xml = html;
+    xml.replace("<!DOCTYPE html>", "");
+    xml.replace(QByteArray("<meta charset=\"utf-8\">"), QByteArray());
+    QXmlStreamReader reader(xml);
+    QStringList texts;
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::Characters && !reader.isWhitespace()) {
+            texts.append(reader.text().toString());
+        }
+    }
+    *error = reader.hasError() ? reader.errorString() : QString();
+    return texts;
+}
+} // namespace
+
+void tst_Report::writesShapesAsSvg()
+{
+    Drawing drawing{{100, 50}, QStringLiteral("a < b"), {}};
+    drawing.shapes = {Box{{1, 2, 30.125, 4}, QColor(255, 0, 0), QStringLiteral("<hint>")},
+                      Path{{{0, 0}, {10, 20.5}}, QColor(0, 0, 255), 1.5, true},
+                      Label{{5, 6}, QStringLiteral("</text>&"), Label::Anchor::End, 10, QColor(0, 0, 0)}};
+    QCOMPARE(svgText(drawing),
+             QStringLiteral("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 100 50\" width=\"100\" "
+                            "height=\"50\" role=\"img\" aria-label=\"a &lt; b\" font-family=\"sans-serif\">"
+                            "<rect x=\"1\" y=\"2\" width=\"30.13\" height=\"4\" fill=\"#ff0000\">"
+                            "<title>&lt;hint&gt;</title></rect>"
+                            "<polyline points=\"0,0 10,20.5\" fill=\"none\" stroke=\"#0000ff\" stroke-width=\"1.5\" "
+                            "stroke-dasharray=\"5 3\"/>"
+                            "<text x=\"5\" y=\"6\" font-size=\"10\" text-anchor=\"end\" fill=\"#000000\">"
+                            "&lt;/text&gt;&amp;</text></svg>"));
+}
+
+void tst_Report::paintsWhatItWrites()
+{
+    QImage image(40, 20, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    Drawing drawing{{40, 20}, {}, {}};
+    drawing.shapes = {Box{{0, 0, 10, 20}, Qt::red, {}}, Path{{{20.5, 0}, {20.5, 20}}, Qt::blue, 1, false}};
+    paint(drawing, &painter);
+    painter.end();
+    QCOMPARE(image.pixelColor(5, 10), QColor(Qt::red));
+    QCOMPARE(image.pixelColor(20, 10), QColor(Qt::blue));
+    QCOMPARE(image.pixelColor(30, 10), QColor(Qt::white));
+}
+
+void tst_Report::plots_data()
+{
+    QTest::addColumn<QString>("svg");
+    QTest::addColumn<int>("bars");
+    QTest::addColumn<QStringList>("texts");
+    const QList<ItemGroup> items = {{QStringLiteral("battery.info"), {9, 3, 0}},
+                                    {QStringLiteral("lens.link"), {9, 1, 0}},
+                                    {QStringLiteral("pcba.sensor"), {9, 0, 5}}};
+    QTest::newRow("what fails") << svgText(paretoPlot(items)) << 2
+                                << QStringList({QStringLiteral(">battery.info<"),
+                                                QStringLiteral(">3 (75.0 % of all so far)<"),
+                                                QStringLiteral(">1 (100.0 % of all so far)<")});
+    QTest::newRow("at most one") << svgText(paretoPlot(items, 1)) << 1
+                                 << QStringList(QStringLiteral(">3 (75.0 % of all so far)<"));
+    QTest::newRow("nothing fails") << svgText(paretoPlot({})) << 0 << QStringList(QStringLiteral(">No data<"));
+    const Report report = exampleReport();
+    QTest::newRow("yield") << svgText(yieldPlot(report.statistics.byDay)) << 3 // one of the legend
+                           << QStringList({QStringLiteral(">2026-11-20<"), QStringLiteral(">2026-11-21<"),
+                                           QStringLiteral(">7 runs<"),
+                                           QStringLiteral("first-pass 75.0 %, final 100.0 %")});
+    QTest::newRow("no days") << svgText(yieldPlot({})) << 0 << QStringList(QStringLiteral(">No data<"));
+    Distribution distribution = report.distributions.constFirst();
+    QTest::newRow("distribution") << svgText(distributionPlot(distribution)) << 4
+                                  << QStringList({QStringLiteral(">least 3.6<"), QStringLiteral(">most 4.35<")});
+    distribution.limit.most = 1e6;
+    QTest::newRow("a limit far away") << svgText(distributionPlot(distribution)) << 4
+                                      << QStringList(QStringLiteral(">least 3.6<"));
+    QTest::newRow("no values") << svgText(distributionPlot({})) << 0 << QStringList(QStringLiteral(">No data<"));
+}
+
+void tst_Report::plots()
+{
+    QFETCH(QString, svg);
+    QFETCH(int, bars);
+    QFETCH(QStringList, texts);
+    QCOMPARE(svg.count(QStringLiteral("<rect ")), bars);
+    for (const QString &text : texts) {
+        QVERIFY2(svg.contains(text), qPrintable(text));
+    }
+    QVERIFY2(!svg.contains(QStringLiteral("nan")) && !svg.contains(QStringLiteral("inf,")), qPrintable(svg));
+    QVERIFY(!svg.contains(QStringLiteral("1e+06")) && !svg.contains(QStringLiteral("width=\"-")));
+}
+
+void tst_Report::tellsWhatWasFound()
+{
+    QString error;
+    const QStringList texts = textsOf(toHtml(reportPage(exampleReport())), &error);
+    QCOMPARE(error, QString());
+    for (const char *text :
+         {"2026-11-20 to 2026-11-21", "From line-2, made 2026-11-21T18:00:00.000+01:00 by KestHistory 1.0.3", "80.0 %",
+          "90.0 %", "1.50 s", "Failed cameras (1)", "60:60:1F:0A:5F:2A", "battery.voltage in battery.info, in line-2",
+          "battery.info: battery.voltage 4.4 (3.6..4.35)\npcba.sensor (warning): line-2"}) {
+        QVERIFY2(texts.contains(QString::fromUtf8(text)), text);
+    }
+    const QString numbers = QStringLiteral("n = 5, mean 4, standard deviation 0.234521, from 3.8 to 4.4, limit "
+                                           "3.6..4.35, Cpk 0.50, 1 outside their limit");
+    QVERIFY2(texts.contains(numbers), qPrintable(texts.join(QLatin1Char('\n'))));
+    Report empty;
+    empty.made = exampleReport().made;
+    QVERIFY(textsOf(toHtml(reportPage(empty)), &error).contains(QStringLiteral("There are no runs in this period.")));
+}
+
+void tst_Report::durations_data()
+{
+    QTest::addColumn<qint64>("milliseconds");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nothing") << qint64{0} << QStringLiteral("0.00 s");
+    QTest::newRow("below a second") << qint64{481} << QStringLiteral("0.48 s");
+    QTest::newRow("seconds") << qint64{12340} << QStringLiteral("12.3 s");
+    QTest::newRow("minutes") << qint64{72000} << QStringLiteral("1 min 12 s");
+    QTest::newRow("hours") << qint64{7500000} << QStringLiteral("2 h 05 min");
+}
+
+void tst_Report::durations()
+{
+    QFETCH(qint64, milliseconds);
+    QTEST(durationText(std::chrono::milliseconds(milliseconds)), "text");
+}
+
+void tst_Report::escapesHostileTexts_data()
+{
+    addHostileTexts();
+    QTest::newRow("a script") << QStringLiteral("<script>alert(1)</script>") << QString()
+                              << QStringLiteral("<script>alert(1)</script>");
+    QTest::newRow("an attribute") << QStringLiteral("\" onload=\"alert(1)") << QString()
+                                  << QStringLiteral("\" onload=\"alert(1)");
+}
+
+void tst_Report::escapesHostileTexts()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, xml);
+    const QByteArray html = toHtml(reportPage(exampleReport(text)));
+    QString error;
+    const QStringList texts = textsOf(html, &error);
+    QCOMPARE(error, QString());
+    QString expected = xml;
+    // A reader takes every line break for the same.
+    expected.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    QVERIFY(texts.contains(expected));
+    QCOMPARE(html.count("<script"), 0);
+    QCOMPARE(html.count("<td"), toHtml(reportPage(exampleReport())).count("<td"));
+}
+
+void tst_Report::needsNothingElse()
+{
+    const QString html = QString::fromUtf8(toHtml(reportPage(exampleReport())));
+    QString without = html;
+    without.remove(QStringLiteral("http://www.w3.org/2000/svg")); // a name, not a place
+    const QRegularExpression elsewhere(QStringLiteral("https?:|//[a-z]|@import|url\\(|\\ssrc=|\\shref=|<link|<iframe"));
+    QVERIFY2(!without.contains(elsewhere), qPrintable(elsewhere.match(without).captured()));
+    QVERIFY(html.contains(QStringLiteral("default-src 'none'")));
+    QVERIFY(html.contains(QStringLiteral("size: A4")));
+}
+
+void tst_Report::isShownByABrowser()
+{
+    const QString browser = QStandardPaths::findExecutable(QStringLiteral("chromium"));
+    if (browser.isEmpty()) {
+        QSKIP("there is no chromium");
+    }
+    QTemporaryDir folder;
+    const QString page = folder.filePath(QStringLiteral("report.html"));
+    QFile file(page);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(toHtml(reportPage(exampleReport(QStringLiteral("<b>相机</b>")))));
+    file.close();
+    const QStringList quietly = {QStringLiteral("--headless"),
+                                 QStringLiteral("--no-sandbox"),
+                                 QStringLiteral("--disable-gpu"),
+                                 QStringLiteral("--disable-dev-shm-usage"),
+                                 QStringLiteral("--user-data-dir=") + folder.path(),
+                                 QStringLiteral("--proxy-server=127.0.0.1:1")};
+    const ProgramEnd dom =
+        runOutside(browser, quietly + QStringList({QStringLiteral("--dump-dom"), QStringLiteral("file://") + page}));
+    QCOMPARE(dom.exitCode, 0);
+    QVERIFY2(dom.output.contains(QStringLiteral("<td>&lt;b&gt;相机&lt;/b&gt;</td>")), qPrintable(dom.output));
+    QCOMPARE(dom.output.count(QStringLiteral("<svg ")), 3);
+
+    const QString picture = folder.filePath(QStringLiteral("report.png"));
+    const ProgramEnd shot = runOutside(
+        browser, quietly + QStringList({QStringLiteral("--window-size=860,1400"),
+                                        QStringLiteral("--screenshot=") + picture, QStringLiteral("file://") + page}));
+    QCOMPARE(shot.exitCode, 0);
+    const QImage shown(picture);
+    QCOMPARE(shown.width(), 860);
+    int red = 0;
+    for (int y = 0; y < shown.height(); ++y) {
+        for (int x = 0; x < shown.width(); ++x) {
+            red += shown.pixelColor(x, y) == QColor(0xC0, 0x39, 0x2B) ? 1 : 0;
+        }
+    }
+    // The bars of two items that failed, the longer one 375 by 15 pixels.
+    QVERIFY2(red > 5000, qPrintable(QString::number(red)));
+}
+
+void tst_Report::isPrinted()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("report.pdf"));
+    QCOMPARE(writePdf(reportPage(exampleReport(QStringLiteral("<b>相机</b>"))), path), QString());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray pdf = file.readAll();
+    QVERIFY(pdf.startsWith("%PDF-"));
+    QVERIFY(pdf.trimmed().endsWith("%%EOF"));
+    QVERIFY(pdf.contains("/MediaBox [0 0 595"));
+    QVERIFY(!writePdf(reportPage(exampleReport()), folder.filePath(QStringLiteral("nowhere/report.pdf"))).isEmpty());
+    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("nowhere/report.pdf"))));
+}
+
+QTEST_MAIN(tst_Report)
+#include "tst_Report.moc"
