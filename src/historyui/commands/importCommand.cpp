@@ -1,0 +1,235 @@
+#include "exchange/recordLines.h"
+#include "exchange/runFolders.h"
+#include "historyui/commands/CommandContext.h"
+#include "historyui/commands/Interruption.h"
+#include "historyui/commands/Progress.h"
+#include "record/recordJson.h"
+
+#include <cstdio>
+#include <deque>
+#include <future>
+#include <QFile>
+#include <QFileInfo>
+#include <thread>
+
+namespace {
+/// Lines of a stream that are read as records on a thread of their own.
+struct Piece
+{
+    QVector<RecordLine> lines;
+};
+
+struct ReadPiece
+{
+    QVector<RunRows> rows;
+    QVector<RecordLine> refused; ///< with the reason
+};
+
+ReadPiece readPiece(const Piece &piece)
+{
+    ReadPiece read;
+    for (const RecordLine &line : piece.lines) {
+        QString error = line.error;
+        const std::optional<RunRecord> run = error.isEmpty() ? fromJson(line.json, &error) : std::nullopt;
+        if (run) {
+            read.rows.append(runRows(*run));
+        } else {
+            read.refused.append({line.number, {}, error});
+        }
+    }
+    return read;
+}
+
+/// Takes runs in, piece by piece, each in a transaction of its own: whatever ends the program, what was taken in by
+/// then is in the store, and the next import passes over it.
+class Import
+{
+public:
+    explicit Import(CommandContext *context) : m_context(context), m_progress(QStringLiteral("import")) {}
+
+    /// False: it cannot go on.
+    bool take(const QString &path)
+    {
+        if (path != QLatin1String("-") && QFileInfo(path).isDir()) {
+            return takeFolder(path);
+        }
+        QFile file(path);
+        const bool isOpen =
+            path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+        if (!isOpen) {
+            tell(QStringLiteral("%1: %2").arg(path, file.errorString()));
+            m_isTrouble = true;
+            return true;
+        }
+        return takeFile(file, path);
+    }
+
+    int finish()
+    {
+        m_progress.clear();
+        std::printf("%lld added, %lld already there, %lld refused\n", static_cast<long long>(m_added),
+                    static_cast<long long>(m_known), static_cast<long long>(m_refused));
+        std::fflush(stdout);
+        if (Interruption::isWanted()) {
+            return historyExit::interrupted;
+        }
+        return m_isTrouble ? historyExit::trouble : m_refused > 0 ? historyExit::nothing : historyExit::done;
+    }
+
+private:
+    void tell(const QString &text)
+    {
+        m_progress.clear();
+        std::fprintf(stderr, "KestHistory: %s\n", qUtf8Printable(text));
+    }
+
+    bool insert(const QVector<RunRows> &rows)
+    {
+        QVector<RunRows> fit;
+        for (const RunRows &run : rows) {
+            if (run.isFit()) {
+                fit.append(run);
+            } else {
+                ++m_refused;
+                tell(QStringLiteral("run %1 has no time").arg(run.id.toString(QUuid::WithoutBraces)));
+            }
+        }
+        if (fit.isEmpty()) {
+            return true;
+        }
+        const std::optional<int> added = m_context->store->insert(fit);
+        if (!added) {
+            tell(m_context->store->error().text);
+            m_isTrouble = true;
+            return false;
+        }
+        m_added += *added;
+        m_known += fit.size() - *added;
+        return true;
+    }
+
+    bool takeFile(QFile &file, const QString &path)
+    {
+        constexpr int pieceSize = 500;
+        const qint64 all = file.isSequential() ? 0 : file.size();
+        const auto most = static_cast<std::size_t>(std::max(1U, std::thread::hardware_concurrency()));
+        std::deque<std::future<ReadPiece>> reading;
+        bool goesOn = true;
+        const auto insertFirst = [&] {
+            const ReadPiece read = reading.front().get();
+            reading.pop_front();
+            for (const RecordLine &line : read.refused) {
+                ++m_refused;
+                tell(QStringLiteral("%1:%2: %3").arg(path).arg(line.number).arg(line.error));
+            }
+            goesOn = insert(read.rows) && !Interruption::isWanted();
+        };
+        Piece piece;
+        const auto readOn = [&] {
+            reading.push_back(std::async(std::launch::async, readPiece, piece));
+            piece.lines.clear();
+            if (reading.size() > most) {
+                insertFirst();
+            }
+        };
+        forEachRecordLine(file, [&](const RecordLine &line, qint64 bytes) {
+            piece.lines.append(line);
+            if (piece.lines.size() >= pieceSize) {
+                readOn();
+                m_progress.show(bytes, all);
+            }
+            return goesOn;
+        });
+        if (goesOn && !piece.lines.isEmpty()) {
+            readOn();
+        }
+        while (goesOn && !reading.empty()) {
+            insertFirst();
+        }
+        return goesOn;
+    }
+
+    bool takeFolder(const QString &path)
+    {
+        constexpr int pieceSize = 200;
+        const QList<FoundLog> logs = findLogs(path);
+        if (logs.isEmpty()) {
+            tell(QStringLiteral("%1: no DetectorLog.txt in folders such as 2024-05-06_60601F0A5F2A").arg(path));
+            ++m_refused;
+        }
+        QVector<RunRows> rows;
+        QHash<QUuid, int> sameBefore;
+        QString folder;
+        for (int i = 0; i < logs.size(); ++i) {
+            if (logs.at(i).folderName != folder) {
+                folder = logs.at(i).folderName;
+                sameBefore.clear();
+            }
+            takeLog(logs.at(i), &sameBefore, &rows);
+            m_progress.show(i, logs.size());
+            const bool isLast = i == logs.size() - 1;
+            if ((rows.size() >= pieceSize || isLast) && !insert(rows)) {
+                return false;
+            }
+            if (rows.size() >= pieceSize) {
+                rows.clear();
+            }
+            if (Interruption::isWanted()) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    void takeLog(const FoundLog &log, QHash<QUuid, int> *sameBefore, QVector<RunRows> *rows)
+    {
+        const auto refuse = [this, &log](const QString &reason) {
+            ++m_refused;
+            tell(QStringLiteral("%1: %2").arg(log.path, reason));
+        };
+        constexpr qint64 largest = 16 * 1024 * 1024;
+        QFile file(log.path);
+        if (!file.open(QIODevice::ReadOnly)) {
+            refuse(file.errorString());
+            return;
+        }
+        const QByteArray content = file.read(largest + 1);
+        if (content.size() > largest) {
+            refuse(QStringLiteral("larger than %1 MiB").arg(largest / 1024 / 1024));
+            return;
+        }
+        const RunFolderName folder = readRunFolderName(log.folderName).value_or(RunFolderName{});
+        const int same = (*sameBefore)[runIdOfLog(log.folderName, content, 0)]++;
+        int unknownLines = 0;
+        const std::optional<RunRecord> run =
+            recordOfLog(folder, content, logTime(folder, log.timeName, QFileInfo(file).lastModified()),
+                        runIdOfLog(log.folderName, content, same), &unknownLines);
+        if (!run) {
+            refuse(QStringLiteral("names no component"));
+            return;
+        }
+        if (unknownLines > 0) {
+            tell(QStringLiteral("%1: %2 lines are not understood").arg(log.path).arg(unknownLines));
+        }
+        rows->append(runRows(*run));
+    }
+
+    CommandContext *m_context;
+    Progress m_progress;
+    qint64 m_added = 0;
+    qint64 m_known = 0;
+    qint64 m_refused = 0;
+    bool m_isTrouble = false;
+};
+} // namespace
+
+int importRuns(CommandContext &context)
+{
+    Import runs(&context);
+    for (const QString &path : context.line.targets) {
+        if (!runs.take(path)) {
+            break;
+        }
+    }
+    return runs.finish();
+}
