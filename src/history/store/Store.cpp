@@ -496,7 +496,7 @@ QByteArray Store::readJson(const QUuid &run)
     if (!m_connection.run(query) || !query->next()) {
         return {};
     }
-    const QByteArray json = unpackRecord(query->value(0).toByteArray());
+    QByteArray json = unpackRecord(query->value(0).toByteArray());
     query->finish();
     if (json.isEmpty()) {
         m_connection.fail(StoreError::Kind::Damaged, run.toString(QUuid::WithoutBraces));
