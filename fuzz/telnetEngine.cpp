@@ -9,8 +9,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <QRegExp>
-#include <QTextCodec>
 
 namespace {
 constexpr unsigned withoutPatterns = 0x01;
@@ -27,11 +25,11 @@ void ignoreMessage(QtMsgType, const QMessageLogContext &, const QString &) {}
 void configure(KestTelnetPrivate &engine, unsigned settings)
 {
     if ((settings & withoutPatterns) != 0) {
-        engine.loginPattern = QRegExp();
-        engine.passwordPattern = QRegExp();
+        engine.loginPattern = TextPattern();
+        engine.passwordPattern = TextPattern();
     }
     if ((settings & withPrompt) != 0) {
-        engine.promptPattern = QRegExp(QStringLiteral("~ # "));
+        engine.promptPattern = TextPattern(QStringLiteral("~ # "));
     }
     if ((settings & withWindowSize) != 0) {
         engine.windowDims = QSize(80, 24);
@@ -55,7 +53,7 @@ qint64 heldBack(const KestTelnetPrivate &engine)
 extern "C" int LLVMFuzzerInitialize(int *, char ***)
 {
     qInstallMessageHandler(ignoreMessage);
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    takeLocaleForUtf8();
     return 0;
 }
 

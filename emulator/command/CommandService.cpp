@@ -53,8 +53,8 @@ std::optional<int> eepromAddress(Command command, const Frame &request)
 /// The result byte stays; the data behind it grow or shrink.
 QByteArray withWrongLength(QByteArray payload, int change)
 {
-    const int size = qBound(1, payload.size() + change, Frame::maxPayload);
-    const int grown = size - payload.size();
+    const auto size = static_cast<int>(qBound(1, payload.size() + change, Frame::maxPayload));
+    const auto grown = static_cast<int>(size - payload.size());
     payload.resize(size);
     if (grown > 0) {
         payload.replace(size - grown, grown, QByteArray(grown, '\0'));

@@ -26,7 +26,7 @@ bool wholeNumber(const QJsonValue &value, bool &negative, std::uint64_t &magnitu
     const bool hexadecimal = text.startsWith(QLatin1String("0x"));
     bool ok = false;
     negative = false;
-    magnitude = hexadecimal ? text.midRef(2).toULongLong(&ok, 16) : text.toULongLong(&ok, 10);
+    magnitude = hexadecimal ? text.mid(2).toULongLong(&ok, 16) : text.toULongLong(&ok, 10);
     return ok;
 }
 } // namespace

@@ -455,8 +455,8 @@ void readScenario(const JsonValueReader &reader, Scenario &scenario)
 QString syntaxError(const QByteArray &json, int offset, const QString &reason)
 {
     const QByteArray before = json.left(offset);
-    const int line = before.count('\n') + 1;
-    const int column = offset - before.lastIndexOf('\n');
+    const int line = static_cast<int>(before.count('\n') + 1);
+    const auto column = static_cast<int>(offset - before.lastIndexOf('\n'));
     return QStringLiteral("line %1, column %2 (offset %3): %4").arg(line).arg(column).arg(offset).arg(reason);
 }
 } // namespace

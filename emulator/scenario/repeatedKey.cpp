@@ -21,7 +21,7 @@ int endOfString(const QByteArray &json, int begin)
     while (i < json.size() && json[i] != '"') {
         i += json[i] == '\\' ? 2 : 1;
     }
-    return qMin(i, json.size());
+    return static_cast<int>(qMin(i, json.size()));
 }
 
 bool isFollowedByColon(const QByteArray &json, int end)

@@ -32,7 +32,8 @@ public:
     void take(const QByteArray &bytes)
     {
         m_pending += bytes;
-        for (int end = m_pending.indexOf('\n'); end >= 0; end = m_pending.indexOf('\n')) {
+        for (auto end = static_cast<int>(m_pending.indexOf('\n')); end >= 0;
+             end = static_cast<int>(m_pending.indexOf('\n'))) {
             const QByteArray line = m_pending.left(end).trimmed();
             m_pending.remove(0, end + 1);
             answer(line);

@@ -53,7 +53,8 @@ QString listeningProblem(const QHostAddress &address, quint16 port)
     return problem;
 }
 
-ServiceProcess::ServiceProcess(const QString &name, bool verbose) : m_name(name), m_verbose(verbose)
+ServiceProcess::ServiceProcess(const QString &name, bool verbose)
+    : m_name(name), m_verbose(verbose), m_process([] { prctl(PR_SET_PDEATHSIG, SIGKILL); })
 {
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
@@ -69,11 +70,6 @@ ServiceProcess::ServiceProcess(const QString &name, bool verbose) : m_name(name)
 ServiceProcess::~ServiceProcess()
 {
     stop();
-}
-
-void ServiceProcess::Process::setupChildProcess()
-{
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
 }
 
 QString ServiceProcess::start(const QString &program, const QStringList &arguments, const QHostAddress &address,

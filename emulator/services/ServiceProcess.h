@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <qt/versions.h>
 
 namespace emulator {
 
@@ -31,19 +32,13 @@ signals:
     void ended(const QString &reason);
 
 private:
-    class Process : public QProcess
-    {
-    protected:
-        void setupChildProcess() override;
-    };
-
     void forwardOutput();
 
     QString m_name;
     bool m_verbose;
     bool m_stopping = false;
     QByteArray m_lastOutput;
-    Process m_process;
+    PreparedProcess m_process;
 };
 
 /// Why a TCP port cannot be listened on; empty when it can.

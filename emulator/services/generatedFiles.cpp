@@ -56,7 +56,7 @@ GeneratedFile binaryFile(int index, int size, std::mt19937 &random)
 {
     QByteArray content(size, '\0');
     std::generate(content.begin(), content.end(), [&random] { return static_cast<char>(random() & 0xFF); });
-    const int names = static_cast<int>(binaryNames.size());
+    const auto names = static_cast<int>(binaryNames.size());
     const char *const name = binaryNames[static_cast<std::size_t>(index % names)];
     return {numbered(QString::fromUtf8(name), index / names), content};
 }
@@ -70,7 +70,8 @@ QVector<GeneratedFile> generateFiles(const ShellTree &tree)
     QVector<GeneratedFile> files;
     for (int left = tree.size; left > 0; left -= fileSize) {
         const int size = std::min(left, fileSize);
-        files.append(text ? logFile(files.size(), size, random) : binaryFile(files.size(), size, random));
+        files.append(text ? logFile(static_cast<int>(files.size()), size, random)
+                          : binaryFile(static_cast<int>(files.size()), size, random));
     }
     return files;
 }

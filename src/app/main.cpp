@@ -22,14 +22,14 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPixmapCache>
-#include <QTextCodec>
+#include <qt/versions.h>
 
 namespace {
 /// In the plain C locale neither the camera's texts nor a folder's name could hold Chinese.
 void useUtf8InPlainLocale()
 {
     if (localeIsPlain()) {
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+        takeLocaleForUtf8();
     }
 }
 

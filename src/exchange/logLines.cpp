@@ -181,7 +181,7 @@ QString textAt(const QString &line, int from, const std::array<const char *, siz
 {
     for (const char *const entry : texts) {
         const QString text = QString::fromUtf8(entry);
-        if (line.midRef(from).startsWith(text)) {
+        if (QStringView(line).mid(from).startsWith(text)) {
             return text;
         }
     }

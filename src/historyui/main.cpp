@@ -1,21 +1,19 @@
 #include "historyui/commands/commands.h"
 #include "historyui/commands/HistoryCommandLine.h"
+#include "platform/plainLocale.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
-#include <langinfo.h>
 #include <memory>
 #include <QGuiApplication>
-#include <QTextCodec>
+#include <qt/versions.h>
 
 namespace {
 /// In the plain C locale neither an argument nor a file's name could hold Chinese.
 void useUtf8InPlainLocale()
 {
-    const char *codeset = nl_langinfo(CODESET); // NOLINT(concurrency-mt-unsafe): no other thread is there yet
-    if (std::strcmp(codeset, "ANSI_X3.4-1968") == 0) {
-        QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    if (localeIsPlain()) {
+        takeLocaleForUtf8();
     }
 }
 

@@ -35,7 +35,7 @@ bool readBound(const QString &text, std::optional<double> *bound)
 ReadLimit readRange(const QString &text)
 {
     ReadLimit read;
-    const int sign = text.indexOf(rangeSign);
+    const auto sign = static_cast<int>(text.indexOf(rangeSign));
     if (sign < 0 || !readBound(text.left(sign).trimmed(), &read.limit.least) ||
         !readBound(text.mid(sign + rangeSign.size()).trimmed(), &read.limit.most)) {
         read.error = QStringLiteral("not a range such as 3.6..4.35, ..45 or 30000..");

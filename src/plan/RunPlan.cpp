@@ -79,7 +79,7 @@ QString componentNames()
 /// Adds one component of a requested run; an error text, or an empty one.
 QString addRequested(const QString &entry, const QStringList &knownComponents, RequestedRun *run)
 {
-    const int colon = entry.indexOf(QLatin1Char(':'));
+    const auto colon = static_cast<int>(entry.indexOf(QLatin1Char(':')));
     const QString name = entry.left(colon);
     if (entry == QLatin1String("all")) {
         for (const QString &known : knownComponents) {

@@ -151,9 +151,9 @@ void tst_PacketCodec::encodesAndParsesFrame()
 
     QCOMPARE(encode(fields).toHex(), frame.toHex());
 
-    QVERIFY(packetCheck(bytesOf(frame), frame.size()));
+    QVERIFY(packetCheck(bytesOf(frame), static_cast<int>(frame.size())));
     KestDataPacket parsed;
-    parsePacket(bytesOf(frame), frame.size(), &parsed);
+    parsePacket(bytesOf(frame), static_cast<int>(frame.size()), &parsed);
     QCOMPARE(parsed.ver, fields.ver);
     QCOMPARE(parsed.len, fields.len);
     QCOMPARE(parsed.flags, fields.flags);
@@ -188,9 +188,9 @@ void tst_PacketCodec::highLengthBitsGoIntoLowNibbleOfByte1()
     QByteArray frame = encode(packet(5, static_cast<std::uint16_t>(length), 0x12, 7, 0, 6, 1, 6, 0x21, payload));
     QCOMPARE(frame.left(12).toHex(), header);
     QCOMPARE(frame.mid(12), payload);
-    QVERIFY(packetCheck(bytesOf(frame), frame.size()));
+    QVERIFY(packetCheck(bytesOf(frame), static_cast<int>(frame.size())));
     KestDataPacket parsed;
-    parsePacket(bytesOf(frame), frame.size(), &parsed);
+    parsePacket(bytesOf(frame), static_cast<int>(frame.size()), &parsed);
     QCOMPARE(parsed.ver, std::uint8_t(5));
     QCOMPARE(int(parsed.len), length);
     QVERIFY(std::equal(payload.begin(), payload.end(), parsed.data.begin(),
@@ -225,10 +225,10 @@ void tst_PacketCodec::lengthBelowHeaderWritesHeaderOnly()
 void tst_PacketCodec::parsedDataIsUntouchedWithoutPayload()
 {
     QByteArray frame = QByteArray::fromHex("aa000c120001bcfd00616022");
-    QVERIFY(packetCheck(bytesOf(frame), frame.size()));
+    QVERIFY(packetCheck(bytesOf(frame), static_cast<int>(frame.size())));
     KestDataPacket parsed;
     parsed.data.fill(untouched);
-    parsePacket(bytesOf(frame), frame.size(), &parsed);
+    parsePacket(bytesOf(frame), static_cast<int>(frame.size()), &parsed);
     QCOMPARE(std::count(parsed.data.begin(), parsed.data.end(), untouched), std::ptrdiff_t(1011));
 }
 
@@ -237,7 +237,7 @@ void tst_PacketCodec::parseTakesLengthOfDatagramAndKeepsHead()
     const QByteArray frame = QByteArray::fromHex("550fff120001bcfd00616022");
     KestDataPacket parsed;
     parsed.head = 0x33;
-    parsePacket(bytesOf(frame), frame.size(), &parsed);
+    parsePacket(bytesOf(frame), static_cast<int>(frame.size()), &parsed);
     QCOMPARE(parsed.head, std::uint8_t(0x33));
     QCOMPARE(parsed.len, std::uint16_t(12));
 }
@@ -250,7 +250,7 @@ void tst_PacketCodec::parseKeepsPayloadInsideRecord()
         std::array<std::uint8_t, 64> behind{};
     } guarded;
     const QByteArray datagram(65535, '\x5A');
-    parsePacket(bytesOf(datagram), datagram.size(), &guarded.packet);
+    parsePacket(bytesOf(datagram), static_cast<int>(datagram.size()), &guarded.packet);
     QCOMPARE(guarded.packet.len, std::uint16_t(65535));
     QCOMPARE(guarded.packet.data.back(), std::uint8_t(0x5A));
     QCOMPARE(std::count(guarded.behind.begin(), guarded.behind.end(), 0), std::ptrdiff_t(64));
@@ -259,7 +259,7 @@ void tst_PacketCodec::parseKeepsPayloadInsideRecord()
 void tst_PacketCodec::packetCheckAcceptsAnyVersion()
 {
     QByteArray frame = QByteArray::fromHex("aa500e018001d85e7e46406100ff");
-    QVERIFY(packetCheck(bytesOf(frame), frame.size()));
+    QVERIFY(packetCheck(bytesOf(frame), static_cast<int>(frame.size())));
 }
 
 void tst_PacketCodec::packetCheckRejects_data()
@@ -280,7 +280,7 @@ void tst_PacketCodec::packetCheckRejects()
 {
     QFETCH(QByteArray, datagram);
     const QByteArray before(datagram.constData(), datagram.size());
-    QVERIFY(!packetCheck(bytesOf(datagram), datagram.size()));
+    QVERIFY(!packetCheck(bytesOf(datagram), static_cast<int>(datagram.size())));
     QCOMPARE(datagram.toHex(), before.toHex()); // the checksum was not reached
 }
 
@@ -297,7 +297,7 @@ void tst_PacketCodec::packetCheckZeroesChecksum()
 {
     QFETCH(QByteArray, datagram);
     QFETCH(bool, accepted);
-    QCOMPARE(packetCheck(bytesOf(datagram), datagram.size()), accepted);
+    QCOMPARE(packetCheck(bytesOf(datagram), static_cast<int>(datagram.size())), accepted);
     QCOMPARE(datagram.toHex(), QByteArray("aa000c120001000000616022"));
 }
 
@@ -315,9 +315,9 @@ void tst_PacketCodec::randomFramesSurviveRoundTrip()
         const QByteArray frame = encode(sent);
         QCOMPARE(frame.size(), length);
         QByteArray received(frame.constData(), frame.size());
-        QVERIFY(packetCheck(bytesOf(received), received.size()));
+        QVERIFY(packetCheck(bytesOf(received), static_cast<int>(received.size())));
         KestDataPacket parsed;
-        parsePacket(bytesOf(received), received.size(), &parsed);
+        parsePacket(bytesOf(received), static_cast<int>(received.size()), &parsed);
         QVERIFY(parsed.data == sent.data);
         QCOMPARE(encode(parsed).toHex(), frame.toHex());
     }
@@ -329,7 +329,7 @@ void tst_PacketCodec::everyDamagedBitIsNoticed()
     for (int bit = 0; bit < frame.size() * 8; ++bit) {
         QByteArray damaged(frame.constData(), frame.size());
         damaged[bit / 8] = static_cast<char>(damaged.at(bit / 8) ^ (1 << (bit % 8)));
-        QVERIFY2(!packetCheck(bytesOf(damaged), damaged.size()), qPrintable(QString::number(bit)));
+        QVERIFY2(!packetCheck(bytesOf(damaged), static_cast<int>(damaged.size())), qPrintable(QString::number(bit)));
     }
 }
 
@@ -379,7 +379,7 @@ void tst_PacketCodec::crcOfLiteralBytes()
     QFETCH(quint16, crc16);
     QFETCH(quint32, crc32);
     std::uint16_t stored = 0xAAAA;
-    QCOMPARE(getcrc16(bytesOf(bytes), bytes.size(), &stored), crc16);
+    QCOMPARE(getcrc16(bytesOf(bytes), static_cast<int>(bytes.size()), &stored), crc16);
     QCOMPARE(stored, crc16);
     QCOMPARE(mapi_eeprom_crc16(bytesOf(bytes), static_cast<unsigned short>(bytes.size())), crc16);
     QCOMPARE(mapi_eeprom_crc32(bytesOf(bytes), static_cast<unsigned int>(bytes.size())), crc32);
@@ -422,11 +422,11 @@ void tst_PacketCodec::crcEqualsBitwiseDefinition()
     QRandomGenerator random(seed);
     for (int round = 0; round < 2000; ++round) {
         const QByteArray bytes = randomBytes(random, random.bounded(1, 1100));
-        const int skipped = random.bounded(std::min(8, bytes.size())); // any alignment
+        const int skipped = random.bounded(std::min(8, static_cast<int>(bytes.size()))); // any alignment
         const QByteArray part = bytes.mid(skipped);
         const auto length = static_cast<unsigned int>(part.size());
         const auto crc16 = static_cast<std::uint16_t>(~bitwiseCrc<std::uint16_t>(0xFFFF, 0xA001, part));
-        QCOMPARE(getcrc16(bytesOf(bytes) + skipped, part.size(), nullptr), crc16);
+        QCOMPARE(getcrc16(bytesOf(bytes) + skipped, static_cast<int>(part.size()), nullptr), crc16);
         QCOMPARE(mapi_eeprom_crc32(bytesOf(bytes) + skipped, length),
                  bitwiseCrc<std::uint32_t>(length, 0xEDB88320, part));
     }

@@ -60,13 +60,13 @@ QByteArray encoded(const KestDataPacket &packet)
 /// Whether the station takes the datagram for a frame; it zeroes the checksum of its copy.
 bool isFrameForStation(QByteArray datagram)
 {
-    return packetCheck(reinterpret_cast<std::uint8_t *>(datagram.data()), datagram.size());
+    return packetCheck(reinterpret_cast<std::uint8_t *>(datagram.data()), static_cast<int>(datagram.size()));
 }
 
 KestDataPacket parsed(QByteArray datagram)
 {
     KestDataPacket packet;
-    parsePacket(reinterpret_cast<std::uint8_t *>(datagram.data()), datagram.size(), &packet);
+    parsePacket(reinterpret_cast<std::uint8_t *>(datagram.data()), static_cast<int>(datagram.size()), &packet);
     return packet;
 }
 } // namespace
@@ -119,7 +119,7 @@ void tst_ProtocolVectors::frameChecksums()
     QFETCH(QByteArray, bytes);
     QFETCH(uint, checksum);
     std::uint16_t station = 0xEEEE;
-    getcrc16(reinterpret_cast<const std::uint8_t *>(bytes.constData()), bytes.size(), &station);
+    getcrc16(reinterpret_cast<const std::uint8_t *>(bytes.constData()), static_cast<int>(bytes.size()), &station);
     QCOMPARE(uint{station}, checksum);
     QCOMPARE(uint{emulator::frameChecksum(bytes)}, checksum);
 }

@@ -11,7 +11,7 @@ public:
 
     const QString &path() const { return m_path; }
     QByteArray content() const;
-    int count(const QByteArray &text) const { return content().count(text); }
+    int count(const QByteArray &text) const { return static_cast<int>(content().count(text)); }
     /// Waits until `text` stands in it `times` times; false when that takes longer than `limitMs`.
     bool waitFor(const QByteArray &text, int times = 1, int limitMs = 60000) const;
 

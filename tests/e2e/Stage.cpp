@@ -24,7 +24,7 @@ QStringList namedRows()
     QStringList rows;
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     for (const QString &argument : arguments) {
-        const int colon = argument.indexOf(QLatin1Char(':'));
+        const auto colon = static_cast<int>(argument.indexOf(QLatin1Char(':')));
         if (colon >= 0 && !argument.startsWith(QLatin1Char('-'))) {
             rows.append(argument.mid(colon + 1));
         }

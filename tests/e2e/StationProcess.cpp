@@ -53,7 +53,8 @@ bool StationProcess::startsAsShipped()
     return qEnvironmentVariable("KEST_E2E_SETTINGS") == QLatin1String("shipped");
 }
 
-StationProcess::StationProcess()
+// Dies with the test, should that be killed: a station that is left behind keeps its port.
+StationProcess::StationProcess() : m_process([] { prctl(PR_SET_PDEATHSIG, SIGKILL); })
 {
     const QString program = m_folder.filePath(QStringLiteral("KestDetector"));
     // A hard link is enough where the file system allows it: the program looks for its files where it was started.
@@ -67,11 +68,6 @@ StationProcess::StationProcess()
     setVariable(QStringLiteral("TMPDIR"), m_temporary.path());
     // Qt would make one of its own among the temporary files.
     setVariable(QStringLiteral("XDG_RUNTIME_DIR"), m_capture.path());
-}
-
-void StationProcess::Process::setupChildProcess()
-{
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
 }
 
 StationProcess::~StationProcess()
@@ -176,7 +172,7 @@ QStringList StationProcess::verdicts() const
 {
     static const QRegularExpression verdict(QStringLiteral("^[A-Za-z ]+: (OK|NG|warning|not tested)$"));
     const QStringList lines = QString::fromUtf8(m_output.content()).split(QLatin1Char('\n'));
-    const int end = lines.lastIndexOf(QRegularExpression(QStringLiteral("^Result: .*$")));
+    const auto end = static_cast<int>(lines.lastIndexOf(QRegularExpression(QStringLiteral("^Result: .*$"))));
     int begin = end;
     while (begin > 0 && verdict.match(lines.at(begin - 1)).hasMatch()) {
         --begin;

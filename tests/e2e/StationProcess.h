@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <qt/versions.h>
 #include <QTemporaryDir>
 
 /// The station as a process on the offscreen platform, in a folder of its own with its own option.ini, log.txt and
@@ -72,13 +73,6 @@ public:
     QStringList leftovers() const;
 
 private:
-    /// Dies with the test, should that be killed: a station that is left behind keeps its port.
-    class Process : public QProcess
-    {
-    protected:
-        void setupChildProcess() override;
-    };
-
     void launch(const QStringList &arguments);
 
     QTemporaryDir m_folder;
@@ -88,5 +82,5 @@ private:
     LogFile m_output{m_capture.filePath(QStringLiteral("output"))};
     LogFile m_debugOutput{m_capture.filePath(QStringLiteral("debug"))};
     QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
-    Process m_process;
+    PreparedProcess m_process;
 };

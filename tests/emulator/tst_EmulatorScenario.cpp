@@ -297,7 +297,7 @@ QMap<QString, QString> manualRows(const QString &heading)
         return rows;
     }
     static const QRegularExpression row(QStringLiteral("^\\| `([^`]+)` \\| (.*) \\|$"));
-    const int level = heading.indexOf(QLatin1Char(' '));
+    const auto level = static_cast<int>(heading.indexOf(QLatin1Char(' ')));
     bool inside = false;
     const QStringList lines = QString::fromUtf8(manual.readAll()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {

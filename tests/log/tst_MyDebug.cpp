@@ -191,7 +191,7 @@ void tst_MyDebug::terminatorWithinChainRepeatsEarlierPieces()
 {
     MyDebug() << "A" << MyDebug::terminator() << "B" << MyDebug::terminator();
     const QByteArray bytes = logBytes();
-    const int first = bytes.indexOf("$#$\r\n") + 5;
+    const auto first = static_cast<int>(bytes.indexOf("$#$\r\n") + 5);
     QCOMPARE(bytes.left(first).mid(stampSize), QByteArray(" : A  $#$\r\n"));
     QCOMPARE(bytes.mid(first + stampSize), QByteArray(" : A  B  $#$\r\n"));
 }

@@ -8,9 +8,7 @@
 #include <functional>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
-#include <QRegExp>
 #include <QSignalSpy>
-#include <QTextCodec>
 #include <QtTest>
 
 using Pieces = QByteArrayList;
@@ -45,8 +43,8 @@ struct Session
 
     void clearPatterns()
     {
-        telnet.setLoginPattern(QRegExp());
-        telnet.setPasswordPattern(QRegExp());
+        telnet.setLoginPattern(TextPattern());
+        telnet.setPasswordPattern(TextPattern());
     }
 
     /// The server says `hex`; what the engine writes in answer, as hex digits.
@@ -160,7 +158,7 @@ private slots:
 void tst_KestTelnet::initTestCase()
 {
     // The locale of the test run must not matter.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    takeLocaleForUtf8();
 }
 
 void tst_KestTelnet::sessionOpensWithFourOptions()
@@ -735,7 +733,7 @@ void tst_KestTelnet::loginForgetsPassword()
 void tst_KestTelnet::promptPatternLogsIn()
 {
     Session session;
-    session.telnet.setPromptPattern(QRegExp(QStringLiteral("~ # ")));
+    session.telnet.setPromptPattern(TextPattern(QStringLiteral("~ # ")));
     session.telnet.login(QStringLiteral("root\n"), QStringLiteral("secret\n"));
     session.settleAuthentication();
     session.answer(QByteArray("welcome\r\n~ # ").toHex());
@@ -749,13 +747,13 @@ void tst_KestTelnet::promptPatternLogsIn()
 
 void tst_KestTelnet::formsOfPatterns_data()
 {
-    QTest::addColumn<QRegExp>("pattern");
+    QTest::addColumn<TextPattern>("pattern");
     QTest::addColumn<bool>("found");
 
     const auto row = [](const char *name, const char *pattern, bool found,
                         Qt::CaseSensitivity sensitivity = Qt::CaseSensitive,
-                        QRegExp::PatternSyntax syntax = QRegExp::RegExp) {
-        QTest::newRow(name) << QRegExp(QString::fromLatin1(pattern), sensitivity, syntax) << found;
+                        TextPattern::PatternSyntax syntax = TextPattern::RegExp) {
+        QTest::newRow(name) << TextPattern(QString::fromLatin1(pattern), sensitivity, syntax) << found;
     };
     row("plain text", "shell> ", true);
     row("plain text that is not there", "shell# ", false);
@@ -767,13 +765,13 @@ void tst_KestTelnet::formsOfPatterns_data()
     row("alternatives", "root#|shell>", true);
     row("other case", "SHELL>", true, Qt::CaseInsensitive);
     row("other case, not allowed", "SHELL>", false);
-    row("wildcard", "camera*> ", true, Qt::CaseSensitive, QRegExp::Wildcard);
-    row("fixed string with special characters", "?shell", false, Qt::CaseSensitive, QRegExp::FixedString);
+    row("wildcard", "camera*> ", true, Qt::CaseSensitive, TextPattern::Wildcard);
+    row("fixed string with special characters", "?shell", false, Qt::CaseSensitive, TextPattern::FixedString);
 }
 
 void tst_KestTelnet::formsOfPatterns()
 {
-    QFETCH(QRegExp, pattern);
+    QFETCH(TextPattern, pattern);
     QFETCH(bool, found);
     Session session;
     session.telnet.setPromptPattern(pattern);
@@ -796,7 +794,7 @@ void tst_KestTelnet::nullAuthenticationWithoutPatterns()
 {
     Session session;
     session.clearPatterns();
-    session.telnet.setPromptPattern(QRegExp(QStringLiteral("~ # ")));
+    session.telnet.setPromptPattern(TextPattern(QStringLiteral("~ # ")));
     QCOMPARE(session.answer("fffa2501fff0"), QByteArray("fffa25000000fff0"));
     QCOMPARE(session.events, QStringList{QStringLiteral("<loggedIn>")});
     // That is the login: the prompt does not report another one.
@@ -825,8 +823,8 @@ void tst_KestTelnet::registeredAuthentication()
     TwoStepAuth method(static_cast<KestTelnetAuth::AuthState>(outcome));
     OpenSession session;
     if (!patterns) {
-        session.engine.loginPattern = QRegExp();
-        session.engine.passwordPattern = QRegExp();
+        session.engine.loginPattern = TextPattern();
+        session.engine.passwordPattern = TextPattern();
     }
     session.engine.authMethods.insert(6, &method);
     const QSignalSpy required(&session.telnet, &KestTelnet::loginRequired);

@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <QHostAddress>
-#include <QRegExp>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -305,7 +304,7 @@ void tst_KestTelnetConnection::synchIsUrgentData()
     QCOMPARE(server.receive(12).size(), 12);
 
     // Qt mixes urgent data into the stream; here it is to be told apart.
-    const int descriptor = static_cast<int>(server.peer->socketDescriptor());
+    const auto descriptor = static_cast<int>(server.peer->socketDescriptor());
     const int off = 0;
     QCOMPARE(::setsockopt(descriptor, SOL_SOCKET, SO_OOBINLINE, &off, sizeof off), 0);
     client.telnet.sendData(QStringLiteral("a"));

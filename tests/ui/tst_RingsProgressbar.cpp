@@ -39,7 +39,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         QFont font(QStringLiteral("Microsoft YaHei"), 15);
-        font.setWeight(75);
+        font.setWeight(QFont::Bold);
         painter.setFont(font);
         painter.setPen(QColor(QStringLiteral("#555555")));
         painter.drawText(QRectF(20, 20, 160, 160), Qt::AlignCenter, m_text);

@@ -18,7 +18,6 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QPixmap>
-#include <QTextStream>
 #include <utility>
 
 namespace {
@@ -40,9 +39,9 @@ QString verdictText(int outcome)
 
 void print(std::FILE *file, const QString &text)
 {
-    QTextStream out(file);
-    out.setCodec("UTF-8");
-    out << text << Qt::flush;
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
+    std::fflush(file);
 }
 
 int malformed(const QList<SettingProblem> &problems)

@@ -33,7 +33,7 @@ bool walkItems(int component, const std::array<Row, size> &table, const QList<in
         } else {
             qWarning().noquote() << "Unknown item" << index << "of the component" << getComponent(component);
         }
-        emit face->signal_showCurrentPersent((i + 1) * 100 / items.size());
+        emit face->signal_showCurrentPersent(static_cast<int>((i + 1) * 100 / items.size()));
     }
     return true;
 }

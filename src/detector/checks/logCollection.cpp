@@ -22,7 +22,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QObject>
-#include <QTextStream>
 
 namespace {
 using Setting = QString Settings::*;
@@ -135,10 +134,7 @@ QString writeText(const PartFile &place, const QString &text, bool complete)
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
         return file.errorString();
     }
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    stream << text;
-    stream.flush();
+    file.write(text.toUtf8());
     // Asked before the file is closed, which forgets the reason.
     if (!file.flush() || file.error() != QFileDevice::NoError) {
         return file.errorString();

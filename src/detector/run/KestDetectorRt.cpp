@@ -16,7 +16,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMetaMethod>
-#include <QTextStream>
 
 namespace {
 constexpr std::chrono::milliseconds exitLimit(1000);
@@ -64,15 +63,13 @@ std::optional<UnsavedFile> LogFolder::write(const char *name, const QList<checkL
         qWarning().noquote() << "Detection log not written:" << file.fileName() << reason;
         return UnsavedFile{file.fileName(), reason};
     }
-    QTextStream out(&file);
-    out.setCodec("UTF-8");
     if (!doubt.isEmpty()) {
-        out << doubt << QStringLiteral("\n\n");
+        file.write((doubt + QStringLiteral("\n\n")).toUtf8());
     }
     for (const checkLog &log : logs) {
-        out << logBlock(log) << Qt::flush;
+        file.write(logBlock(log).toUtf8());
+        file.flush();
     }
-    out.flush();
     if (!file.flush() || file.error() != QFile::NoError) {
         qWarning().noquote() << "Detection log not complete:" << file.fileName() << file.errorString();
         return UnsavedFile{file.fileName(), file.errorString()};
@@ -149,7 +146,7 @@ void KestDetectorRt::run(const QList<ComponentTask> &plan)
         runTask(task, &outcome, &recorder);
         workerThread.pause(taskPause);
         ++done;
-        emit face->signal_showTotalPersent(done * 100 / plan.size());
+        emit face->signal_showTotalPersent(static_cast<int>(done * 100 / plan.size()));
     }
     const bool closing = stopping() && !face->run.isStopped();
     outcome.end = face->run.finish();

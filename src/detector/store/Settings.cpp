@@ -162,9 +162,9 @@ void readRow(const Row &row, const QSettings &file, Settings *settings)
     const bool sound = row.take(value, settings);
     if (!stored.isValid()) {
         complain(Kind::Missing, translated("missing"));
-    } else if (!sound && stored.type() == QVariant::String && value.isEmpty()) {
+    } else if (!sound && stored.userType() == QMetaType::QString && value.isEmpty()) {
         complain(Kind::Missing, translated("empty"));
-    } else if (stored.type() == QVariant::StringList) {
+    } else if (stored.userType() == QMetaType::QStringList) {
         complain(Kind::Malformed, translated("a comma stands outside of double quotes"));
     } else if (!sound) {
         complain(Kind::Malformed,

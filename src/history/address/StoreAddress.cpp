@@ -58,7 +58,7 @@ void addHosts(Options *options, const QString &text)
     QStringList hosts;
     QStringList ports;
     for (const QString &entry : text.split(QLatin1Char(','))) {
-        const int colon = entry.indexOf(QLatin1Char(':'), entry.lastIndexOf(QLatin1Char(']')) + 1);
+        const auto colon = static_cast<int>(entry.indexOf(QLatin1Char(':'), entry.lastIndexOf(QLatin1Char(']')) + 1));
         QString host = entry.left(colon);
         if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'))) {
             host = host.mid(1, host.size() - 2);
@@ -93,7 +93,7 @@ std::optional<StoreAddress> StoreAddress::server(const QString &url, QString *er
     const QString rest = url.mid(QLatin1String(*scheme).size());
     const QString place = rest.section(QLatin1Char('?'), 0, 0);
     const QString authority = place.section(QLatin1Char('/'), 0, 0);
-    const int at = authority.lastIndexOf(QLatin1Char('@'));
+    const auto at = static_cast<int>(authority.lastIndexOf(QLatin1Char('@')));
     const QString user = authority.left(std::max(at, 0));
 
     Options options;

@@ -22,7 +22,7 @@ void InputGatherer::setUrgentTexts(const QByteArrayList &texts)
     m_urgentTexts = texts;
     m_longestUrgentText = 0;
     for (const QByteArray &text : texts) {
-        m_longestUrgentText = std::max(m_longestUrgentText, text.size());
+        m_longestUrgentText = std::max(m_longestUrgentText, static_cast<int>(text.size()));
     }
 }
 
@@ -32,7 +32,7 @@ void InputGatherer::add(const QByteArray &bytes)
         m_taker(bytes);
         return;
     }
-    const int from = std::max(0, m_bytes.size() - m_longestUrgentText + 1);
+    const int from = std::max(0, static_cast<int>(m_bytes.size()) - m_longestUrgentText + 1);
     m_bytes += bytes;
     const bool longReply = m_handedOn >= smallestPiece;
     if (m_bytes.size() >= std::clamp(m_handedOn, smallestPiece, largestPiece) || isUrgent(from)) {
@@ -51,7 +51,7 @@ bool InputGatherer::isUrgent(int from) const
 void InputGatherer::handOn()
 {
     m_quiet.stop();
-    m_handedOn = std::min(m_handedOn + m_bytes.size(), largestPiece);
+    m_handedOn = std::min(m_handedOn + static_cast<int>(m_bytes.size()), largestPiece);
     const QByteArray piece = std::exchange(m_bytes, QByteArray());
     if (!piece.isEmpty()) {
         m_taker(piece);

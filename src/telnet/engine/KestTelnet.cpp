@@ -4,7 +4,6 @@
 #include "telnet/engine/KestTelnetPrivate.h"
 
 #include <array>
-#include <QRegExp>
 #include <QSize>
 
 namespace {
@@ -55,17 +54,17 @@ void KestTelnet::close()
     d->close();
 }
 
-void KestTelnet::setLoginPattern(const QRegExp &pattern)
+void KestTelnet::setLoginPattern(const TextPattern &pattern)
 {
     d->loginPattern = pattern;
 }
 
-void KestTelnet::setPasswordPattern(const QRegExp &pattern)
+void KestTelnet::setPasswordPattern(const TextPattern &pattern)
 {
     d->passwordPattern = pattern;
 }
 
-void KestTelnet::setPromptPattern(const QRegExp &pattern)
+void KestTelnet::setPromptPattern(const TextPattern &pattern)
 {
     d->promptPattern = pattern;
 }

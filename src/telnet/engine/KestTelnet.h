@@ -5,9 +5,9 @@
 #include <QByteArrayList>
 #include <QObject>
 #include <QString>
+#include <qt/versions.h>
 
 class KestTelnetPrivate;
-class QRegExp;
 class QSize;
 class QTcpSocket;
 
@@ -15,7 +15,7 @@ class QTcpSocket;
 /// its option negotiation (RFC 855: terminal type RFC 1091, window size RFC 1073, authentication RFC 2941) and sends
 /// texts and control functions. Sends while not connected are dropped. Object, socket and all work live on one thread.
 ///
-/// Text is encoded by the locale (`QTextCodec::codecForLocale()`) in both directions. A lone command of the server,
+/// Text is encoded by the locale (`LocaleDecoder`) in both directions. A lone command of the server,
 /// such as IAC NOP or IAC IAC, at the start of what is left to read holds back all that follows it until the next
 /// connection.
 class KestTelnet : public QObject
@@ -51,9 +51,9 @@ public:
     void close();
 
     // An empty pattern is not looked for. The prompt is that of the shell: it ends the search for all three.
-    void setLoginPattern(const QRegExp &pattern);
-    void setPasswordPattern(const QRegExp &pattern);
-    void setPromptPattern(const QRegExp &pattern);
+    void setLoginPattern(const TextPattern &pattern);
+    void setPasswordPattern(const TextPattern &pattern);
+    void setPromptPattern(const TextPattern &pattern);
 
     /// Sends `data` as it is: no line-end translation, no doubling of IAC.
     void sendData(const QString &data);

@@ -22,10 +22,10 @@ constexpr std::array allowedOptions{telnetOption::suppressGoAhead, telnetOption:
                                     telnetOption::lineMode,        telnetOption::authentication};
 
 /// The text with which every match of a pattern begins; empty where that is not plain to see.
-QString literalStart(const QRegExp &pattern)
+QString literalStart(const TextPattern &pattern)
 {
     const QString text = pattern.pattern();
-    if (pattern.patternSyntax() != QRegExp::RegExp || pattern.caseSensitivity() != Qt::CaseSensitive ||
+    if (pattern.patternSyntax() != TextPattern::RegExp || pattern.caseSensitivity() != Qt::CaseSensitive ||
         text.contains(QLatin1Char('|'))) {
         return {};
     }
@@ -39,7 +39,7 @@ QString literalStart(const QRegExp &pattern)
 }
 
 /// A plain search first: the pattern alone would take 10 ms for a long text without a prompt.
-bool matches(const QRegExp &pattern, const QString &text)
+bool matches(const TextPattern &pattern, const QString &text)
 {
     return !pattern.isEmpty() && text.contains(literalStart(pattern)) && pattern.indexIn(text) != -1;
 }
@@ -153,7 +153,7 @@ void KestTelnetPrivate::socketConnected()
     ++m_session;
     pendingInput.clear();
     gatherer.clear();
-    m_codec = nullptr;
+    m_decoder = LocaleDecoder();
     watchPeer(socket);
     exceptionNotifier.reset();
     const qintptr descriptor = socket->socketDescriptor();
@@ -321,7 +321,7 @@ int KestTelnetPrivate::parseInput(const QByteArray &input)
     const quint64 session = m_session;
     int position = 0;
     while (position < input.size()) {
-        const Input rest{input.constData() + position, input.size() - position};
+        const Input rest{input.constData() + position, static_cast<int>(input.size()) - position};
         int consumed = 1;
         if (rest.at(0) == telnetCode::iac) {
             consumed = parseIAC(rest);
@@ -329,7 +329,7 @@ int KestTelnetPrivate::parseInput(const QByteArray &input)
             consumed = parsePlaintext(rest);
         }
         if (session != m_session) {
-            return input.size(); // a handler has connected anew: this is input of the past
+            return static_cast<int>(input.size()); // a handler has connected anew: this is input of the past
         }
         if (consumed == 0) {
             break;
@@ -416,7 +416,7 @@ int KestTelnetPrivate::parseSubNegotiation(Input input)
     default:
         qWarning("KestTelnetPrivate::parseIAC: unknown suboption %d", option);
     }
-    return negotiation.size() + subNegotiationFrame;
+    return static_cast<int>(negotiation.size() + subNegotiationFrame);
 }
 
 void KestTelnetPrivate::answerTerminalType(const QByteArray &negotiation)
@@ -469,29 +469,12 @@ int KestTelnetPrivate::parsePlaintext(Input input)
 {
     const void *const nul = std::memchr(input.data, '\0', static_cast<std::size_t>(input.size));
     if (nul == nullptr) {
-        handleText(decode(input, false));
+        handleText(m_decoder.decode(input.data, input.size, false));
         return input.size;
     }
     const int length = static_cast<int>(static_cast<const char *>(nul) - input.data);
-    handleText(decode(Input{input.data, length}, true));
+    handleText(m_decoder.decode(input.data, length, true));
     return length + 1;
-}
-
-/// Decodes a piece of text, which has `ended` when no further byte can belong to its last character. Otherwise a
-/// character that the network has split waits for its last bytes.
-QString KestTelnetPrivate::decode(Input piece, bool ended)
-{
-    QTextCodec *const codec = QTextCodec::codecForLocale();
-    if (codec != m_codec) {
-        m_codec = codec;
-        m_textState = std::make_unique<QTextCodec::ConverterState>();
-    }
-    QString text = codec->toUnicode(piece.data, piece.size, m_textState.get());
-    if (ended) {
-        text += QString(m_textState->remainingChars, QChar::ReplacementCharacter);
-        m_textState = std::make_unique<QTextCodec::ConverterState>();
-    }
-    return text;
 }
 
 void KestTelnetPrivate::handleText(QString text)

@@ -12,12 +12,11 @@
 #include <QObject>
 #include <QPair>
 #include <QPointer>
-#include <QRegExp>
 #include <QSize>
 #include <QSocketNotifier>
 #include <QString>
+#include <qt/versions.h>
 #include <QTcpSocket>
-#include <QTextCodec>
 #include <QVector>
 
 class KestTelnet;
@@ -47,9 +46,9 @@ public:
     QMap<int, KestTelnetAuth *> authMethods; ///< by authentication type; not owned
     KestTelnetAuth *activeAuth = nullptr;
     bool authSettled = false; ///< prompts are looked for only from then on
-    QRegExp loginPattern;
-    QRegExp passwordPattern;
-    QRegExp promptPattern;
+    TextPattern loginPattern;
+    TextPattern passwordPattern;
+    TextPattern promptPattern;
     QString loginName;
     QString loginPassword;
     InputGatherer gatherer;
@@ -92,14 +91,12 @@ private:
     bool isAllowed(uchar option) const;
     void answerTerminalType(const QByteArray &negotiation);
     void answerAuthentication(const QByteArray &negotiation);
-    QString decode(Input piece, bool ended);
     void handleText(QString text);
     void askOwner(QString *text);
     bool looksForLogin() const { return !loginPattern.isEmpty() || !passwordPattern.isEmpty(); }
 
     std::unique_ptr<KestTelnetAuth> m_nullAuth;
-    QTextCodec *m_codec = nullptr;                           ///< that of the text so far; null where text starts afresh
-    std::unique_ptr<QTextCodec::ConverterState> m_textState; ///< holds the first bytes of a split character
-    quint64 m_session = 0;                                   ///< number of the connection
-    bool m_consuming = false;                                ///< a handler of `message` may let further input in
+    LocaleDecoder m_decoder;
+    quint64 m_session = 0;    ///< number of the connection
+    bool m_consuming = false; ///< a handler of `message` may let further input in
 };

@@ -22,18 +22,18 @@ QString redactValues(const QString &text, QLatin1String name)
 {
     QString redacted;
     int taken = 0;
-    for (int at = text.indexOf(name); at != -1; at = text.indexOf(name, at)) {
+    for (auto at = static_cast<int>(text.indexOf(name)); at != -1; at = static_cast<int>(text.indexOf(name, at))) {
         const auto *const from = text.cbegin() + at;
         const auto *const lineEnd = std::find_first_of(from, text.cend(), lineEnds.begin(), lineEnds.end());
         const auto *const equals = std::find(from, lineEnd, QLatin1Char('='));
         at = static_cast<int>(lineEnd - text.cbegin());
         if (lineEnd - equals > 1) {
-            redacted += text.midRef(taken, static_cast<int>(equals + 1 - text.cbegin()) - taken);
+            redacted += text.mid(taken, static_cast<int>(equals + 1 - text.cbegin()) - taken);
             redacted += dots();
             taken = at;
         }
     }
-    return taken == 0 ? text : redacted + text.midRef(taken);
+    return taken == 0 ? text : redacted + text.mid(taken);
 }
 } // namespace
 

@@ -41,7 +41,7 @@ void EventLog::append(const checkLog &log)
 
     // All rows at once: every insertion makes the view lay out the whole table anew.
     int row = m_table->rowCount();
-    m_table->setRowCount(row + 1 + items.size());
+    m_table->setRowCount(static_cast<int>(row + 1 + items.size()));
 
     QTableWidgetItem *heading = cell(getComponent(log.component), true);
     m_table->setItem(row, 0, heading);

@@ -419,7 +419,7 @@ bool KestDetectorUI::mayStart() const
     KestDetectorFace *face = KestDetectorFace::Get();
     face->notices.withdraw(Notice::Kind::NotStarted);
     const QStringList missing = face->safeguards().missingForStart(
-        {plan().size(), face->connectState, face->macAddress, face->settings().problems});
+        {static_cast<int>(plan().size()), face->connectState, face->macAddress, face->settings().problems});
     if (!missing.isEmpty()) {
         face->notices.tell(Notices::notStarted(missing));
     }

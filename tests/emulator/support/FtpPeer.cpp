@@ -40,7 +40,7 @@ FtpPeer::Download FtpPeer::fetch(const QByteArray &path)
         }
     }
     // 227 text (127,0,0,10,port high,port low)
-    const int begin = m_reply.indexOf('(') + 1;
+    const auto begin = static_cast<int>(m_reply.indexOf('(')) + 1;
     const QList<QByteArray> numbers = m_reply.mid(begin, m_reply.indexOf(')') - begin).split(',');
     if (numbers.size() != 6) {
         return {};

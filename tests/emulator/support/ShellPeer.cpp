@@ -21,7 +21,7 @@ QByteArray ShellPeer::readUntil(const QByteArray &text)
         }
         m_received += m_socket.readAll();
     }
-    const int end = m_received.indexOf(text) + text.size();
+    const auto end = static_cast<int>(m_received.indexOf(text) + text.size());
     QByteArray result = m_received.left(end);
     m_received.remove(0, end);
     return result;
