@@ -1,9 +1,10 @@
 #include "log/MyDebug.h"
 
+#include "places/Places.h"
+
 #include <array>
 #include <cstdio>
 #include <QByteArray>
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QFile>
 #include <QPoint>
@@ -94,7 +95,7 @@ void MyDebug::write2Log(const QString &piece)
     if (piece != terminator()) {
         return;
     }
-    QFile file(QCoreApplication::applicationDirPath() + QStringLiteral("/log.txt"));
+    QFile file(Places::ofProgram().state() + QStringLiteral("/log.txt"));
     if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered)) {
         return;
     }

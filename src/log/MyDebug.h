@@ -9,8 +9,8 @@ class QPointF;
 class QRect;
 class QRectF;
 
-/// The program's own log file, "log.txt" beside the executable: one statement gathers a record piece by piece, and the
-/// terminator writes it.
+/// The program's own log file, "log.txt" beside the executable or in the user's state folder (`Places`): one statement
+/// gathers a record piece by piece, and the terminator writes it.
 ///
 ///     MyDebug() << "sent" << command << MyDebug::terminator();
 ///

@@ -2,6 +2,7 @@
 
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
+#include "places/Places.h"
 #include "ui/window/KestDetectorUI.h"
 
 #include <array>
@@ -44,7 +45,7 @@ std::unique_ptr<StationHistory> StationHistory::begin(KestDetectorUI *window)
         return nullptr;
     }
     const QString file = settings.historyFile.isEmpty() ? usualFile : settings.historyFile;
-    const QDir folder(QCoreApplication::applicationDirPath());
+    const QDir folder(Places::ofProgram().state());
     return std::unique_ptr<StationHistory>(
         new StationHistory(folder.absoluteFilePath(file), settings.historyServer, window));
 }

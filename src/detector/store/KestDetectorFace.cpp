@@ -1,8 +1,8 @@
 #include "detector/store/KestDetectorFace.h"
 
-#include <QCoreApplication>
+#include "places/Places.h"
 
-KestDetectorFace::KestDetectorFace() : savePath(QCoreApplication::applicationDirPath()) {}
+KestDetectorFace::KestDetectorFace() : savePath(Places::ofProgram().results()) {}
 
 KestDetectorFace *KestDetectorFace::Get()
 {

@@ -1,6 +1,7 @@
 #include "detector/store/Settings.h"
 
 #include "history/address/StoreAddress.h"
+#include "places/Places.h"
 #include "plan/Limits.h"
 
 #include <QCoreApplication>
@@ -230,5 +231,5 @@ Settings readSettings(const QString &path)
 
 QString settingsPath()
 {
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini");
+    return Places::ofProgram().settings();
 }

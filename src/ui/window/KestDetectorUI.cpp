@@ -8,6 +8,7 @@
 #include "detector/store/Safeguards.h"
 #include "detector/store/Settings.h"
 #include "detector/store/verdict.h"
+#include "places/Places.h"
 #include "record/itemKeys.h"
 #include "ui/widgets/ElidedText.h"
 #include "ui/widgets/FolderQuestion.h"
@@ -173,7 +174,7 @@ void KestDetectorUI::initUI()
     ui->statusBar->addWidget(new NoticeBar(&KestDetectorFace::Get()->notices, this), 1);
     m_eventLog = new EventLog(ui->twCheckedLog);
 
-    ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(QCoreApplication::applicationDirPath()));
+    ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(Places::ofProgram().results()));
     on_tbNotChooseAll_clicked();
 
     for (const Component &component : components()) {
