@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace emulator {
@@ -11,7 +12,10 @@ namespace emulator {
 RunDirectory::RunDirectory(const QString &wanted)
 {
     if (wanted.isEmpty()) {
-        QTemporaryDir fresh(QCoreApplication::applicationDirPath() + QStringLiteral("/camera-emulator-run-XXXXXX"));
+        const QString beside = QCoreApplication::applicationDirPath();
+        // An installed program's folder belongs to root.
+        QTemporaryDir fresh((QFileInfo(beside).isWritable() ? beside : QDir::tempPath()) +
+                            QStringLiteral("/camera-emulator-run-XXXXXX"));
         fresh.setAutoRemove(false);
         m_made = fresh.isValid();
         m_path = fresh.path();

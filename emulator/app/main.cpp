@@ -80,6 +80,7 @@ int main(int argc, char **argv)
 
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("camera-emulator"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KEST_VERSION));
     const emulator::Options options = emulator::parseOptions(QCoreApplication::arguments());
     if (!options.error.isEmpty()) {
         return complain(options.error, wrongUsage);
