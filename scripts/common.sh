@@ -5,6 +5,11 @@ build_packages="g++ cmake ninja-build qtbase5-dev libqt5sql5-sqlite libqt5sql5-p
 # Beside them, what only the tests use.
 test_packages="curl postgresql python3-jsonschema libxml2-utils"
 
+# In the place of Qt 5, for the preset qt6.
+qt6_packages="qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql libgl-dev"
+# For the packages.
+package_packages="dpkg-dev file librsvg2-bin patchelf"
+
 # Installs those of the given Debian packages that are missing; asks for sudo only then, and only if not root.
 install_missing()
 {
