@@ -100,7 +100,7 @@ int ask(const QString &path, qint64 count)
     const auto searches = [&](const char *name, auto fillFilter) {
         const double time = p95(100, [&](int i) {
             RunFilter filter;
-            fillFilter(madeRun((i * count / 100 + i * 7) % count, count), &filter);
+            fillFilter(madeRun((i * count / 100 + i * qint64{7}) % count, count), &filter);
             const std::optional<QList<RunSummary>> runs = findRuns(*store, filter);
             isSound = isSound && runs && !runs->isEmpty();
         });

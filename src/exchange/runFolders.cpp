@@ -104,7 +104,7 @@ std::optional<RunRecord> recordOfLog(const RunFolderName &folder, const QByteArr
     run.components = log.components;
     QStringList failed;
     bool tested = false;
-    for (const ComponentRecord &component : run.components) {
+    for (const ComponentRecord &component : log.components) {
         PlannedComponent planned{component.id, component.key, {}};
         for (const ItemRecord &item : component.items) {
             tested = true;

@@ -222,7 +222,8 @@ void tst_logLines::knowsWhatTheChecksWrite()
         }
         line.replace(QRegularExpression(QStringLiteral("%\\d")), QStringLiteral("1"));
         bool isKnown = words.contains(line.chopped(1));
-        for (const int item : itemNumbers(component)) {
+        const QList<int> items = itemNumbers(component);
+        for (const int item : items) {
             isKnown = isKnown || readReportLine(component, item, line).has_value();
         }
         QVERIFY2(isKnown, qPrintable(line));

@@ -84,7 +84,8 @@ void tst_runFolders::findsLogsInTheOrderOfTheirRuns()
     QVERIFY(write(folder.filePath(QStringLiteral("log/14-03-59/DetectorLog.txt")), "x"));
     const auto found = [&folder](const QString &path) {
         QStringList logs;
-        for (const FoundLog &log : findLogs(path)) {
+        const QList<FoundLog> all = findLogs(path);
+        for (const FoundLog &log : all) {
             logs.append(QDir(folder.path()).relativeFilePath(log.path));
         }
         return logs;

@@ -273,9 +273,9 @@ HistoryCommandLine HistoryCommandLine::parse(const QStringList &arguments, const
     parser.addOption({QStringLiteral("version"), QStringLiteral("Show the program's version.")});
 
     HistoryCommandLine line;
-    const auto end = [&line](Command command, const QString &message) {
-        line.command = command;
-        line.message = message;
+    const auto end = [&line](Command what, const QString &text) {
+        line.command = what;
+        line.message = text;
         return line;
     };
     if (!parser.parse(arguments)) {

@@ -81,7 +81,8 @@ void tst_compareRuns::differences()
     QFETCH(RunRecord, after);
     QFETCH(QStringList, differences);
     QStringList found;
-    for (const Difference &difference : compareRuns(passedRun(), after)) {
+    const QList<Difference> differing = compareRuns(passedRun(), after);
+    for (const Difference &difference : differing) {
         found.append(QStringList({difference.what, difference.before, difference.after}).join(QLatin1Char('|')));
     }
     QCOMPARE(found, differences);

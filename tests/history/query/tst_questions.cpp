@@ -476,7 +476,8 @@ void tst_questions::describesMeasurements()
     QVERIFY(store);
     const auto summary = [&store](const StatisticsFilter &filter) {
         QStringList texts;
-        for (const Distribution &entry : readDistributions(*store, filter).value_or(QList<Distribution>())) {
+        const QList<Distribution> all = readDistributions(*store, filter).value_or(QList<Distribution>());
+        for (const Distribution &entry : all) {
             texts.append(QStringLiteral("%1 %2 %3 n=%4 out=%5 %6..%7 mean=%8")
                              .arg(entry.item, entry.name, entry.unit)
                              .arg(entry.count)
