@@ -1,6 +1,7 @@
 #include "Stage.h"
 
 #include "isolation.h"
+#include "records.h"
 
 #include <algorithm>
 #include <atomic>
@@ -79,6 +80,17 @@ void Stage::playAll()
     };
     playThose(ordinary, ordinaryStories);
     playThose(calm, calmStories);
+
+    QList<QByteArray> records;
+    std::vector<std::size_t> owners;
+    for (std::size_t i = 0; i < m_outcomes.size(); ++i) {
+        records += m_outcomes.at(i).records;
+        owners.insert(owners.end(), static_cast<std::size_t>(m_outcomes.at(i).records.size()), i);
+    }
+    const QStringList problems = schemaProblems(records);
+    for (std::size_t i = 0; i < owners.size(); ++i) {
+        m_outcomes.at(owners.at(i)).recordProblem += problems.at(static_cast<int>(i));
+    }
 }
 
 void Stage::addRows() const

@@ -36,6 +36,8 @@ public:
     /// Adds `[Station] safeguards=true` to it.
     void addSafeguards() const;
     QByteArray optionIni() const;
+    /// Where a story's station saves the records of its runs: alone in a folder.
+    QString recordsPath() const { return m_records.filePath(QStringLiteral("runs.json")); }
 
     /// Starts `--run <components>` with `options`.
     void start(const QString &components, const QStringList &options = {});
@@ -78,6 +80,7 @@ private:
     QTemporaryDir m_folder;
     QTemporaryDir m_temporary;
     QTemporaryDir m_capture;
+    QTemporaryDir m_records;
     QString m_savePath{m_folder.filePath(QStringLiteral("saved"))};
     LogFile m_output{m_capture.filePath(QStringLiteral("output"))};
     LogFile m_debugOutput{m_capture.filePath(QStringLiteral("debug"))};

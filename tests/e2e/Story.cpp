@@ -1,5 +1,8 @@
 #include "Story.h"
 
+#include "records.h"
+#include "support/fileContent.h"
+
 #include <cstdio>
 #include <QtTest>
 
@@ -23,7 +26,8 @@ QString playInto(const Story &story, Scene &scene, StoryOutcome *outcome)
     if (!problem.isEmpty()) {
         return problem;
     }
-    scene.station.start(story.components, story.options);
+    scene.station.start(story.components,
+                        story.options + QStringList{QStringLiteral("--json"), scene.station.recordsPath()});
     problem = act(story.meanwhile, scene);
     outcome->exitCode = scene.station.finish();
     if (problem.isEmpty()) {
@@ -46,6 +50,15 @@ StoryOutcome play(const Story &story)
     outcome.debugOutput = QString::fromUtf8(scene.station.debugOutput().content());
     outcome.shellLog = QString::fromUtf8(scene.station.diagnosticLog().content());
     outcome.leftovers = scene.station.leftovers();
+    outcome.recordProblem = partsProblem(scene.station);
+    outcome.records = recordsIn(fileContent(scene.station.recordsPath(), {}));
+    if (outcome.recordProblem.isEmpty()) {
+        outcome.recordProblem = recordsProblem(story, outcome);
+    }
+    constexpr int enough = 4; // of a run that is repeated again and again
+    while (outcome.records.size() > enough) {
+        outcome.records.removeAt(enough - 1);
+    }
     if (story.hasCamera && outcome.problem.isEmpty() && !scene.camera.stop()) {
         outcome.problem = QStringLiteral("the camera does not stop");
     }
@@ -86,4 +99,5 @@ void compare(const Story &story, const StoryOutcome &outcome)
                  qPrintable(text + QStringLiteral(" is missing in:\n") + outcome.debugOutput));
     }
     QCOMPARE(outcome.leftovers, QStringList());
+    QVERIFY2(outcome.recordProblem.isEmpty(), qPrintable(outcome.recordProblem));
 }

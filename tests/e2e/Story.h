@@ -16,7 +16,8 @@ struct Scene
     StationProcess station;
 };
 
-/// One run of the station against a camera, what happens meanwhile, and how it has to come out.
+/// One run of the station against a camera, what happens meanwhile, and how it has to come out. Its records are saved
+/// and held against the schema and against the exit code, too.
 struct Story
 {
     /// Does something to the scene; returns what went wrong, or an empty text.
@@ -55,6 +56,8 @@ struct StoryOutcome
     QString debugOutput;
     QString shellLog; ///< what the station wrote down of its shell session
     QStringList leftovers;
+    QList<QByteArray> records; ///< of its runs: the first ones and the last one
+    QString recordProblem;     ///< what is wrong with them or beside them; empty: nothing
 };
 
 /// For an `Act` that needs what the system may forbid: its result starts with this text.

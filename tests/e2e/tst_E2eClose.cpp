@@ -1,4 +1,5 @@
 #include "queries.h"
+#include "records.h"
 #include "Stage.h"
 #include "waiting.h"
 
@@ -108,7 +109,8 @@ QString falseAlarm(const StationProcess &station)
 QString endAt(const Series &series, int milliseconds)
 {
     StationProcess station;
-    QStringList options{QStringLiteral("--repeat"), QStringLiteral("1000000")};
+    QStringList options{QStringLiteral("--repeat"), QStringLiteral("1000000"), QStringLiteral("--json"),
+                        station.recordsPath()};
     if (series.way == Way::window) {
         options += QStringList{QStringLiteral("--close-after"), QString::number(milliseconds)};
     }
@@ -131,14 +133,15 @@ QString endAt(const Series &series, int milliseconds)
     const qint64 taken = clock.elapsed();
     const QStringList leftovers = station.leftovers();
     const QString alarm = series.passes ? falseAlarm(station) : QString();
-    if (exitCode == 4 && taken < limitMs && leftovers.isEmpty() && alarm.isEmpty()) {
+    const QString parts = partsProblem(station);
+    if (exitCode == 4 && taken < limitMs && leftovers.isEmpty() && alarm.isEmpty() && parts.isEmpty()) {
         return {};
     }
     // Whole, which a message of the test would not be.
     std::fprintf(stderr, "%s\n", station.debugOutput().content().constData());
-    return QStringLiteral("%1 ms: exit code %2 after %3 ms, %4 %5")
+    return QStringLiteral("%1 ms: exit code %2 after %3 ms, %4 %5 %6")
         .arg(QString::number(milliseconds), QString::number(exitCode), QString::number(taken), leftovers.join(' '),
-             alarm);
+             alarm, parts);
 }
 
 QStringList endAtAllMoments(int number)
