@@ -26,8 +26,10 @@ QString playInto(const Story &story, Scene &scene, StoryOutcome *outcome)
     if (!problem.isEmpty()) {
         return problem;
     }
-    scene.station.start(story.components,
-                        story.options + QStringList{QStringLiteral("--json"), scene.station.recordsPath()});
+    const bool isToldWhere = story.options.contains(QStringLiteral("--json"));
+    scene.station.start(story.components, isToldWhere ? story.options
+                                                      : story.options + QStringList{QStringLiteral("--json"),
+                                                                                    scene.station.recordsPath()});
     problem = act(story.meanwhile, scene);
     outcome->exitCode = scene.station.finish();
     if (problem.isEmpty()) {
@@ -52,7 +54,7 @@ StoryOutcome play(const Story &story)
     outcome.leftovers = scene.station.leftovers();
     outcome.recordProblem = partsProblem(scene.station);
     outcome.records = recordsIn(fileContent(scene.station.recordsPath(), {}));
-    if (outcome.recordProblem.isEmpty()) {
+    if (outcome.recordProblem.isEmpty() && !story.options.contains(QStringLiteral("--json"))) {
         outcome.recordProblem = recordsProblem(story, outcome);
     }
     constexpr int enough = 4; // of a run that is repeated again and again
