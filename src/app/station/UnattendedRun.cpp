@@ -93,7 +93,8 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
         face->setSettings(withItems(face->settings(), line.items));
     }
     if (m_output.isWanted()) {
-        connect(KestDetectorRt::Get().get(), &KestDetectorRt::signal_runRecorded, this, &UnattendedRun::noteRecord);
+        connect(KestDetectorRt::Get().get(), &KestDetectorRt::signal_runRecorded, this,
+                [this](const RunRecord &record) { m_untold.append(record); });
     }
     connect(face, &KestDetectorFace::signal_setConnectStatus, this, [this](bool connected) {
         m_connected = connected;
@@ -155,19 +156,22 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
     }
 }
 
-void UnattendedRun::noteRecord(const RunRecord &record)
+void UnattendedRun::tellRecords()
 {
-    const QList<UnsavedFile> unsaved = m_output.add(record);
-    for (const UnsavedFile &file : unsaved) {
-        KestDetectorFace::Get()->notices.tell(Notices::notSaved(file.path, file.reason));
-        m_worst = heavier(m_worst, NotSaved);
+    QCoreApplication::sendPostedEvents(this); // the records and the last notices come from the runner's thread
+    for (const RunRecord &record : qAsConst(m_untold)) {
+        const QList<UnsavedFile> unsaved = m_output.add(record);
+        for (const UnsavedFile &file : unsaved) {
+            KestDetectorFace::Get()->notices.tell(Notices::notSaved(file.path, file.reason));
+            m_worst = heavier(m_worst, NotSaved);
+        }
     }
+    m_untold.clear();
 }
 
 void UnattendedRun::finish()
 {
-    // Its last signals have come from a thread that is no more, and no event loop has handed them out.
-    QCoreApplication::sendPostedEvents(this);
+    tellRecords(); // no event loop has handed out what came last
 }
 
 int UnattendedRun::exitCode() const
@@ -282,7 +286,7 @@ void UnattendedRun::report()
         return;
     }
     m_savedTimer.stop();
-    QCoreApplication::sendPostedEvents(this); // the last notices, told by the runner's thread
+    tellRecords();
     const RunOutcome outcome = KestDetectorRt::Get()->lastRun();
     const ExitCode code = exitCodeOf(outcome);
     m_worst = heavier(m_worst, code);

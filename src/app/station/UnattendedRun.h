@@ -5,7 +5,9 @@
 #include "app/station/RecordOutput.h"
 #include "detector/store/checkLog.h"
 #include "detector/store/Notices.h"
+#include "record/RunRecord.h"
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -48,7 +50,7 @@ public:
     static ExitCode exitCodeOf(const RunOutcome &outcome);
 
 private:
-    void noteRecord(const RunRecord &record);
+    void tellRecords();
     void startWhenReady();
     void prepare();
     void startRun();
@@ -63,7 +65,8 @@ private:
     KestDetectorUI *m_window;
     const CommandLine m_line;
     RecordOutput m_output;
-    HandsFree m_handsFree; ///< with --each
+    QList<RunRecord> m_untold; ///< told with the verdict: whoever reads a record may count on the run being over
+    HandsFree m_handsFree;     ///< with --each
     QTimer m_connectTimer;
     QTimer m_savedTimer; ///< waits for the detection log, which is written after the run's last signal
     bool m_connected = false;
