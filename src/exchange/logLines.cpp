@@ -180,7 +180,7 @@ template <std::size_t size>
 QString textAt(const QString &line, int from, const std::array<const char *, size> &texts)
 {
     for (const char *const entry : texts) {
-        const QString text = QString::fromUtf8(entry);
+        QString text = QString::fromUtf8(entry);
         if (QStringView(line).mid(from).startsWith(text)) {
             return text;
         }

@@ -27,7 +27,7 @@ struct RecordSink
 
 /// The longest line in bytes that is read as a record; what is longer is refused, and passed over without being kept in
 /// memory.
-inline constexpr qint64 longestRecordLine = 64 * 1024 * 1024;
+inline constexpr qint64 longestRecordLine = qint64{64} * 1024 * 1024;
 
 /// Gives the lines that should hold a record each to `take`, with the bytes that were read so far; false from it ends
 /// the reading. A device whose first line is a bare "{" holds one record over several lines, which is given as one.

@@ -6,7 +6,7 @@ QString macAsStored(const QString &text)
 {
     static const QRegularExpression digitsOnly(QStringLiteral(R"(\A[0-9A-F]{1,12}\z)"));
     constexpr int digitsOfByte = 2;
-    const QString capital = text.trimmed().toUpper();
+    QString capital = text.trimmed().toUpper();
     QString digits = capital;
     digits.remove(QLatin1Char(':')).remove(QLatin1Char('-'));
     if (!digitsOnly.match(digits).hasMatch()) {

@@ -30,7 +30,7 @@ public:
     {
         // A day by any clock lies within these.
         const QDateTime noon(QDate::fromString(day, Qt::ISODate), QTime(12, 0), Qt::UTC);
-        constexpr qint64 reachMs = 36 * 60 * 60 * qint64{1000};
+        constexpr qint64 reachMs = qint64{36} * 60 * 60 * 1000;
         m_from = noon.toMSecsSinceEpoch() - reachMs;
         m_to = noon.toMSecsSinceEpoch() + reachMs;
     }

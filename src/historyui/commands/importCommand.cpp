@@ -187,7 +187,7 @@ private:
             ++m_refused;
             tell(QStringLiteral("%1: %2").arg(log.path, reason));
         };
-        constexpr qint64 largest = 16 * 1024 * 1024;
+        constexpr qint64 largest = qint64{16} * 1024 * 1024;
         QFile file(log.path);
         if (!file.open(QIODevice::ReadOnly)) {
             refuse(file.errorString());
