@@ -88,6 +88,8 @@ int main(int argc, char *argv[])
     window.show();
     // The operator sees the window before its services are in place.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    // Before the first service, which is under way as soon as somebody asks for its signals.
+    const TerminationSignals terminationSignals;
     KestDetectorFace::Get()->runLabels = line.labelsOver(KestDetectorFace::Get()->settings());
     std::unique_ptr<UnattendedRun> unattended;
     if (line.mode == CommandLine::Mode::Unattended) {
@@ -103,7 +105,6 @@ int main(int argc, char *argv[])
         QObject::connect(KestDetectorFace::Get(), &KestDetectorFace::signal_showCheckResult, &window,
                          [&chime](bool passed) { chime->tell(passed); });
     }
-    const TerminationSignals terminationSignals;
     QObject::connect(&terminationSignals, &TerminationSignals::terminated, &window, &QWidget::close);
     if (unattended) {
         QObject::connect(&terminationSignals, &TerminationSignals::interrupted, unattended.get(),
