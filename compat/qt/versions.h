@@ -77,14 +77,14 @@ public:
     {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
         QTextCodec *const codec = QTextCodec::codecForLocale();
-        if (codec != m_codec) {
+        if (m_state == nullptr || codec != m_codec) {
             m_codec = codec;
             m_state = std::make_unique<QTextCodec::ConverterState>();
         }
         QString text = codec->toUnicode(bytes, size, m_state.get());
         if (ended) {
             text += QString(m_state->remainingChars, QChar::ReplacementCharacter);
-            m_codec = nullptr;
+            m_state.reset();
         }
 #else
         QString text = m_decoder->decode(QByteArrayView(bytes, size));
@@ -98,8 +98,8 @@ public:
 
 private:
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    QTextCodec *m_codec = nullptr; ///< that of the text so far; null where text starts afresh
-    std::unique_ptr<QTextCodec::ConverterState> m_state;
+    QTextCodec *m_codec = nullptr;                       ///< that of the text so far
+    std::unique_ptr<QTextCodec::ConverterState> m_state; ///< null where text starts afresh
 #else
     struct Decoder : QStringDecoder
     {

@@ -27,7 +27,7 @@ QString writeWholeFile(const QString &path, const QByteArray &bytes)
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return file.errorString();
     }
-    const QString problem = writeAll(&file, bytes);
+    QString problem = writeAll(&file, bytes);
     if (!problem.isEmpty()) {
         return problem;
     }
