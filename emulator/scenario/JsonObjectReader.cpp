@@ -26,7 +26,8 @@ bool wholeNumber(const QJsonValue &value, bool &negative, std::uint64_t &magnitu
     const bool hexadecimal = text.startsWith(QLatin1String("0x"));
     bool ok = false;
     negative = false;
-    magnitude = hexadecimal ? text.mid(2).toULongLong(&ok, 16) : text.toULongLong(&ok, 10);
+    const QString digits = hexadecimal ? text.mid(2) : text;
+    magnitude = digits.toULongLong(&ok, hexadecimal ? 16 : 10);
     return ok;
 }
 } // namespace

@@ -487,7 +487,8 @@ void tst_UnattendedRun::recordOfARun()
     QCOMPARE(run.exitCode(), 1);
     const QList<QByteArray> lines = fileContent(wanted.json).split('\n');
     QCOMPARE(lines.size(), 3);
-    for (const QByteArray &json : lines.mid(0, 2)) {
+    const QList<QByteArray> records = lines.mid(0, 2);
+    for (const QByteArray &json : records) {
         QString error;
         const auto record = fromJson(json, &error);
         QVERIFY2(record.has_value(), qPrintable(error));

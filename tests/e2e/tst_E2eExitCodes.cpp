@@ -176,7 +176,9 @@ std::vector<Story> endedStories(bool safeguards)
     };
     download.after = [](Scene &scene) {
         const QMap<QString, QByteArray> files = scene.station.allSaved();
-        return files.values() == QList<QByteArray>{"earlier"} ? QString() : files.keys().join(QLatin1Char(' '));
+        return files.size() == 1 && files.first() == "earlier"
+                   ? QString()
+                   : QStringList(files.keyBegin(), files.keyEnd()).join(QLatin1Char(' '));
     };
 
     Story notSaved = ending("a save path that is no folder", NotSaved, "battery", "Battery: OK, Result: OK");

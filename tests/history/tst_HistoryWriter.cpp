@@ -214,7 +214,7 @@ void tst_HistoryWriter::answersForACamera()
     QTRY_VERIFY_WITH_TIMEOUT(runsIn(path()).size() == 2, patienceMs);
     writer.ask(QStringLiteral("60:60:1f:00:00:01"));
     QTRY_COMPARE_WITH_TIMEOUT(told.known().size(), 2, patienceMs);
-    QCOMPARE(told.known().last(), QStringLiteral("60:60:1f:00:00:01 2 error"));
+    QCOMPARE(told.known().constLast(), QStringLiteral("60:60:1f:00:00:01 2 error"));
 }
 
 void tst_HistoryWriter::spoolsWhileAnotherProgramWrites()
@@ -302,11 +302,11 @@ void tst_HistoryWriter::keepsRunsWhenTheDiskIsFull()
             keep();
             QTest::qWait(20);
         }
-        QVERIFY2(told.told().size() == 1 && told.told().first().startsWith(path()),
+        QVERIFY2(told.told().size() == 1 && told.told().constFirst().startsWith(path()),
                  qUtf8Printable(told.told().join(QLatin1Char('\n'))));
         QTRY_VERIFY_WITH_TIMEOUT(!spooled(path()).isEmpty(), patienceMs);
     }
-    QTRY_COMPARE_WITH_TIMEOUT(told.told().last(), QString(), patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(told.told().constLast(), QString(), patienceMs);
     QCOMPARE(runsIn(path()), runs);
 }
 

@@ -57,7 +57,8 @@ void addHosts(Options *options, const QString &text)
 {
     QStringList hosts;
     QStringList ports;
-    for (const QString &entry : text.split(QLatin1Char(','))) {
+    const QStringList entries = text.split(QLatin1Char(','));
+    for (const QString &entry : entries) {
         const auto colon = static_cast<int>(entry.indexOf(QLatin1Char(':'), entry.lastIndexOf(QLatin1Char(']')) + 1));
         QString host = entry.left(colon);
         if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']'))) {
@@ -98,7 +99,8 @@ std::optional<StoreAddress> StoreAddress::server(const QString &url, QString *er
 
     Options options;
     const QUrlQuery query(rest.section(QLatin1Char('?'), 1));
-    for (const auto &[key, value] : query.queryItems(QUrl::FullyDecoded)) {
+    const QList<QPair<QString, QString>> items = query.queryItems(QUrl::FullyDecoded);
+    for (const auto &[key, value] : items) {
         options.append({key, value});
     }
     const bool secret = std::any_of(secrets.begin(), secrets.end(),
@@ -116,7 +118,7 @@ std::optional<StoreAddress> StoreAddress::server(const QString &url, QString *er
     }
 
     StoreAddress address{Engine::PostgreSql, {}, {}, url};
-    for (const auto &[key, value] : options) {
+    for (const auto &[key, value] : std::as_const(options)) {
         const bool isWord = !key.isEmpty() && std::all_of(key.begin(), key.end(), [](QChar letter) {
             return letter == QLatin1Char('_') || (letter >= QLatin1Char('a') && letter <= QLatin1Char('z'));
         });

@@ -29,7 +29,7 @@ QVariant orNull(const std::optional<double> &number)
 /// Qt binds a text that is null as NULL.
 QVariant orEmpty(const QString &text)
 {
-    return text.isNull() ? QStringLiteral("") : text;
+    return text.isNull() ? QString(QLatin1String("")) : text;
 }
 
 std::optional<CameraRow::Judgement> judgementOf(const QVariant &beginMs, const QVariant &passed)
@@ -64,11 +64,15 @@ QString sumsOf(const QString &table, const QStringList &names)
 }
 
 /// What an `insert` of `CameraRow`s binds, behind the MAC address.
-const QStringList cameraColumns = {
-    QStringLiteral("runs"),          QStringLiteral("last_begin_ms"),   QStringLiteral("last_run"),
-    QStringLiteral("last_outcome"),  QStringLiteral("first_judged_ms"), QStringLiteral("first_day"),
-    QStringLiteral("first_station"), QStringLiteral("first_batch"),     QStringLiteral("first_firmware"),
-    QStringLiteral("first_passed"),  QStringLiteral("last_judged_ms"),  QStringLiteral("final_passed")};
+const QStringList &cameraColumns()
+{
+    static const QStringList columns = {
+        QStringLiteral("runs"),          QStringLiteral("last_begin_ms"),   QStringLiteral("last_run"),
+        QStringLiteral("last_outcome"),  QStringLiteral("first_judged_ms"), QStringLiteral("first_day"),
+        QStringLiteral("first_station"), QStringLiteral("first_batch"),     QStringLiteral("first_firmware"),
+        QStringLiteral("first_passed"),  QStringLiteral("last_judged_ms"),  QStringLiteral("final_passed")};
+    return columns;
+}
 } // namespace
 
 Store::Store(const StoreAddress &address, const Options &options)
@@ -383,7 +387,7 @@ bool Store::readCameras(const QStringList &macs, Purpose purpose, QHash<QString,
         return false;
     }
     const QString select = QStringLiteral("SELECT mac, %1 FROM camera WHERE mac IN (%2) ORDER BY mac%3")
-                               .arg(cameraColumns.join(QStringLiteral(", ")), QStringLiteral("%1"),
+                               .arg(cameraColumns().join(QStringLiteral(", ")), QStringLiteral("%1"),
                                     hold ? QStringLiteral(" FOR UPDATE") : QString());
     for (int next = 0; next < macs.size();) {
         const int count = Connection::pieceOf(macs.size() - next);
@@ -421,16 +425,16 @@ bool Store::readCameras(const QStringList &macs, Purpose purpose, QHash<QString,
 bool Store::writeCameras(const QStringList &macs, const QHash<QString, CameraRow> &cameras)
 {
     static const QString head =
-        QStringLiteral("INSERT INTO camera (mac, %1)").arg(cameraColumns.join(QStringLiteral(", ")));
+        QStringLiteral("INSERT INTO camera (mac, %1)").arg(cameraColumns().join(QStringLiteral(", ")));
     static const QString tail = [] {
         QStringList sets;
-        for (const QString &column : cameraColumns) {
+        for (const QString &column : cameraColumns()) {
             sets.append(QStringLiteral("%1 = excluded.%1").arg(column));
         }
         return QStringLiteral(" ON CONFLICT (mac) DO UPDATE SET ") + sets.join(QStringLiteral(", "));
     }();
     return m_connection.insertRows(
-        head, 1 + cameraColumns.size(), tail, macs, [this, &cameras](QSqlQuery *query, const QString &mac) {
+        head, 1 + cameraColumns().size(), tail, macs, [this, &cameras](QSqlQuery *query, const QString &mac) {
             const CameraRow row = cameras.value(mac);
             query->addBindValue(mac);
             query->addBindValue(row.runs);

@@ -28,7 +28,7 @@ QString redactValues(const QString &text, QLatin1String name)
         const auto *const equals = std::find(from, lineEnd, QLatin1Char('='));
         at = static_cast<int>(lineEnd - text.cbegin());
         if (lineEnd - equals > 1) {
-            redacted += text.mid(taken, static_cast<int>(equals + 1 - text.cbegin()) - taken);
+            redacted.append(text.constData() + taken, static_cast<int>(equals + 1 - text.cbegin()) - taken);
             redacted += dots();
             taken = at;
         }
