@@ -158,7 +158,9 @@ std::vector<Story> settingsStories()
     return {
         lost("option.ini: missing", 3, noAddress,
              [](Scene &scene) { return scene.station.removeOptionIni(), QString(); }),
-        lost("option.ini: empty", 3, noAddress, settings("")),
+        // With no byte at all, the leak checker of GCC 12 crashes when the station ends; tst_Settings reads such a
+        // file.
+        lost("option.ini: empty", 3, noAddress, settings("\n")),
         lost("option.ini: binary", 3, noAddress, settings(everyByte())),
         allBad,
         lost("option.ini: addresses alone", 8, noLogin, settings(goodAddresses())),
