@@ -6,7 +6,7 @@
 #include <QStandardPaths>
 
 namespace {
-/// The folder for what a program keeps from one start to the next (XDG Base Directory Specification 0.8): one that is
+/// The folder for what a program keeps from one start to the next (XDG Base Directory 0.8): one that is
 /// not absolute does not count.
 QString userState()
 {

@@ -15,7 +15,7 @@ using Play = int (*)(Context *context, std::uint32_t id, ...);
 
 constexpr auto eventId = "event.id"; ///< the key under which a sound is named
 
-// Names of the freedesktop.org sound naming specification, which every theme has.
+// Names by the sound naming of freedesktop.org, which every theme has.
 constexpr auto passedSound = "complete";
 constexpr auto failedSound = "dialog-error";
 } // namespace
