@@ -7,7 +7,6 @@ settings, against the real station and the emulated camera, and holds its tables
 Binds the station's and the camera's fixed ports, so it needs a network of its own.
 """
 import argparse
-import importlib.util
 import os
 import pathlib
 import re
@@ -16,6 +15,7 @@ import signal
 import struct
 import subprocess
 import sys
+import types
 import unittest
 
 import protocolVectors
@@ -45,9 +45,8 @@ def extracted(name):
 
 def imported(name):
     path = extracted(f'{name}.py')
-    loader = importlib.util.spec_from_file_location(name, path)
-    module = importlib.util.module_from_spec(loader)
-    loader.loader.exec_module(module)
+    module = types.ModuleType(name)
+    exec(compile(path.read_bytes(), path, 'exec'), module.__dict__)
     return module
 
 
