@@ -1,8 +1,8 @@
 #include "history/door/HistoryWriter.h"
 #include "manyRuns.h"
 #include "record/recordJson.h"
+#include "support/SmallFiles.h"
 
-#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <QCoreApplication>
@@ -15,7 +15,6 @@
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
-#include <sys/resource.h>
 #include <thread>
 #include <unistd.h>
 
@@ -83,28 +82,6 @@ QStringList spooled(const QString &path)
 {
     return QDir(path + QStringLiteral("-spool")).entryList(QDir::Files);
 }
-
-/// Makes writing beyond `bytes` fail as on a full disk, for as long as it lives.
-class SmallFiles
-{
-public:
-    explicit SmallFiles(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit small{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallFiles()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY(SmallFiles)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int);
-};
 
 /// Whether a run is in the spool or in the store.
 bool isOnDisk(const QString &path, const RunRecord &run)

@@ -1,11 +1,10 @@
 #include "record/wholeFile.h"
+#include "support/SmallFiles.h"
 
-#include <csignal>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -14,28 +13,6 @@ QByteArray contentOf(const QString &path)
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
 }
-
-/// Makes writing beyond `bytes` fail as on a full disk, for as long as it lives.
-class SmallFiles
-{
-public:
-    explicit SmallFiles(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit small{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallFiles()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY(SmallFiles)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int);
-};
 } // namespace
 
 /// Files that are there completely or not at all.
