@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <QLibraryInfo>
 #include <QProcess>
 #include <QString>
 #include <utility>
@@ -115,6 +116,16 @@ inline void takeLocaleForUtf8()
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+#endif
+}
+
+/// Where Qt keeps the translations of its own texts.
+inline QString qtTranslationsFolder()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+#else
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
 #endif
 }
 

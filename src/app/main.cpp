@@ -9,6 +9,7 @@
 #include "detector/store/Settings.h"
 #include "ftp/FtpDownLoad.h"
 #include "ftp/FtpDownLoadFace.h"
+#include "language/Language.h"
 #include "platform/OneStation.h"
 #include "platform/plainLocale.h"
 #include "platform/platformChoice.h"
@@ -55,13 +56,15 @@ int main(int argc, char *argv[])
     choosePlatform(argc, argv);
     QApplication application(argc, argv);
     useUtf8InPlainLocale();
+    installLanguage(application, chosenLanguage(QApplication::arguments(), settingsPath()));
     const CommandLine line = CommandLine::parse(QApplication::arguments());
     if (line.mode == CommandLine::Mode::Help) {
         std::puts(qUtf8Printable(line.message));
         return UnattendedRun::Passed;
     }
     if (line.mode == CommandLine::Mode::Wrong) {
-        std::fprintf(stderr, "%s\nTry --help.\n", qUtf8Printable(line.message));
+        std::fprintf(stderr, "%s\n%s\n", qUtf8Printable(line.message),
+                     qUtf8Printable(QCoreApplication::translate("main", "Try --help.")));
         return UnattendedRun::NotSound;
     }
     const OneStation oneStation;

@@ -31,6 +31,7 @@ CommandLine parse(const QString &arguments)
 void tst_CommandLine::withoutOptionsIsTheWindow()
 {
     QVERIFY(parse({}).mode == CommandLine::Mode::Window);
+    QVERIFY(parse(QStringLiteral("--language en")).mode == CommandLine::Mode::Window);
 }
 
 void tst_CommandLine::unattended()
@@ -63,7 +64,7 @@ void tst_CommandLine::helpNamesEveryOption()
     const CommandLine line = parse(QStringLiteral("--help"));
     QVERIFY(line.mode == CommandLine::Mode::Help);
     for (const char *option : {"--run", "--json", "--junit", "--operator", "--batch", "--serial", "--save-path",
-                               "--connect-timeout", "--screenshot", "--repeat", "--each", "--version"}) {
+                               "--connect-timeout", "--screenshot", "--repeat", "--each", "--language", "--version"}) {
         QVERIFY2(line.message.contains(QLatin1String(option)), option);
     }
 }
@@ -145,6 +146,7 @@ void tst_CommandLine::wrongUsage_data()
     row("each camera, and in time", "--run all --each --connect-timeout 9",
         "--connect-timeout does not go with --each");
     row("each camera, and one picture", "--run all --each --screenshot a.png", "--screenshot does not go with --each");
+    row("unknown language", "--language de --run all", "--language: \"de\" is neither en nor zh_CN");
     row("negative close time", "--run all --close-after -1",
         "--close-after: \"-1\" is not a whole number of 0 or more");
     row("screenshot of another kind", "--run all --screenshot a.jpg", "--screenshot: \"a.jpg\" does not end in .png");

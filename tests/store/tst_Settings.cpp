@@ -38,6 +38,7 @@ QByteArray replaced(QByteArray content, const QByteArray &before, const QByteArr
 }
 } // namespace
 Q_DECLARE_METATYPE(TextField)
+Q_DECLARE_METATYPE(Language)
 Q_DECLARE_METATYPE(SettingProblem::Kind)
 
 class tst_Settings : public QObject
@@ -60,6 +61,8 @@ private slots:
     void plansAndLimits();
     void refusesWrongPlansAndLimits();
     void station();
+    void language_data();
+    void language();
     void problems_data();
     void problems();
     void problemTellsWhereItIs();
@@ -292,6 +295,24 @@ void tst_Settings::station()
         ".ini: Station/ask=\"serial,name\": \"name\" cannot be asked for; known are serial, operator, batch")));
 }
 
+void tst_Settings::language_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<Language>("language");
+
+    QTest::newRow("no such key") << QByteArray("[Interface]\n") << Language::AsWritten;
+    QTest::newRow("empty") << QByteArray("[Interface]\nlanguage=\n") << Language::AsWritten;
+    QTest::newRow("English") << QByteArray("[Interface]\nlanguage=en\n") << Language::English;
+    QTest::newRow("Chinese") << QByteArray("[Interface]\nlanguage=zh_CN\n") << Language::Chinese;
+    QTest::newRow("neither") << QByteArray("[Interface]\nlanguage=zh\n") << Language::AsWritten;
+}
+
+void tst_Settings::language()
+{
+    QFETCH(const QByteArray, content);
+    QTEST(load(content).language, "language");
+}
+
 void tst_Settings::problems_data()
 {
     using Kind = SettingProblem::Kind;
@@ -324,6 +345,8 @@ void tst_Settings::problems_data()
         "BaseOption/wifi, BaseOption/usb: missing: no camera can be found");
     row("both links empty", "wifi=192.168.88.10\nusb=192.168.42.10\n", "wifi=\nusb=\n", Kind::Missing,
         "BaseOption/wifi, BaseOption/usb: missing: no camera can be found");
+    row("unknown language", "[CameraStatus]", "[Interface]\nlanguage=de\n[CameraStatus]", Kind::Malformed,
+        "Interface/language: \"de\" is neither en nor zh_CN: the texts are partly English, partly Chinese");
     row("no login name", "username=root\n", "", Kind::Missing,
         "BaseOption/username: missing: the station cannot log in to the camera's shell");
     row("empty login name", "username=root", "username=", Kind::Missing,

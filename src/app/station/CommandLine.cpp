@@ -2,6 +2,7 @@
 
 #include "detector/store/componentId.h"
 #include "detector/store/programVersion.h"
+#include "language/languageOption.h"
 #include "record/itemKeys.h"
 
 #include <algorithm>
@@ -60,7 +61,7 @@ QString readNumber(const QCommandLineParser &parser, const QCommandLineOption &o
     bool ok = false;
     const int value = parser.value(option).toInt(&ok);
     if (!ok || value < least) {
-        return QStringLiteral("--%1: \"%2\" is not a whole number of %3 or more")
+        return CommandLine::tr("--%1: \"%2\" is not a whole number of %3 or more")
             .arg(option.names().constFirst(), parser.value(option), QString::number(least));
     }
     *number = value;
@@ -73,7 +74,7 @@ QString eachProblem(const QCommandLineParser &parser, const QCommandLineOption &
 {
     for (const QCommandLineOption &other : others) {
         if (parser.isSet(each) && parser.isSet(other)) {
-            return QStringLiteral("--%1 does not go with --each").arg(other.names().constFirst());
+            return CommandLine::tr("--%1 does not go with --each").arg(other.names().constFirst());
         }
     }
     return {};
@@ -85,13 +86,13 @@ QString recordFilesProblem(const QCommandLineParser &parser, const QCommandLineO
 {
     const auto problem = [&parser](const QCommandLineOption &option, bool isFile) {
         return parser.isSet(option) && !isFile
-                   ? QStringLiteral("--%1: \"%2\" is no file").arg(option.names().constFirst(), parser.value(option))
+                   ? CommandLine::tr("--%1: \"%2\" is no file").arg(option.names().constFirst(), parser.value(option))
                    : QString();
     };
     const QString jsonFile = parser.value(json);
     const QString junitFile = parser.value(junit);
     if (!jsonFile.isEmpty() && jsonFile == junitFile) {
-        return QStringLiteral("--json and --junit name the same file");
+        return CommandLine::tr("--json and --junit name the same file");
     }
     return problem(json, !jsonFile.isEmpty()) + problem(junit, !junitFile.isEmpty() && junitFile != QLatin1String("-"));
 }
@@ -99,58 +100,49 @@ QString recordFilesProblem(const QCommandLineParser &parser, const QCommandLineO
 
 CommandLine CommandLine::parse(const QStringList &arguments)
 {
-    const QCommandLineOption runOption(
-        QStringLiteral("run"),
-        QStringLiteral("Run these components unattended (comma-separated, or \"all\"), print the "
-                       "result and leave: %1. Items by their numbers: camera:0+1,gimbal:0-4,log.")
-            .arg(knownNames().join(QStringLiteral(", "))),
-        QStringLiteral("components"));
-    const QCommandLineOption savePathOption(
-        QStringLiteral("save-path"), QStringLiteral("Save the logs below this folder (default: beside the program)."),
-        QStringLiteral("folder"));
+    const QCommandLineOption runOption(QStringLiteral("run"),
+                                       tr("Run these components unattended (comma-separated, or \"all\"), print the "
+                                          "result and leave: %1. Items by their numbers: camera:0+1,gimbal:0-4,log.")
+                                           .arg(knownNames().join(QStringLiteral(", "))),
+                                       tr("components"));
+    const QCommandLineOption savePathOption(QStringLiteral("save-path"),
+                                            tr("Save the logs below this folder (default: beside the program)."),
+                                            tr("folder"));
     const QCommandLineOption timeoutOption(QStringLiteral("connect-timeout"),
-                                           QStringLiteral("Wait this long for the camera (default: 30)."),
-                                           QStringLiteral("seconds"));
+                                           tr("Wait this long for the camera (default: 30)."), tr("seconds"));
     const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
-                                              QStringLiteral("Save a picture of the window after the run (PNG)."),
-                                              QStringLiteral("file"));
-    const QCommandLineOption repeatOption(QStringLiteral("repeat"), QStringLiteral("Number of runs (default: 1)."),
-                                          QStringLiteral("count"));
-    const QCommandLineOption eachOption(
-        QStringLiteral("each"), QStringLiteral("Run once for each camera that connects, until the program is closed."));
+                                              tr("Save a picture of the window after the run (PNG)."), tr("file"));
+    const QCommandLineOption repeatOption(QStringLiteral("repeat"), tr("Number of runs (default: 1)."), tr("count"));
+    const QCommandLineOption eachOption(QStringLiteral("each"),
+                                        tr("Run once for each camera that connects, until the program is closed."));
     const QCommandLineOption jsonOption(
         QStringLiteral("json"),
-        QStringLiteral("Save the record of the run as JSON; of several runs, a line each. With \"-\" it is all that "
-                       "goes to standard output, and the other texts go to standard error."),
-        QStringLiteral("file"));
+        tr("Save the record of the run as JSON; of several runs, a line each. With \"-\" it is all that "
+           "goes to standard output, and the other texts go to standard error."),
+        tr("file"));
     const QCommandLineOption junitOption(QStringLiteral("junit"),
-                                         QStringLiteral("Save the record of the runs as a JUnit report (XML)."),
-                                         QStringLiteral("file"));
+                                         tr("Save the record of the runs as a JUnit report (XML)."), tr("file"));
     const QCommandLineOption operatorOption(QStringLiteral("operator"),
-                                            QStringLiteral("Who runs it, for the record (default: by option.ini)."),
-                                            QStringLiteral("name"));
-    const QCommandLineOption batchOption(QStringLiteral("batch"), QStringLiteral("The camera's batch, likewise."),
-                                         QStringLiteral("batch"));
-    const QCommandLineOption serialOption(QStringLiteral("serial"),
-                                          QStringLiteral("The camera's serial number, for the record."),
-                                          QStringLiteral("number"));
-    const QCommandLineOption closeAfterOption(
-        QStringLiteral("close-after"),
-        QStringLiteral("Close the window after this time, whatever goes on, as a hand "
-                       "would; the exit code is then 4."),
-        QStringLiteral("milliseconds"));
-    const QCommandLineOption helpOption({QStringLiteral("help"), QStringLiteral("h")},
-                                        QStringLiteral("Show this text."));
-    const QCommandLineOption versionOption(QStringLiteral("version"), QStringLiteral("Show the program's version."));
+                                            tr("Who runs it, for the record (default: by option.ini)."), tr("name"));
+    const QCommandLineOption batchOption(QStringLiteral("batch"), tr("The camera's batch, likewise."), tr("batch"));
+    const QCommandLineOption serialOption(QStringLiteral("serial"), tr("The camera's serial number, for the record."),
+                                          tr("number"));
+    const QCommandLineOption closeAfterOption(QStringLiteral("close-after"),
+                                              tr("Close the window after this time, whatever goes on, as a hand "
+                                                 "would; the exit code is then 4."),
+                                              tr("milliseconds"));
+    const QCommandLineOption helpOption({QStringLiteral("help"), QStringLiteral("h")}, tr("Show this text."));
+    const QCommandLineOption versionOption(QStringLiteral("version"), tr("Show the program's version."));
+    const QCommandLineOption language = languageOption();
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Self-test station for WiFi gimbal cameras. Without options it opens its window.\n"
-        "Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed settings or a second "
-        "station, 3 no camera in time or lost or changed during a run, 4 stopped or closed before the end, 5 not "
-        "everything was saved."));
+    parser.setApplicationDescription(
+        tr("Self-test station for WiFi gimbal cameras. Without options it opens its window.\n"
+           "Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed settings or a second "
+           "station, 3 no camera in time or lost or changed during a run, 4 stopped or closed before the end, 5 not "
+           "everything was saved."));
     parser.addOptions({runOption, jsonOption, junitOption, operatorOption, batchOption, serialOption, savePathOption,
-                       timeoutOption, screenshotOption, repeatOption, eachOption, closeAfterOption, helpOption,
-                       versionOption});
+                       timeoutOption, screenshotOption, repeatOption, eachOption, closeAfterOption, language,
+                       helpOption, versionOption});
 
     CommandLine line;
     const auto wrong = [&line](const QString &reason) {
@@ -171,12 +163,17 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         line.message = QStringLiteral("KestDetector %1").arg(QLatin1String(programVersion()));
         return line;
     }
+    const QString wrongLanguage = languageProblem(parser, language);
+    if (!wrongLanguage.isEmpty()) {
+        return wrong(wrongLanguage);
+    }
     if (!parser.positionalArguments().isEmpty()) {
-        return wrong(QStringLiteral("Unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst()));
+        return wrong(tr("Unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst()));
     }
     if (!parser.isSet(runOption)) {
-        const QStringList given = parser.optionNames();
-        return given.isEmpty() ? line : wrong(QStringLiteral("--%1 goes with --run").arg(given.constFirst()));
+        QStringList given = parser.optionNames();
+        given.removeAll(language.names().constFirst());
+        return given.isEmpty() ? line : wrong(tr("--%1 goes with --run").arg(given.constFirst()));
     }
     line.mode = Mode::Unattended;
     line.labels = {parser.value(operatorOption), parser.value(batchOption), parser.value(serialOption)};
@@ -193,10 +190,10 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         readNumber(parser, repeatOption, 1, &line.repeat),
         readNumber(parser, closeAfterOption, 0, &line.closeAfterMs),
         line.connectTimeoutSeconds > std::numeric_limits<int>::max() / 1000
-            ? QStringLiteral("--connect-timeout: at most %1").arg(std::numeric_limits<int>::max() / 1000)
+            ? tr("--connect-timeout: at most %1").arg(std::numeric_limits<int>::max() / 1000)
             : QString(),
         parser.isSet(screenshotOption) && !line.screenshot.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)
-            ? QStringLiteral("--screenshot: \"%1\" does not end in .png").arg(line.screenshot)
+            ? tr("--screenshot: \"%1\" does not end in .png").arg(line.screenshot)
             : QString(),
     };
     for (const QString &error : errors) {

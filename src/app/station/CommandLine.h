@@ -4,6 +4,7 @@
 #include "detector/store/Settings.h"
 #include "plan/RunPlan.h"
 
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -11,6 +12,9 @@
 /// What the operator asked for on the command line. Without options the program is just its window.
 struct CommandLine
 {
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+
+public:
     enum class Mode {
         Window,     ///< the window, driven by hand
         Unattended, ///< the window, driven by the options

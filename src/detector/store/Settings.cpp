@@ -82,6 +82,13 @@ bool flag(const QString &value, Settings *settings)
     return settings->*field || value == QLatin1String("false");
 }
 
+bool language(const QString &value, Settings *settings)
+{
+    bool isKnown = false;
+    settings->language = languageNamed(value, &isKnown);
+    return isKnown;
+}
+
 struct Row
 {
     const char *key;
@@ -143,6 +150,8 @@ constexpr Row rows[] = {
      QT_TRANSLATE_NOOP("Settings", "not of the form postgresql://user@host/database, or with a password, which belongs "
                                    "into .pgpass"),
      QT_TRANSLATE_NOOP("Settings", "the runs stay at this station"), true},
+    {"Interface/language", "", language, QT_TRANSLATE_NOOP("Settings", "neither en nor zh_CN"),
+     QT_TRANSLATE_NOOP("Settings", "the texts are partly English, partly Chinese")},
 };
 
 QString translated(const char *text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "language/Language.h"
 #include "plan/Questions.h"
 #include "plan/RunPlan.h"
 #include "record/Limit.h"
@@ -71,6 +72,8 @@ struct Settings
 
     QString historyFile;   ///< where every run is kept, from option.ini's folder on; empty: nowhere
     QString historyServer; ///< where these runs are sent, see `StoreAddress::server`; empty: nowhere
+
+    Language language = Language::AsWritten; ///< of the window and of all texts, unless --language says another
 
     PlannedItems plannedItems;   ///< [RunPlan]: what a ticked component runs, where that is not what it runs by itself
     QMap<QString, Limit> limits; ///< [Limits]: by measurement

@@ -1,0 +1,87 @@
+#include "language/Language.h"
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+#include <QLatin1String>
+#include <QSettings>
+#include <qt/versions.h>
+#include <QTranslator>
+
+namespace {
+struct NamedLanguage
+{
+    const char *name;
+    Language language;
+};
+
+constexpr NamedLanguage languages[] = {
+    {"", Language::AsWritten},
+    {"en", Language::English},
+    {"zh_CN", Language::Chinese},
+};
+
+/// The value of the last --language among the arguments; empty if there is none.
+QString languageArgument(const QStringList &arguments)
+{
+    const QString option = QStringLiteral("--language");
+    QString value;
+    for (int i = 1; i < arguments.size() && arguments.at(i) != QLatin1String("--"); ++i) {
+        if (arguments.at(i) == option) {
+            value = arguments.value(i + 1);
+        } else if (arguments.at(i).startsWith(option + QLatin1Char('='))) {
+            value = arguments.at(i).mid(option.size() + 1);
+        }
+    }
+    return value;
+}
+
+void addTranslator(QCoreApplication &application, const QString &name, const QString &folder)
+{
+    auto translator = std::make_unique<QTranslator>(&application);
+    if (translator->load(name, folder)) {
+        QCoreApplication::installTranslator(translator.release());
+    }
+}
+} // namespace
+
+/// The linker leaves out of a library what nobody names. (The macro works outside of namespaces only.)
+static void takeTranslations()
+{
+    Q_INIT_RESOURCE(translations);
+}
+
+Language languageNamed(const QString &name, bool *isKnown)
+{
+    const auto *const found =
+        std::find_if(std::begin(languages), std::end(languages),
+                     [&name](const NamedLanguage &row) { return name == QLatin1String(row.name); });
+    *isKnown = found != std::end(languages);
+    return *isKnown ? found->language : Language::AsWritten;
+}
+
+Language chosenLanguage(const QStringList &arguments, const QString &settingsFile)
+{
+    bool isKnown = false;
+    const Language asked = languageNamed(languageArgument(arguments), &isKnown);
+    if (asked != Language::AsWritten) {
+        return asked;
+    }
+    const QSettings settings(settingsFile, QSettings::IniFormat);
+    return languageNamed(settings.value(QStringLiteral("Interface/language")).toString(), &isKnown);
+}
+
+void installLanguage(QCoreApplication &application, Language language)
+{
+    if (language == Language::AsWritten) {
+        return;
+    }
+    const auto *const row =
+        std::find_if(std::begin(languages), std::end(languages),
+                     [language](const NamedLanguage &candidate) { return candidate.language == language; });
+    const QString name = QLatin1String(row->name);
+    takeTranslations();
+    addTranslator(application, QStringLiteral("qtbase_") + name, qtTranslationsFolder());
+    // The last one is asked first.
+    addTranslator(application, QStringLiteral("kest_") + name, QStringLiteral(":/translations"));
+}
