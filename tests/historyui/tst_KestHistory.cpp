@@ -1,5 +1,6 @@
 #include "exampleRecord.h"
 #include "history/store/Store.h"
+#include "PostgresServer.h"
 #include "record/recordJson.h"
 
 #include <csignal>
@@ -12,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QXmlStreamReader>
+#include <utility>
 
 /// The program itself: what it prints, what it leaves with, and what is then in the store.
 class tst_KestHistory : public QObject
@@ -29,6 +31,7 @@ private slots:
     void writesJunit();
     void writesReports();
     void prunes();
+    void sendsToTheServer();
     void staysSoundWhenInterrupted();
     void saysWhyItCannot_data();
     void saysWhyItCannot();
@@ -42,6 +45,8 @@ private:
     };
     /// `words` in the test's folder, whose store is "runs.sqlite".
     End run(const QStringList &words, const QByteArray &input = {});
+    /// Likewise, by a copy of the program whose option.ini is in that folder.
+    End runBesideSettings(const QByteArray &settings, const QStringList &words);
     End runOn(const QString &store, const QStringList &words)
     {
         return run(QStringList({QStringLiteral("--store"), store}) + words);
@@ -50,6 +55,7 @@ private:
     QByteArray read(const QString &name);
 
     QTemporaryDir m_folder;
+    QString m_program{QStringLiteral(KEST_HISTORY)};
 };
 
 namespace {
@@ -91,7 +97,7 @@ tst_KestHistory::End tst_KestHistory::run(const QStringList &words, const QByteA
 {
     QProcess program;
     program.setWorkingDirectory(m_folder.path());
-    program.start(QStringLiteral(KEST_HISTORY), words);
+    program.start(m_program, words);
     program.write(input);
     program.closeWriteChannel();
     if (!program.waitForFinished() || program.exitStatus() != QProcess::NormalExit) {
@@ -99,6 +105,21 @@ tst_KestHistory::End tst_KestHistory::run(const QStringList &words, const QByteA
     }
     return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
             QString::fromUtf8(program.readAllStandardError())};
+}
+
+tst_KestHistory::End tst_KestHistory::runBesideSettings(const QByteArray &settings, const QStringList &words)
+{
+    const QString copy = m_folder.filePath(QStringLiteral("KestHistory"));
+    if (!QFile::exists(copy) && !QFile::copy(m_program, copy)) {
+        return {-1, {}, QStringLiteral("the program cannot be copied")};
+    }
+    if (!write(QStringLiteral("option.ini"), settings)) {
+        return {-1, {}, QStringLiteral("option.ini cannot be written")};
+    }
+    const QString before = std::exchange(m_program, copy);
+    End end = run(words);
+    m_program = before;
+    return end;
 }
 
 bool tst_KestHistory::write(const QString &name, const QByteArray &content)
@@ -290,6 +311,47 @@ void tst_KestHistory::prunes()
     QCOMPARE(end.code, 0);
     QCOMPARE(runOn(QStringLiteral("old.sqlite"), {QStringLiteral("export")}).output,
              QString::fromUtf8(linesOf(threeRuns().mid(2))));
+}
+
+void tst_KestHistory::sendsToTheServer()
+{
+    PostgresServer server;
+    const QString reason = server.start();
+    if (!reason.isEmpty()) {
+        QSKIP(qUtf8Printable(reason));
+    }
+    QVERIFY(QFile::copy(m_folder.filePath(QStringLiteral("runs.sqlite")),
+                        m_folder.filePath(QStringLiteral("queue.sqlite"))));
+    const QByteArray file = "[History]\nfile=queue.sqlite\n";
+    const QByteArray both = file + "server=" + server.url().toUtf8() + '\n';
+    const QStringList forward = {QStringLiteral("forward")};
+    const auto status = [this](const char *key) {
+        const End end = runOn(QStringLiteral("queue.sqlite"), {QStringLiteral("status"), QStringLiteral("--json")});
+        return QJsonDocument::fromJson(end.output.toUtf8()).object().value(QLatin1String(key));
+    };
+
+    const End nowhere = runBesideSettings(file, forward);
+    QCOMPARE(nowhere.code, 3);
+    QVERIFY2(nowhere.errors.contains(QStringLiteral("option.ini names no server")), qPrintable(nowhere.errors));
+
+    server.kill();
+    const End gone = runBesideSettings(both, forward);
+    QCOMPARE(gone.code, 3);
+    QCOMPARE(gone.output, QStringLiteral("0 sent\n"));
+    QVERIFY2(gone.errors.startsWith(QStringLiteral("KestHistory: %1: the server cannot be reached").arg(server.url())),
+             qPrintable(gone.errors));
+    QCOMPARE(status("queued").toInt(), 3);
+    QCOMPARE(QStringLiteral("KestHistory: %1\n").arg(status("lastError").toString()), gone.errors);
+
+    QVERIFY(server.resume());
+    const End sent = runBesideSettings(both, forward);
+    QCOMPARE(sent.errors, QString());
+    QCOMPARE(sent.output, QStringLiteral("3 sent\n"));
+    QCOMPARE(sent.code, 0);
+    QCOMPARE(runBesideSettings(both, forward).output, QStringLiteral("0 sent\n"));
+    QCOMPARE(status("queued").toInt(), 0);
+    QCOMPARE(status("lastError").toString(), QString());
+    QCOMPARE(runOn(server.url(), {QStringLiteral("export")}).output, QString::fromUtf8(linesOf(threeRuns())));
 }
 
 /// Ctrl+C in the middle of an endless import: the program ends by itself, and what it has counted is what is there.

@@ -25,6 +25,8 @@ public:
     /// store notes when runs were sent last, and the last error.
     std::optional<int> forward(const std::function<bool(int sent, qint64 queued)> &goOn = {});
 
+    /// How many the last call has sent, also where it failed in the end.
+    int sent() const { return m_sent; }
     const QString &error() const { return m_error; }
 
 private:
