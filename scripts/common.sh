@@ -3,7 +3,7 @@
 
 build_packages="g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n libqt5sql5-sqlite libqt5sql5-psql libboost-dev busybox-static python3 python3-pyftpdlib fonts-wqy-microhei"
 # Beside them, what only the tests use.
-test_packages="curl postgresql python3-jsonschema libxml2-utils"
+test_packages="curl openssl postgresql python3-jsonschema libxml2-utils"
 
 # In the place of Qt 5, for the preset qt6.
 qt6_packages="qt6-base-dev qt6-tools-dev qt6-l10n-tools qt6-translations-l10n libqt6sql6-sqlite libqt6sql6-psql libgl-dev"

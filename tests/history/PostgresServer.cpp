@@ -17,7 +17,7 @@ QString programs()
     const QDir versions(QStringLiteral("/usr/lib/postgresql"));
     const QStringList found = versions.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::Reversed);
     for (const QString &version : found) {
-        const QString folder = versions.filePath(version) + QStringLiteral("/bin/");
+        QString folder = versions.filePath(version) + QStringLiteral("/bin/");
         if (QFile::exists(folder + QStringLiteral("initdb"))) {
             return folder;
         }
@@ -64,13 +64,18 @@ bool PostgresServer::run(const QString &program, const QStringList &arguments, Q
     return done && process.exitCode() == 0;
 }
 
+bool PostgresServer::giveToServer(const QString &path)
+{
+    return geteuid() != 0 || run(QStringLiteral("chown"), {QStringLiteral("postgres"), path});
+}
+
 QString PostgresServer::start()
 {
     const QString folder = programs();
     if (folder.isEmpty()) {
         return QStringLiteral("there is no PostgreSQL server here (Debian's postgresql)");
     }
-    if (geteuid() == 0 && !run(QStringLiteral("chown"), {QStringLiteral("postgres"), m_folder.path()})) {
+    if (!giveToServer(m_folder.path())) {
         return QStringLiteral("there is no user postgres here");
     }
     QStringList init = asServer({folder + QStringLiteral("initdb"), QStringLiteral("--no-sync"), QStringLiteral("-A"),
@@ -163,12 +168,47 @@ void PostgresServer::empty()
     execute(QStringLiteral("DROP SCHEMA public CASCADE; CREATE SCHEMA public"));
 }
 
-void PostgresServer::wantPasswords()
+void PostgresServer::writeRule(const QByteArray &method)
 {
     QFile rules(m_folder.filePath(QStringLiteral("data/pg_hba.conf")));
     if (rules.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        rules.write("local all all trust\nhost all all 127.0.0.1/32 scram-sha-256\n");
+        rules.write("local all all trust\nhost all all 127.0.0.1/32 " + method + '\n');
     }
     rules.close();
     execute(QStringLiteral("SELECT pg_reload_conf()"));
+}
+
+void PostgresServer::wantPassword(const QString &password)
+{
+    execute(QStringLiteral("ALTER ROLE line PASSWORD '%1'").arg(password));
+    writeRule("scram-sha-256");
+}
+
+void PostgresServer::letEverybodyIn()
+{
+    execute(QStringLiteral("ALTER SYSTEM RESET ssl"));
+    writeRule("trust");
+}
+
+QString PostgresServer::showCertificate(const QString &host)
+{
+    QString certificate = m_folder.filePath(QStringLiteral("data/server.crt"));
+    const QString key = m_folder.filePath(QStringLiteral("data/server.key"));
+    QString output;
+    const bool made =
+        run(QStringLiteral("openssl"),
+            {QStringLiteral("req"), QStringLiteral("-x509"), QStringLiteral("-newkey"), QStringLiteral("ec"),
+             QStringLiteral("-pkeyopt"), QStringLiteral("ec_paramgen_curve:prime256v1"), QStringLiteral("-nodes"),
+             QStringLiteral("-days"), QStringLiteral("2"), QStringLiteral("-subj"), QStringLiteral("/CN=runs"),
+             QStringLiteral("-addext"), QStringLiteral("subjectAltName=") + host, QStringLiteral("-keyout"), key,
+             QStringLiteral("-out"), certificate},
+            &output) &&
+        giveToServer(key) && giveToServer(certificate);
+    if (!made) {
+        qWarning("no certificate: %s", qUtf8Printable(output));
+        return {};
+    }
+    execute(QStringLiteral("ALTER SYSTEM SET ssl = on"));
+    execute(QStringLiteral("SELECT pg_reload_conf()"));
+    return certificate;
 }

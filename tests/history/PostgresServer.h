@@ -27,11 +27,19 @@ public:
     QString execute(const QString &sql, const QString &database = QStringLiteral("runs"));
     /// Takes everything out of `runs`.
     void empty();
-    /// From now on the server wants a password of those who come over the network.
-    void wantPasswords();
+    /// From now on the server wants this password of those who come over the network.
+    void wantPassword(const QString &password);
+    /// As it was at first: it wants none, and does not encrypt.
+    void letEverybodyIn();
+    /// From now on the server can encrypt, with a certificate that it has issued itself for `host` ("DNS:elsewhere",
+    /// "IP:127.0.0.1"). The certificate's path, or an empty text if that is impossible.
+    QString showCertificate(const QString &host);
 
 private:
     bool run(const QString &program, const QStringList &arguments, QString *output = nullptr);
+    /// Lets the server, which may be another user than the test, read and write `path`.
+    bool giveToServer(const QString &path);
+    void writeRule(const QByteArray &method);
     bool launch();
     bool answers();
 

@@ -2,16 +2,20 @@
 #include "manyRuns.h"
 #include "PostgresServer.h"
 
+#include <functional>
+#include <future>
 #include <memory>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QScopeGuard>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 constexpr int patienceMs = 60000;
+using Deed = std::function<bool()>;
 
 std::unique_ptr<Store> openStore(const StoreAddress &address)
 {
@@ -53,6 +57,7 @@ bool hasEnded(QProcess &process)
     return process.state() == QProcess::NotRunning || process.waitForFinished(patienceMs);
 }
 } // namespace
+Q_DECLARE_METATYPE(Deed)
 
 /// From a local store to a server of our own.
 class tst_Forwarder : public QObject
@@ -69,11 +74,19 @@ private slots:
     void sendsWhatTheServerDoesNotRefuse();
     void tellsWhyItCannotSend_data();
     void tellsWhyItCannotSend();
+    void sendsEachRunOnceAfterTheCure_data();
+    void sendsEachRunOnceAfterTheCure();
+    void waitsForASlowServer();
     void followsAServerThatComesAndGoes();
     void sendsEachRunOnceWhoeverIsKilled();
 
 private:
     StoreAddress local() const { return StoreAddress::file(m_folder->filePath(QStringLiteral("历史.sqlite"))); }
+    /// Into the only file of passwords that is looked at.
+    bool writePassword(const QByteArray &password) const;
+    /// The authority whose certificates count.
+    QString trusted() const { return m_folder->filePath(QStringLiteral("trusted.crt")); }
+    bool trust(const QString &certificate) const;
     /// Every run is in the server's store with each of its rows, once, and counted once.
     void verifyOnServer(const QList<RunRecord> &runs);
 
@@ -203,6 +216,137 @@ void tst_Forwarder::tellsWhyItCannotSend()
     QCOMPARE(state.queued, 3);
     QCOMPARE(state.lastError, forwarder.error());
     QVERIFY(state.lastErrorTime.secsTo(QDateTime::currentDateTimeUtc()) < 60);
+}
+
+bool tst_Forwarder::writePassword(const QByteArray &password) const
+{
+    QFile file(m_folder->filePath(QStringLiteral("passwords")));
+    qputenv("PGPASSFILE", QFile::encodeName(file.fileName()));
+    // One that others may read is passed over.
+    return file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+           file.write("127.0.0.1:*:runs:line:" + password + '\n') > 0;
+}
+
+bool tst_Forwarder::trust(const QString &certificate) const
+{
+    QFile::remove(trusted());
+    return QFile::copy(certificate, trusted());
+}
+
+void tst_Forwarder::sendsEachRunOnceAfterTheCure_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("reason");
+    QTest::addColumn<QString>("detail"); // in the server's words or libpq's
+    QTest::addColumn<Deed>("fall");
+    QTest::addColumn<Deed>("cure");
+    const QString unreachable = QStringLiteral("the server cannot be reached");
+    const QString verified = QStringLiteral("?sslmode=verify-full&sslrootcert=");
+    const QString elsewhere = QStringLiteral("DNS:elsewhere");
+    const QString here = QStringLiteral("IP:127.0.0.1");
+    const auto run = [this](const char *sql) {
+        return Deed([this, sql] {
+            m_server.execute(QLatin1String(sql), QStringLiteral("postgres"));
+            return true;
+        });
+    };
+    const auto runInStore = [this](const char *sql) {
+        return Deed([this, sql] {
+            m_server.execute(QLatin1String(sql));
+            return true;
+        });
+    };
+    const auto wantPassword = [this] { m_server.wantPassword(QStringLiteral("right")); };
+    const Deed giveRight = [this] { return writePassword("right"); };
+
+    QTest::newRow("a wrong password") << QString() << unreachable
+                                      << QStringLiteral("password authentication failed for user \"line\"")
+                                      << Deed([=] {
+                                             wantPassword();
+                                             return writePassword("wrong");
+                                         })
+                                      << giveRight;
+    QTest::newRow("no password") << QString() << unreachable << QStringLiteral("no password supplied") << Deed([=] {
+        wantPassword();
+        return writePassword("");
+    }) << giveRight;
+    const Deed showRight = [=] { return trust(m_server.showCertificate(here)); };
+    QTest::newRow("a certificate of another name")
+        << verified << unreachable << QStringLiteral("does not match host name \"127.0.0.1\"")
+        << Deed([=] { return trust(m_server.showCertificate(elsewhere)); }) << showRight;
+    QTest::newRow("a certificate of nobody who is trusted")
+        << verified << unreachable << QStringLiteral("certificate verify failed")
+        << Deed([=] { return showRight() && !m_server.showCertificate(here).isEmpty(); }) << showRight;
+    QTest::newRow("a full disk") << QString() << QStringLiteral("the disk is full") << QStringLiteral("no room")
+                                 << runInStore("CREATE FUNCTION refuse() RETURNS trigger LANGUAGE plpgsql AS $$BEGIN "
+                                               "RAISE EXCEPTION 'no room' USING ERRCODE = 'disk_full'; END$$; "
+                                               "CREATE TRIGGER full_disk BEFORE INSERT ON measurement "
+                                               "EXECUTE FUNCTION refuse()")
+                                 << runInStore("DROP TRIGGER full_disk ON measurement");
+    QTest::newRow("a server for reading alone")
+        << QString() << QStringLiteral("it cannot be opened or written to") << QStringLiteral("read-only transaction")
+        << run("ALTER DATABASE runs SET default_transaction_read_only = on")
+        << run("ALTER DATABASE runs RESET default_transaction_read_only");
+}
+
+void tst_Forwarder::sendsEachRunOnceAfterTheCure()
+{
+    QFETCH(QString, options);
+    QFETCH(QString, reason);
+    QFETCH(QString, detail);
+    QFETCH(Deed, fall);
+    QFETCH(Deed, cure);
+    const auto asBefore = qScopeGuard([&] {
+        cure();
+        m_server.letEverybodyIn();
+        qunsetenv("PGPASSFILE");
+    });
+    const QString url = m_server.url() + (options.isEmpty() ? options : options + trusted());
+    QList<RunRecord> runs = manyRuns(0, 3);
+    const std::unique_ptr<Store> store = openStore(local());
+    insert(store.get(), runs);
+    QVERIFY(openStore(serverAddress(m_server.url())));
+    QVERIFY(fall());
+    Forwarder forwarder(local(), serverAddress(url));
+    QVERIFY(!forwarder.forward());
+    QVERIFY2(forwarder.error().startsWith(QStringLiteral("%1: %2 (").arg(url, reason)) &&
+                 forwarder.error().contains(detail),
+             qUtf8Printable(forwarder.error()));
+    QCOMPARE(store->forwardState()->lastError, forwarder.error());
+    // The station goes on.
+    runs.append(runNumber(3));
+    insert(store.get(), {runs.last()});
+    QCOMPARE(store->forwardState()->queued, 4);
+
+    QVERIFY(cure());
+    QCOMPARE(forwarder.forward(), std::optional<int>(4));
+    QCOMPARE(forwarder.forward(), std::optional<int>(0));
+    QCOMPARE(store->forwardState()->queued, 0);
+    QCOMPARE(store->forwardState()->lastError, QString());
+    verifyOnServer(runs);
+}
+
+/// However long a server takes, nobody waits for it but the forwarder.
+void tst_Forwarder::waitsForASlowServer()
+{
+    QList<RunRecord> runs = manyRuns(0, 3);
+    const std::unique_ptr<Store> store = openStore(local());
+    insert(store.get(), runs);
+    const StoreAddress server = serverAddress(m_server.url());
+    QVERIFY(openStore(server));
+    std::future<std::optional<int>> sending;
+    Connection holder(server, Connection::Access::Write, {});
+    QVERIFY(holder.open() && holder.execute(QStringLiteral("BEGIN")) &&
+            holder.execute(QStringLiteral("LOCK TABLE run IN ACCESS EXCLUSIVE MODE")));
+    sending = std::async(std::launch::async, [&] { return Forwarder(local(), server).forward(); });
+    QTRY_COMPARE_WITH_TIMEOUT(m_server.execute(QStringLiteral("SELECT count(*) FROM pg_locks WHERE NOT granted")),
+                              QStringLiteral("1"), patienceMs);
+    runs.append(runNumber(3));
+    insert(store.get(), {runs.last()});
+    QCOMPARE(store->forwardState()->queued, 4);
+    QVERIFY(holder.execute(QStringLiteral("COMMIT")));
+    QCOMPARE(sending.get(), std::optional<int>(4));
+    verifyOnServer(runs);
 }
 
 void tst_Forwarder::followsAServerThatComesAndGoes()
