@@ -45,6 +45,8 @@ private slots:
     void refusesARunWithoutIdOrTime();
     void tellsWhyItDoesNotOpen_data();
     void tellsWhyItDoesNotOpen();
+    void bringsEverySchemaUpToDate_data();
+    void bringsEverySchemaUpToDate();
     void looksWithoutWriting();
     void tellsOfADamagedRecord();
 
@@ -53,6 +55,10 @@ private:
     bool isMissing(const QString &engine) const;
     std::unique_ptr<Store> open(const QString &engine, Connection::Access access = Connection::Access::Write);
     StoreAddress address(const QString &engine) const;
+    /// Makes the store that `sql` is the dump of.
+    bool restore(const QString &engine, const QByteArray &sql);
+    /// Tables, columns and indexes.
+    static QString structure(const QString &engine, Store *store);
     /// The answer's rows, line by line.
     static QString values(Store *store, const char *question);
 
@@ -411,6 +417,86 @@ void tst_Store::tellsWhyItDoesNotOpen()
     QVERIFY(!Store::open(StoreAddress::file(path), options, &m_error));
     QTEST(m_error.kind, "kind");
     QVERIFY2(m_error.text.startsWith(path + QStringLiteral(": ") + reason), qUtf8Printable(m_error.text));
+}
+
+bool tst_Store::restore(const QString &engine, const QByteArray &sql)
+{
+    if (engine == QLatin1String("postgresql")) {
+        m_server.execute(QString::fromUtf8(sql));
+        return true;
+    }
+    Connection connection(address(engine), Connection::Access::Write, 0ms);
+    const QStringList statements = QString::fromUtf8(sql).split(QStringLiteral(";\n"), Qt::SkipEmptyParts);
+    return connection.open() &&
+           std::all_of(statements.begin(), statements.end(),
+                       [&connection](const QString &statement) { return connection.execute(statement); });
+}
+
+QString tst_Store::structure(const QString &engine, Store *store)
+{
+    if (engine == QLatin1String("sqlite")) {
+        return values(store, "SELECT name, sql FROM sqlite_master ORDER BY name");
+    }
+    return values(store, "SELECT table_name, column_name, data_type, is_nullable, collation_name "
+                         "FROM information_schema.columns WHERE table_schema = 'public' ORDER BY table_name, "
+                         "ordinal_position") +
+           values(store, "SELECT indexdef FROM pg_indexes WHERE schemaname = 'public' ORDER BY indexname");
+}
+
+void tst_Store::bringsEverySchemaUpToDate_data()
+{
+    QTest::addColumn<QString>("engine");
+    QTest::addColumn<int>("number");
+    for (const SchemaStep &step : schemaSteps()) {
+        for (const char *engine : {"sqlite", "postgresql"}) {
+            QTest::addRow("schema %d, %s", step.number, engine) << engine << step.number;
+        }
+    }
+}
+
+void tst_Store::bringsEverySchemaUpToDate()
+{
+    QFETCH(QString, engine);
+    QFETCH(int, number);
+    if (isMissing(engine)) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    // A dump of a store that holds the example, made by the program whose newest step this was.
+    QFile dump(QStringLiteral(KEST_SCHEMA_FOLDER "/schema-%1.%2.sql").arg(number).arg(engine));
+    QVERIFY2(dump.open(QIODevice::ReadOnly), qPrintable(dump.fileName()));
+    QVERIFY(restore(engine, dump.readAll()));
+    QString old;
+    {
+        Connection connection(address(engine), Connection::Access::Read, 0ms);
+        QVERIFY2(connection.open(), qUtf8Printable(connection.error().text));
+        QSqlQuery query(connection.database());
+        QVERIFY(query.exec(QStringLiteral("SELECT max(number) FROM schema_step")) && query.next());
+        old = query.value(0).toString();
+    }
+    QCOMPARE(old, QString::number(number));
+
+    QString brought;
+    {
+        const std::unique_ptr<Store> store = open(engine);
+        QVERIFY2(store, qUtf8Printable(m_error.text));
+        QCOMPARE(values(store.get(), "SELECT max(number) FROM schema_step"),
+                 QString::number(schemaSteps().back().number));
+        brought = structure(engine, store.get());
+        const std::optional<RunRecord> run = store->read(exampleRecord().id);
+        QVERIFY2(run, qUtf8Printable(store->error().text));
+        QVERIFY(*run == exampleRecord());
+        const RunRecord next = runOf(run->camera.mac, 60, Outcome::Passed);
+        QCOMPARE(store->insert({runRows(exampleRecord()), runRows(next)}), std::optional<int>(1));
+        QCOMPARE(store->camera(next.camera.mac)->runs, 2);
+        QCOMPARE(store->unsent(10), std::optional(QList<QUuid>({run->id, next.id})));
+        QCOMPARE(values(store.get(), "SELECT sum(runs), sum(cameras), sum(first_passed), sum(final_passed) FROM tally"),
+                 QStringLiteral("2|1|0|1"));
+    }
+    // It is the same as one that is made anew.
+    init();
+    const std::unique_ptr<Store> fresh = open(engine);
+    QVERIFY2(fresh, qUtf8Printable(m_error.text));
+    QCOMPARE(brought, structure(engine, fresh.get()));
 }
 
 void tst_Store::looksWithoutWriting()
