@@ -233,12 +233,35 @@ private:
     QJsonObject m_object;
 };
 
+/// Where a value stands in the record, as a chain up to the record itself: most are never told.
+struct Place
+{
+    const Place *above = nullptr; ///< null: the record is above
+    const char *name = nullptr;   ///< null: an entry of a list
+    int index = 0;
+
+    /// "components[1].items[0].verdict"
+    QString text() const
+    {
+        QString path;
+        for (const Place *place = this; place != nullptr; place = place->above) {
+            if (!path.isEmpty() && !path.startsWith(QLatin1Char('['))) {
+                path.prepend(QLatin1Char('.'));
+            }
+            path.prepend(place->name == nullptr ? QStringLiteral("[%1]").arg(place->index)
+                                                : QString::fromLatin1(place->name));
+        }
+        return path;
+    }
+};
+
 /// One value of the record out of a JSON value; the first thing that is wrong ends the reading.
 class Reader
 {
 public:
-    Reader(QJsonObject object, QString path, QString *error)
-        : m_object(std::move(object)), m_path(std::move(path)), m_error(error)
+    /// `place`: of the object; null for the record itself.
+    Reader(QJsonObject object, const Place *place, QString *error)
+        : m_object(std::move(object)), m_place(place), m_error(error)
     {
     }
 
@@ -248,21 +271,20 @@ public:
         if (!m_error->isEmpty()) {
             return;
         }
-        const QString path =
-            m_path.isEmpty() ? QString::fromLatin1(name) : m_path + QLatin1Char('.') + QLatin1String(name);
+        const Place place{m_place, name};
         const auto entry = m_object.constFind(QLatin1String(name));
         if (entry == m_object.constEnd()) {
-            *m_error = QStringLiteral("%1 is missing").arg(path);
+            *m_error = QStringLiteral("%1 is missing").arg(place.text());
             return;
         }
-        if (!read(*entry, path, &value) && m_error->isEmpty()) {
-            *m_error = QStringLiteral("%1 cannot be read").arg(path);
+        if (!read(*entry, place, &value) && m_error->isEmpty()) {
+            *m_error = QStringLiteral("%1 cannot be read").arg(place.text());
         }
     }
 
 private:
     template <class Value>
-    bool read(const QJsonValue &json, const QString &path, Value *value)
+    bool read(const QJsonValue &json, const Place &place, Value *value)
     {
         if constexpr (std::is_enum_v<Value>) {
             const std::optional<Value> found = valueOfName<Value>(json.toString());
@@ -272,19 +294,19 @@ private:
             if (!json.isObject()) {
                 return false;
             }
-            Reader reader(json.toObject(), path, m_error);
+            Reader reader(json.toObject(), &place, m_error);
             Keys<Value>::visit(*value, reader);
             return m_error->isEmpty();
         }
     }
 
-    static bool read(const QJsonValue &json, const QString &, QString *text)
+    static bool read(const QJsonValue &json, const Place &, QString *text)
     {
         *text = json.toString();
         return json.isString();
     }
 
-    static bool read(const QJsonValue &json, const QString &, double *number)
+    static bool read(const QJsonValue &json, const Place &, double *number)
     {
         *number = json.toDouble();
         return json.isDouble();
@@ -302,17 +324,17 @@ private:
         return true;
     }
 
-    static bool read(const QJsonValue &json, const QString &, int *number)
+    static bool read(const QJsonValue &json, const Place &, int *number)
     {
         return readWhole(json, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), number);
     }
 
-    static bool read(const QJsonValue &json, const QString &, qint64 *number)
+    static bool read(const QJsonValue &json, const Place &, qint64 *number)
     {
         return readWhole(json, -largestExact, largestExact, number);
     }
 
-    static bool read(const QJsonValue &json, const QString &, MeasuredValue *value)
+    static bool read(const QJsonValue &json, const Place &, MeasuredValue *value)
     {
         if (json.isString()) {
             *value = json.toString();
@@ -322,7 +344,7 @@ private:
         return json.isString() || json.isDouble();
     }
 
-    static bool read(const QJsonValue &json, const QString &, std::chrono::microseconds *duration)
+    static bool read(const QJsonValue &json, const Place &, std::chrono::microseconds *duration)
     {
         const double count = std::round(json.toDouble(-1) * Writer::microsecondsPerMs);
         if (!(count >= 0 && count <= longestDuration)) {
@@ -332,36 +354,36 @@ private:
         return true;
     }
 
-    static bool read(const QJsonValue &json, const QString &, QUuid *id)
+    static bool read(const QJsonValue &json, const Place &, QUuid *id)
     {
         *id = QUuid::fromString(json.toString());
         return !id->isNull();
     }
 
-    static bool read(const QJsonValue &json, const QString &, QDateTime *time)
+    static bool read(const QJsonValue &json, const Place &, QDateTime *time)
     {
         *time = QDateTime::fromString(json.toString(), Qt::ISODateWithMs);
         return time->isValid() && time->timeSpec() != Qt::LocalTime;
     }
 
-    bool read(const QJsonValue &json, const QString &path, QStringList *texts) { return readArray(json, path, texts); }
+    bool read(const QJsonValue &json, const Place &place, QStringList *texts) { return readArray(json, place, texts); }
 
     template <class Value>
-    bool read(const QJsonValue &json, const QString &path, QList<Value> *values)
+    bool read(const QJsonValue &json, const Place &place, QList<Value> *values)
     {
-        return readArray(json, path, values);
+        return readArray(json, place, values);
     }
 
     template <class Values>
-    bool readArray(const QJsonValue &json, const QString &path, Values *values)
+    bool readArray(const QJsonValue &json, const Place &place, Values *values)
     {
         const QJsonArray array = json.toArray();
         for (int i = 0; i < array.size(); ++i) {
             typename Values::value_type value{};
-            const QString place = QStringLiteral("%1[%2]").arg(path).arg(i);
-            if (!read(array.at(i), place, &value)) {
+            const Place entry{&place, nullptr, i};
+            if (!read(array.at(i), entry, &value)) {
                 if (m_error->isEmpty()) {
-                    *m_error = QStringLiteral("%1 cannot be read").arg(place);
+                    *m_error = QStringLiteral("%1 cannot be read").arg(entry.text());
                 }
                 return false;
             }
@@ -371,20 +393,20 @@ private:
     }
 
     template <class Value>
-    bool read(const QJsonValue &json, const QString &path, std::optional<Value> *value)
+    bool read(const QJsonValue &json, const Place &place, std::optional<Value> *value)
     {
         if (json.isNull()) {
             value->reset();
             return true;
         }
-        return read(json, path, &value->emplace());
+        return read(json, place, &value->emplace());
     }
 
     static constexpr double largestExact = 9007199254740992; ///< 2 to the 53rd: a number keeps every whole one up to it
     static constexpr double longestDuration = 1e15;          ///< microseconds, some thirty years
 
     QJsonObject m_object;
-    QString m_path;
+    const Place *m_place;
     QString *m_error;
 };
 } // namespace
@@ -414,7 +436,7 @@ std::optional<RunRecord> fromJson(const QByteArray &json, QString *error)
         return {};
     }
     const QJsonObject object = document.object();
-    Reader reader(object, {}, error);
+    Reader reader(object, nullptr, error);
     int schema = 0;
     reader(schemaKey.data(), schema);
     if (error->isEmpty() && schema != RunRecord::schemaVersion) {

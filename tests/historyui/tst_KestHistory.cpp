@@ -25,6 +25,7 @@ private slots:
     void answers_data();
     void answers();
     void takesInWhatItGaveOut();
+    void keepsALineAsItCame();
     void takesInFolders();
     void takesInTheRestOfAStream();
     void writesTables();
@@ -223,6 +224,24 @@ void tst_KestHistory::takesInWhatItGaveOut()
              QStringLiteral("0 added, 3 already there, 0 refused\n"));
     QCOMPARE(runOn(QStringLiteral("copy.sqlite"), {QStringLiteral("export")}).output,
              QString::fromUtf8(linesOf(threeRuns())));
+}
+
+void tst_KestHistory::keepsALineAsItCame()
+{
+    const auto afterImport = [this](const char *name, const QByteArray &input) {
+        const QString store = QString::fromLatin1(name);
+        const End in = run({QStringLiteral("--store"), store, QStringLiteral("import"), QStringLiteral("-")}, input);
+        return in.code == 0 ? runOn(store, {QStringLiteral("export")}).output : in.errors;
+    };
+    const RunRecord record = threeRuns().constFirst();
+    const QByteArray line = toJson(record, JsonLayout::Line);
+    // Of a later version.
+    QByteArray later = line;
+    QVERIFY(later.startsWith("{\"batch\":"));
+    later.replace(0, 1, "{ \"attempts\": [1, 2],");
+    QCOMPARE(afterImport("later.sqlite", "  " + later.trimmed() + " \r\n"), QString::fromUtf8(later));
+    QCOMPARE(afterImport("unended.sqlite", line.trimmed()), QString::fromUtf8(line));
+    QCOMPARE(afterImport("lines.sqlite", toJson(record)), QString::fromUtf8(line));
 }
 
 void tst_KestHistory::takesInFolders()

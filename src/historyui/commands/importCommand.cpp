@@ -25,6 +25,14 @@ struct ReadPiece
     QVector<RecordLine> refused; ///< with the reason
 };
 
+/// The record as the store is to keep it: as it came, with what a later version may have written into it. Nothing if it
+/// is not one line.
+QByteArray lineToKeep(const QByteArray &json)
+{
+    QByteArray line = json.trimmed();
+    return line.contains('\n') ? QByteArray() : line + '\n';
+}
+
 ReadPiece readPiece(const Piece &piece)
 {
     ReadPiece read;
@@ -32,7 +40,7 @@ ReadPiece readPiece(const Piece &piece)
         QString error = line.error;
         const std::optional<RunRecord> run = error.isEmpty() ? fromJson(line.json, &error) : std::nullopt;
         if (run) {
-            read.rows.append(runRows(*run));
+            read.rows.append(runRows(*run, lineToKeep(line.json)));
         } else {
             read.refused.append({line.number, {}, error});
         }
