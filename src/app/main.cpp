@@ -75,7 +75,7 @@ int main(int argc, char *argv[])
                                                    "take each other's replies from the camera."));
         return UnattendedRun::NotSound;
     }
-    const QStringList refusals = readSettings(settingsPath()).refusals;
+    const QStringList refusals = line.refusalsBy(readSettings(settingsPath()));
     if (!refusals.isEmpty()) {
         refuse(line, refusals.join(QLatin1Char('\n')));
         return UnattendedRun::NotSound;

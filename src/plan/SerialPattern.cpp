@@ -5,7 +5,7 @@ namespace {
 const QLatin1String stepLimit("(*LIMIT_MATCH=100000)");
 } // namespace
 
-SerialPattern::SerialPattern(const QString &pattern)
+SerialPattern::SerialPattern(const QString &pattern) : m_text(pattern)
 {
     if (pattern.isEmpty()) {
         return;

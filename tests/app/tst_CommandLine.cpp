@@ -16,6 +16,8 @@ private slots:
     void itemsOfAComponent();
     void recordOptions();
     void labelsAreThoseGivenElseOfTheSettings();
+    void serialIsHeldAgainstThePattern_data();
+    void serialIsHeldAgainstThePattern();
     void wrongUsage_data();
     void wrongUsage();
 };
@@ -99,6 +101,51 @@ void tst_CommandLine::labelsAreThoseGivenElseOfTheSettings()
     QVERIFY(parse({}).labelsOver(settings) == (RunLabels{QStringLiteral("Wang"), QStringLiteral("47"), QString()}));
     QVERIFY(parse(QStringLiteral("--run all --operator Li --serial 1")).labelsOver(settings) ==
             (RunLabels{QStringLiteral("Li"), QStringLiteral("47"), QStringLiteral("1")}));
+}
+
+void tst_CommandLine::serialIsHeldAgainstThePattern_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QStringList>("refusals");
+
+    const auto row = [](const char *name, const QStringList &options, const char *pattern, const char *refusal = "") {
+        const QString text = QString::fromUtf8(refusal);
+        QTest::newRow(name) << options << QString::fromLatin1(pattern)
+                            << (text.isEmpty() ? QStringList() : QStringList{text});
+    };
+    const auto serial = [](const char *number) {
+        return QStringList{QStringLiteral("--serial"), QString::fromUtf8(number)};
+    };
+    row("a match", serial("KC0012345"), "KC\\d{7}");
+    row("too short", serial("KC001234"), "KC\\d{7}",
+        R"(--serial: "KC001234" does not match Station/serialPattern="KC\d{7}")");
+    row("more behind it", serial("KC0012345 "), "KC\\d{7}",
+        R"(--serial: "KC0012345 " does not match Station/serialPattern="KC\d{7}")");
+    row("an empty one", serial(""), ".*", R"(--serial: "" does not match Station/serialPattern=".*")");
+    row("marks of a message's places", serial("%1%2"), "%2",
+        R"(--serial: "%1%2" does not match Station/serialPattern="%2")");
+    row("none is given", {}, "KC\\d{7}");
+    row("no pattern", serial("anything"), "");
+    row("an empty one without a pattern", serial(""), "");
+    row("a pattern that is none tells so itself", serial("1"), "(");
+}
+
+void tst_CommandLine::serialIsHeldAgainstThePattern()
+{
+    QFETCH(const QStringList, options);
+    QFETCH(const QString, pattern);
+    Settings settings;
+    settings.questions.serialPattern = SerialPattern(pattern);
+    const CommandLine line = CommandLine::parse(
+        QStringList{QStringLiteral("KestDetector"), QStringLiteral("--run"), QStringLiteral("all")} + options);
+    QVERIFY(line.mode == CommandLine::Mode::Unattended);
+    QTEST(line.refusalsBy(settings), "refusals");
+
+    // Behind what is wrong with the settings themselves.
+    settings.refusals = QStringList{QStringLiteral("first")};
+    QFETCH(const QStringList, refusals);
+    QCOMPARE(line.refusalsBy(settings), settings.refusals + refusals);
 }
 
 void tst_CommandLine::versionIsTold()

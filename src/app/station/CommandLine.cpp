@@ -177,6 +177,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     }
     line.mode = Mode::Unattended;
     line.labels = {parser.value(operatorOption), parser.value(batchOption), parser.value(serialOption)};
+    line.serialGiven = parser.isSet(serialOption);
     line.each = parser.isSet(eachOption);
     line.json = parser.value(jsonOption);
     line.junit = parser.value(junitOption);
@@ -202,6 +203,17 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         }
     }
     return line;
+}
+
+QStringList CommandLine::refusalsBy(const Settings &settings) const
+{
+    QStringList refusals = settings.refusals;
+    const SerialPattern &pattern = settings.questions.serialPattern;
+    if (serialGiven && !pattern.text().isEmpty() && pattern.error().isEmpty() && !pattern.matches(labels.serial)) {
+        refusals.append(
+            tr("--serial: \"%1\" does not match Station/serialPattern=\"%2\"").arg(labels.serial, pattern.text()));
+    }
+    return refusals;
 }
 
 RunLabels CommandLine::labelsOver(const Settings &settings) const

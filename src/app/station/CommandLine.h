@@ -24,12 +24,13 @@ public:
 
     Mode mode = Mode::Window;
     QString message;
-    QStringList boxes;  ///< object names of the check boxes to tick
-    PlannedItems items; ///< of the components for which --run names items
-    RunLabels labels;   ///< those that are given
-    QString json;       ///< file for the runs' records, "-": standard output; empty: none
-    QString junit;      ///< likewise, but never standard output
-    QString savePath;   ///< empty: the window's default
+    QStringList boxes;        ///< object names of the check boxes to tick
+    PlannedItems items;       ///< of the components for which --run names items
+    RunLabels labels;         ///< those that are given
+    bool serialGiven = false; ///< by --serial, though perhaps an empty one
+    QString json;             ///< file for the runs' records, "-": standard output; empty: none
+    QString junit;            ///< likewise, but never standard output
+    QString savePath;         ///< empty: the window's default
     int connectTimeoutSeconds = 30;
     QString screenshot;    ///< file to save the window's picture in after the run; empty: none
     int repeat = 1;        ///< number of runs
@@ -39,6 +40,8 @@ public:
     /// Reads the program's arguments (the program's own name first), without those that Qt has taken.
     static CommandLine parse(const QStringList &arguments);
 
+    /// Why nothing may be run with these settings, a line for each reason.
+    QStringList refusalsBy(const Settings &settings) const;
     /// What a run is told to be of: what is given here, else what the settings say.
     RunLabels labelsOver(const Settings &settings) const;
 };
