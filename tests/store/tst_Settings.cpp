@@ -1,8 +1,10 @@
 #include "detector/store/Settings.h"
+#include "support/fileContent.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -58,6 +60,8 @@ private slots:
     void noFileEmptiesEverySetting();
     void nothingIsWrittenBack();
     void fileOfTheNineteenKeysIsSound();
+    void shippedFileIsSound_data();
+    void shippedFileIsSound();
     void plansAndLimits();
     void refusesWrongPlansAndLimits();
     void station();
@@ -248,6 +252,39 @@ void tst_Settings::fileOfTheNineteenKeysIsSound()
         qWarning("%s", qPrintable(problem.text()));
     }
     QCOMPARE(settings.problems.size(), 0);
+}
+
+void tst_Settings::shippedFileIsSound_data()
+{
+    QTest::addColumn<bool>("withExamples");
+    QTest::newRow("as it is") << false;
+    QTest::newRow("with its examples") << true;
+}
+
+/// The examples of the file are lines that begin with a semicolon and no blank.
+void tst_Settings::shippedFileIsSound()
+{
+    QFETCH(const bool, withExamples);
+    const QByteArray shipped = fileContent(QStringLiteral(KEST_SHIPPED_SETTINGS));
+    QString content = QString::fromUtf8(shipped);
+    static const QRegularExpression example(QStringLiteral("^;(?! )"), QRegularExpression::MultilineOption);
+    const int examples = static_cast<int>(content.count(example));
+    QCOMPARE(examples, 15);
+    if (withExamples) {
+        content.remove(example);
+    }
+    const Settings settings = load(content.toUtf8());
+    QVERIFY2(settings.problems.isEmpty(), qPrintable(settings.problems.value(0).text()));
+    QCOMPARE(settings.refusals, QStringList());
+    QVERIFY(settings.safeguards);
+    QCOMPARE(settings.autoStart, withExamples);
+    QCOMPARE(settings.sound, withExamples);
+    QCOMPARE(settings.stationName, withExamples ? QStringLiteral("line-2-left") : QString());
+    QCOMPARE(settings.questions.asked.size(), withExamples ? 3 : 0);
+    QCOMPARE(settings.questions.serialPattern.matches(QStringLiteral("KC0012345")), true);
+    QCOMPARE(settings.questions.serialPattern.matches(QStringLiteral("0012345")), !withExamples);
+    QCOMPARE(settings.plannedItems.size(), withExamples ? 2 : 0);
+    QCOMPARE(settings.limits.size(), withExamples ? 4 : 0);
 }
 
 void tst_Settings::plansAndLimits()
