@@ -319,6 +319,47 @@ std::vector<Story> folderStories()
     return {odd, deleted, readOnly, isFile, full};
 }
 
+// The files for the records
+
+/// Records that cannot be saved in `folder`, once `spoil` has been done to it, for `reason`: the verdict stands, and no
+/// part of a record is left.
+Story unsavedRecords(const char *name, const QString &below, const char *reason, bool (*spoil)(const char *folder))
+{
+    Story result = story(name, "battery", "Battery: OK, Result: OK", battery());
+    const auto folder = std::make_shared<QTemporaryDir>();
+    const QString json = folder->filePath(below + QStringLiteral("run.json"));
+    const QString junit = folder->filePath(below + QStringLiteral("run.xml"));
+    result.options = QStringList{QStringLiteral("--json"), json, QStringLiteral("--junit"), junit};
+    result.exitCode = notSaved;
+    for (const QString &path : {json, junit}) {
+        result.says.append(QStringLiteral("not saved: %1: %2").arg(path, QLatin1String(reason)));
+    }
+    result.before = [folder, spoil](Scene &) {
+        return spoil(QFile::encodeName(folder->path()).constData())
+                   ? QString()
+                   : cannotBePlayed + QStringLiteral("no mounts of its own");
+    };
+    result.after = [folder](Scene &scene) {
+        const QStringList left = QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        unmount(QFile::encodeName(folder->path()).constData());
+        return left.isEmpty() ? logWasPrinted(scene) : left.join(QLatin1Char(' '));
+    };
+    return result;
+}
+
+std::vector<Story> recordStories()
+{
+    return {
+        unsavedRecords("records below a folder that is not there", QStringLiteral("none/"), "No such file or directory",
+                       [](const char *) { return true; }),
+        unsavedRecords("records in a read-only folder", {}, "Read-only file system",
+                       [](const char *folder) { return enterPrivateMounts() && mountReadOnly(folder); }),
+        // One page: the record is longer.
+        unsavedRecords("records on a full disk", {}, "No space left on device",
+                       [](const char *folder) { return enterPrivateMounts() && mountSmallDisk(folder, 4); }),
+    };
+}
+
 // The clock
 
 /// The wall clock jumps while the battery's information is awaited.
@@ -366,7 +407,8 @@ std::vector<Story> tst_E2eSurroundings::stories() const
     return joined({{jump("the clock jumps forward by an hour", 3600), jump("the clock jumps back by an hour", -3600)},
                    pathStories(),
                    settingsStories(),
-                   folderStories()});
+                   folderStories(),
+                   recordStories()});
 }
 
 QTEST_GUILESS_MAIN(tst_E2eSurroundings)
