@@ -18,10 +18,12 @@ private slots:
     void signalEndsItWithTheFolderDialogOpen();
     void secondStationSaysSo_data();
     void secondStationSaysSo();
+    void wrongSettingsSaySo();
     void anotherCameraIsShownAndFiled_data();
     void anotherCameraIsShownAndFiled();
     void runIsNotTakenForAnotherCameras_data();
     void runIsNotTakenForAnotherCameras();
+    void eachCameraIsTestedByItself();
 };
 
 namespace {
@@ -48,11 +50,57 @@ QByteArray capacityLine(int capacity)
     return "满电容量:" + QByteArray::number(capacity) + "mAh\n";
 }
 
+bool showsMac(StationProcess &station, const QByteArray &mac)
+{
+    return station.waitForLabel("lbMacAddress", "Mac: " + mac + ' ');
+}
+
 /// The window of a station that has found its camera.
 bool openConnected(StationProcess &station, const QByteArray &mac)
 {
     station.openWindow();
-    return station.waitForLabel("lbMacAddress", "Mac: " + mac + ' ');
+    return showsMac(station, mac);
+}
+
+void addSafeguardsRows()
+{
+    QTest::addColumn<bool>("safeguards");
+    QTest::newRow("nineteen keys") << false;
+    QTest::newRow("safeguards") << true;
+}
+
+/// A station with its window, and two cameras on one address, of which the second one takes the first one's place.
+class Swap
+{
+public:
+    explicit Swap(bool safeguards)
+    {
+        if (safeguards) {
+            station.addSafeguards();
+        }
+    }
+
+    /// Neither camera answers its `silent` command.
+    bool openWithFirst(const QByteArray &silent = {})
+    {
+        return first.start(scenario(macA, 801, silent)) && openConnected(station, macA);
+    }
+    bool swap(const QByteArray &silent = {})
+    {
+        first.signalAll(SIGKILL);
+        return second.start(scenario(macB, 902, silent)) && showsMac(station, macB);
+    }
+
+    CameraProcess first;
+    CameraProcess second;
+    StationProcess station;
+};
+
+/// Whether the detection log in `folder` tells of the camera with this battery, once the run is over.
+bool hasSavedLog(const StationProcess &station, const QString &folder, int capacity)
+{
+    const QString log = folder + QStringLiteral("DetectorLog.txt");
+    return waitUntil([&] { return station.allSaved().value(log).contains(capacityLine(capacity)); }, 60000);
 }
 } // namespace
 
@@ -137,35 +185,38 @@ void tst_E2eWindow::secondStationSaysSo()
     QCOMPARE(first.finish(), 4);
 }
 
+void tst_E2eWindow::wrongSettingsSaySo()
+{
+    StationProcess station;
+    station.writeOptionIni(station.optionIni() + "\n[Station]\nask=serial,name\n");
+    station.openWindow();
+    QVERIFY(
+        station.output().waitFor("dialog QMessageBox: " + station.folder().toUtf8() +
+                                 "/option.ini: Station/ask=\"serial,name\": \"name\" cannot be asked for; known are "
+                                 "serial, operator, batch\n"));
+    station.tell("close");
+    QCOMPARE(station.finish(60000), 2);
+    QCOMPARE(station.debugOutput().count("sConnectIp"), 0);
+}
+
 void tst_E2eWindow::anotherCameraIsShownAndFiled_data()
 {
-    QTest::addColumn<bool>("safeguards");
-    QTest::newRow("nineteen keys") << false;
-    QTest::newRow("safeguards") << true;
+    addSafeguardsRows();
 }
 
 void tst_E2eWindow::anotherCameraIsShownAndFiled()
 {
     QFETCH(const bool, safeguards);
-    CameraProcess first;
-    CameraProcess second;
-    StationProcess station;
-    if (safeguards) {
-        station.addSafeguards();
-    }
-    QVERIFY(first.start(scenario(macA, 801)));
-    QVERIFY(openConnected(station, macA));
-    first.signalAll(SIGKILL);
-    QVERIFY(second.start(scenario(macB, 902)));
-    QVERIFY(station.waitForLabel("lbMacAddress", "Mac: " + macB + ' '));
-    QCOMPARE(second.requests("registerPC"), 0); // the link has not been dropped
+    Swap scene(safeguards);
+    StationProcess &station = scene.station;
+    QVERIFY(scene.openWithFirst());
+    QVERIFY(scene.swap());
+    QCOMPARE(scene.second.requests("registerPC"), 0); // the link has not been dropped
 
     station.tell("click cbBattery");
     station.tell("click cbLoadLog");
     station.tell("click tbStart");
-    // The detection log is written last.
-    const QString log = folderB + QStringLiteral("DetectorLog.txt");
-    QVERIFY(waitUntil([&] { return station.allSaved().value(log).contains(capacityLine(902)); }, 60000));
+    QVERIFY(hasSavedLog(station, folderB, 902)); // it is written last
     const QMap<QString, QByteArray> files = station.allSaved();
     QCOMPARE(files.size(), 11);
     for (auto file = files.begin(); file != files.end(); ++file) {
@@ -177,30 +228,23 @@ void tst_E2eWindow::anotherCameraIsShownAndFiled()
 
 void tst_E2eWindow::runIsNotTakenForAnotherCameras_data()
 {
-    anotherCameraIsShownAndFiled_data();
+    addSafeguardsRows();
 }
 
 void tst_E2eWindow::runIsNotTakenForAnotherCameras()
 {
     QFETCH(const bool, safeguards);
-    CameraProcess first;
-    CameraProcess second;
-    StationProcess station;
-    if (safeguards) {
-        station.addSafeguards();
-    }
-    QVERIFY(first.start(scenario(macA, 801, "getBatteryInfo")));
-    QVERIFY(openConnected(station, macA));
+    Swap scene(safeguards);
+    StationProcess &station = scene.station;
+    QVERIFY(scene.openWithFirst("getBatteryInfo"));
     for (const char *button : {"cbBattery", "cbPCBA", "cbLoadLog", "tbStart"}) {
         station.tell(QByteArray("click ") + button);
     }
     // The second camera is there before the battery is given up, and known before the boards are.
-    QVERIFY(first.waitForRequest("getBatteryInfo"));
-    first.signalAll(SIGKILL);
-    QVERIFY(second.start(scenario(macB, 902, "getGimbalESCDevicesCheck")));
-    QVERIFY(station.waitForLabel("lbMacAddress", "Mac: " + macB + ' '));
+    QVERIFY(scene.first.waitForRequest("getBatteryInfo"));
+    QVERIFY(scene.swap("getGimbalESCDevicesCheck"));
     QVERIFY(station.waitForLabel("lbNotices", "another camera came during the run"));
-    QCOMPARE(second.requests("registerPC"), 0); // the link has not been dropped
+    QCOMPARE(scene.second.requests("registerPC"), 0); // the link has not been dropped
     station.signal(SIGTERM);
     QCOMPARE(station.finish(), 0);
 
@@ -213,6 +257,26 @@ void tst_E2eWindow::runIsNotTakenForAnotherCameras()
     for (auto file = files.begin(); file != files.end(); ++file) {
         QVERIFY2(file.key() == log || file.key().startsWith(folderB), qPrintable(file.key()));
     }
+}
+
+void tst_E2eWindow::eachCameraIsTestedByItself()
+{
+    Swap scene(false); // a query is sent once, and so tells the runs
+    StationProcess &station = scene.station;
+    station.writeOptionIni(station.optionIni() + "\n[Station]\nautoStart=true\n");
+    station.openWindow();
+    station.tell("click cbBattery");
+    QVERIFY(scene.first.start(scenario(macA, 801)));
+    QVERIFY(hasSavedLog(station, folderA, 801));
+    QVERIFY(scene.swap());
+    QVERIFY(hasSavedLog(station, folderB, 902));
+    // Not once more, however long it stays.
+    QVERIFY(scene.second.waitForRequest("Ping", scene.second.requests("Ping") + 3));
+    QCOMPARE(scene.first.requests("getBatteryInfo"), 1);
+    QCOMPARE(scene.second.requests("getBatteryInfo"), 1);
+    QCOMPARE(station.allSaved().size(), 2);
+    station.signal(SIGTERM);
+    QCOMPARE(station.finish(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_E2eWindow)
