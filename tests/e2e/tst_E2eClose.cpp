@@ -1,6 +1,7 @@
 #include "queries.h"
 #include "records.h"
 #include "Stage.h"
+#include "support/fileContent.h"
 #include "waiting.h"
 
 #include <csignal>
@@ -37,6 +38,7 @@ enum class Way {
     window, ///< the window is closed
     signal, ///< SIGTERM
     stop,   ///< SIGINT: the run is stopped, or the program told to end where there is none
+    each,   ///< likewise with a run for each camera: when its run is stopped, the program waits for another SIGINT
 };
 
 /// So many moments with one camera.
@@ -78,6 +80,8 @@ const Series allSeries[] = {
     {"SIGINT, camera that answers no query", noAnswer(), Way::stop, false},
     {"SIGINT, shell command that hangs", hangingShell, Way::stop, false},
     {"SIGINT, FTP transfer that hangs", stalledFtp, Way::stop, true},
+    {"SIGINT while each camera is tested, healthy camera", healthy, Way::each, true},
+    {"SIGINT while each camera is tested, camera that answers no query", noAnswer(), Way::each, false},
 };
 constexpr int seriesCount = sizeof allSeries / sizeof allSeries[0];
 
@@ -85,7 +89,7 @@ constexpr int seriesCount = sizeof allSeries / sizeof allSeries[0];
 int moment(int series, int number)
 {
     constexpr int dense = momentsOfSeries / 2;
-    return number < dense ? number * 40 + series * 3 : 400 + (number - dense) * 260 + series * 20;
+    return number < dense ? number * 40 + series * 3 : 400 + (number - dense) * 260 + series * 19;
 }
 
 /// The first word of failure in a log of the station's; empty if there is none.
@@ -105,12 +109,36 @@ QString falseAlarm(const StationProcess &station)
     return {};
 }
 
+bool hasStoppedItsRun(const StationProcess &station)
+{
+    return station.debugOutput().content().contains("the run was stopped\n");
+}
+
+/// Closed before a run or during one, the program ends with 4; where it has worked through all cameras that came, with
+/// the code of their verdicts.
+bool isRightExitCode(int exitCode, const Series &series, const StationProcess &station)
+{
+    constexpr int ended = 4;
+    if (series.way != Way::each) {
+        return exitCode == ended;
+    }
+    static const QMap<int, QByteArray> outcomes{{0, "passed"}, {1, "failed"}, {ended, "stopped"}};
+    const bool stopped = hasStoppedItsRun(station);
+    if (exitCode == ended && !stopped) {
+        return true;
+    }
+    const QList<QByteArray> records = recordsIn(fileContent(station.recordsPath(), {}));
+    return stopped == (exitCode == ended) && outcomes.contains(exitCode) && records.size() == 1 &&
+           records.first().contains("\"outcome\":\"" + outcomes.value(exitCode) + '"');
+}
+
 /// Starts the station and ends it at a moment; what went wrong, or an empty text.
 QString endAt(const Series &series, int milliseconds)
 {
     StationProcess station;
-    QStringList options{QStringLiteral("--repeat"), QStringLiteral("1000000"), QStringLiteral("--json"),
-                        station.recordsPath()};
+    QStringList options{QStringLiteral("--json"), station.recordsPath()};
+    options += series.way == Way::each ? QStringList{QStringLiteral("--each")}
+                                       : QStringList{QStringLiteral("--repeat"), QStringLiteral("1000000")};
     if (series.way == Way::window) {
         options += QStringList{QStringLiteral("--close-after"), QString::number(milliseconds)};
     }
@@ -123,18 +151,25 @@ QString endAt(const Series &series, int milliseconds)
         // Its first service begins just after the window is there and signals are taken for a hand's click.
         hasSaid("The runner thread begins\n");
         QThread::msleep(static_cast<unsigned long>(milliseconds));
-        station.signal(series.way == Way::stop ? SIGINT : SIGTERM);
+        station.signal(series.way == Way::signal ? SIGTERM : SIGINT);
     } else {
         hasSaid("Closing the window");
     }
     QElapsedTimer clock;
     clock.start();
+    if (series.way == Way::each) {
+        waitUntil([&] { return !station.isRunning() || hasStoppedItsRun(station); }, 60000);
+        if (hasStoppedItsRun(station)) {
+            station.signal(SIGINT);
+        }
+    }
     const int exitCode = station.finish(60000);
     const qint64 taken = clock.elapsed();
     const QStringList leftovers = station.leftovers();
     const QString alarm = series.passes ? falseAlarm(station) : QString();
     const QString parts = partsProblem(station);
-    if (exitCode == 4 && taken < limitMs && leftovers.isEmpty() && alarm.isEmpty() && parts.isEmpty()) {
+    if (isRightExitCode(exitCode, series, station) && taken < limitMs && leftovers.isEmpty() && alarm.isEmpty() &&
+        parts.isEmpty()) {
         return {};
     }
     // Whole, which a message of the test would not be.
