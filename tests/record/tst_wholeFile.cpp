@@ -1,4 +1,5 @@
 #include "record/wholeFile.h"
+#include "support/fileContent.h"
 #include "support/SmallFiles.h"
 
 #include <QDir>
@@ -6,14 +7,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <sys/stat.h>
-
-namespace {
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-}
-} // namespace
 
 /// Files that are there completely or not at all.
 class tst_wholeFile : public QObject
@@ -33,9 +26,9 @@ void tst_wholeFile::writesAndReplaces()
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("记录.json"));
     QCOMPARE(writeWholeFile(path, QByteArray(100000, 'a')), QString());
-    QCOMPARE(contentOf(path), QByteArray(100000, 'a'));
+    QCOMPARE(fileContent(path), QByteArray(100000, 'a'));
     QCOMPARE(writeWholeFile(path, "b\n"), QString());
-    QCOMPARE(contentOf(path), QByteArray("b\n"));
+    QCOMPARE(fileContent(path), QByteArray("b\n"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("记录.json")});
 }
 
@@ -81,7 +74,7 @@ void tst_wholeFile::leavesTheEarlierFileWhenTheDiskIsFull()
     QCOMPARE(writeWholeFile(path, "earlier"), QString());
     const SmallFiles limit(4096);
     QCOMPARE(writeWholeFile(path, QByteArray(size, 'a')), QStringLiteral("File too large"));
-    QCOMPARE(contentOf(path), QByteArray("earlier"));
+    QCOMPARE(fileContent(path), QByteArray("earlier"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("record.json")});
 }
 
