@@ -1,11 +1,12 @@
 #include "detector/checks/knownItems.h"
-#include "detector/store/componentId.h"
+#include "detector/run/components.h"
 #include "detector/store/KestDetectorFace.h"
 #include "record/itemKeys.h"
 #include "ui/window/KestDetectorUI.h"
 #include "ui/window/stopRun.h"
 #include "ui/window/stopServices.h"
 
+#include <algorithm>
 #include <QCheckBox>
 #include <QTest>
 #include <QToolButton>
@@ -17,24 +18,47 @@ bool stopRun()
     return false;
 }
 
-/// Holds the window's plan against what the check routines know: an item that they do not know would be skipped, and
-/// its component pass untested.
+namespace {
+/// The ids, ascending.
+QList<int> everyComponent()
+{
+    QList<int> ids;
+    for (const ComponentKey &component : componentKeys) {
+        ids.append(component.id);
+    }
+    return ids;
+}
+} // namespace
+
+/// Holds the tables of components and items against each other: an item that the check routines do not know would be
+/// skipped, and its component pass untested; a component that the runner does not know would fail each run.
 class tst_knownItems : public QObject
 {
     Q_OBJECT
 
 private slots:
     void everyItemHasAKey();
+    void everyComponentCanBeRun();
     void windowsPlanNamesOnlyKnownItems();
 };
 
 /// What the checks know has a key in records and can be planned, and nothing else has.
 void tst_knownItems::everyItemHasAKey()
 {
-    for (int id = -1; id <= componentId::log + 1; ++id) {
+    for (int id = -1; id <= static_cast<int>(componentKeys.size()); ++id) {
         QCOMPARE(itemNumbers(id), knownItems(id));
         QCOMPARE(componentKey(id).isEmpty(), knownItems(id).isEmpty());
     }
+}
+
+void tst_knownItems::everyComponentCanBeRun()
+{
+    QList<int> known;
+    for (const RunComponent &component : runComponents()) {
+        known.append(component.id);
+    }
+    std::sort(known.begin(), known.end());
+    QCOMPARE(known, everyComponent());
 }
 
 void tst_knownItems::windowsPlanNamesOnlyKnownItems()
@@ -46,14 +70,17 @@ void tst_knownItems::windowsPlanNamesOnlyKnownItems()
     }
     window.findChild<QToolButton *>(QStringLiteral("tbStart"))->click();
     const QList<ComponentTask> plan = KestDetectorFace::Get()->taskList();
-    QCOMPARE(plan.size(), 10);
+    QList<int> planned;
     for (const ComponentTask &task : plan) {
+        planned.append(task.component);
         const QList<int> known = knownItems(task.component);
         QVERIFY(!task.items.isEmpty());
         for (const int item : task.items) {
             QVERIFY2(known.contains(item), qPrintable(QStringLiteral("%1:%2").arg(task.component).arg(item)));
         }
     }
+    std::sort(planned.begin(), planned.end());
+    QCOMPARE(planned, everyComponent());
 }
 
 QTEST_MAIN(tst_knownItems)

@@ -25,6 +25,7 @@ constexpr std::array componentBoxes = {
     ComponentBox{componentId::keyBoard, "cbKeyBoard"}, ComponentBox{componentId::voice, "cbVoice"},
     ComponentBox{componentId::pcba, "cbPCBA"},         ComponentBox{componentId::log, "cbLoadLog"},
 };
+static_assert(componentBoxes.size() == componentKeys.size());
 
 QStringList knownNames()
 {

@@ -1,9 +1,9 @@
 #include "detector/store/checkHelpers.h"
 
-#include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/serveEvents.h"
 #include "detector/store/translatedEntry.h"
+#include "record/itemKeys.h"
 
 #include <array>
 #include <QDebug>
@@ -22,7 +22,7 @@ constexpr std::array componentNames = {
     QT_TRANSLATE_NOOP("QObject", "TF Card"), QT_TRANSLATE_NOOP("QObject", "Audio"),
     QT_TRANSLATE_NOOP("QObject", "PCBA"),    QT_TRANSLATE_NOOP("QObject", "Log"),
 };
-static_assert(componentNames.size() == componentId::log + 1);
+static_assert(componentNames.size() == componentKeys.size());
 
 constexpr std::array batteryWarnings = {
     QT_TRANSLATE_NOOP("QObject", "电池组电压过低"),

@@ -44,10 +44,10 @@ struct Component
 };
 
 /// In the order in which a run tests them.
-const std::array<Component, 10> &components()
+const std::array<Component, componentKeys.size()> &components()
 {
     using Form = Ui::KestDetectorUI;
-    static const std::array<Component, 10> table{{
+    static const std::array<Component, componentKeys.size()> table{{
         {componentId::camera, &Form::cbCamera, &Form::lbCamera, false, {itemId::camera::video}},
         {componentId::gimbal,
          &Form::cbGimbal,
