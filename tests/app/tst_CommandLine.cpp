@@ -1,5 +1,7 @@
 #include "app/station/CommandLine.h"
+#include "support/fileContent.h"
 
+#include <QRegularExpression>
 #include <QtTest>
 
 /// The station's command line: what it accepts, and the message for what it does not.
@@ -12,6 +14,8 @@ private slots:
     void unattended();
     void allNamesEveryBox();
     void helpNamesEveryOption();
+    void manualNamesWhatTheHelpDoes();
+    void manualAndCompletionNameEveryComponent();
     void versionIsTold();
     void itemsOfAComponent();
     void recordOptions();
@@ -69,6 +73,29 @@ void tst_CommandLine::helpNamesEveryOption()
                                "--connect-timeout", "--screenshot", "--repeat", "--each", "--language", "--version"}) {
         QVERIFY2(line.message.contains(QLatin1String(option)), option);
     }
+}
+
+void tst_CommandLine::manualNamesWhatTheHelpDoes()
+{
+    const QByteArray manual = fileContent(QStringLiteral(KEST_PACKAGING "/man/KestDetector.1.in")).replace("\\-", "-");
+    static const QRegularExpression option(QStringLiteral("--[a-z-]+"));
+    const QString help = parse(QStringLiteral("--help")).message;
+    int options = 0;
+    for (QRegularExpressionMatchIterator match = option.globalMatch(help); match.hasNext(); ++options) {
+        const QByteArray name = match.next().captured().toLatin1();
+        QVERIFY2(manual.contains(name), name.constData());
+    }
+    QVERIFY(options > 0);
+}
+
+void tst_CommandLine::manualAndCompletionNameEveryComponent()
+{
+    const QString known = parse(QStringLiteral("--run nonsense")).message.section(QStringLiteral("any of: "), 1);
+    QVERIFY(known.startsWith(QLatin1String("camera, ")));
+    const QByteArray manual = fileContent(QStringLiteral(KEST_PACKAGING "/man/KestDetector.1.in"));
+    QVERIFY(manual.contains('\n' + known.toLatin1() + ".\n"));
+    const QByteArray completion = fileContent(QStringLiteral(KEST_PACKAGING "/completions/KestDetector"));
+    QVERIFY(completion.contains("'all " + known.toLatin1().replace(", ", " ") + '\''));
 }
 
 void tst_CommandLine::itemsOfAComponent()
