@@ -5,427 +5,432 @@
     <name>CommandLine</name>
     <message>
         <source>--%1: &quot;%2&quot; is not a whole number of %3 or more</source>
-        <translation type="unfinished"></translation>
+        <translation>--%1：“%2”不是大于或等于%3的整数</translation>
     </message>
     <message>
         <source>--%1 does not go with --each</source>
-        <translation type="unfinished"></translation>
+        <translation>--%1不能与--each一起使用</translation>
     </message>
     <message>
         <source>--%1: &quot;%2&quot; is no file</source>
-        <translation type="unfinished"></translation>
+        <translation>--%1：“%2”不是文件</translation>
     </message>
     <message>
         <source>--json and --junit name the same file</source>
-        <translation type="unfinished"></translation>
+        <translation>--json和--junit指定了同一个文件</translation>
     </message>
     <message>
         <source>Run these components unattended (comma-separated, or &quot;all&quot;), print the result and leave: %1. Items by their numbers: camera:0+1,gimbal:0-4,log.</source>
-        <translation type="unfinished"></translation>
+        <translation>无人值守地检测这些部件（用逗号分隔，或用“all”），输出结果后退出：%1。可按编号指定项目：camera:0+1,gimbal:0-4,log。</translation>
     </message>
     <message>
         <source>components</source>
-        <translation type="unfinished"></translation>
+        <translation>部件</translation>
     </message>
     <message>
         <source>Save the logs below this folder (default: beside the program).</source>
-        <translation type="unfinished"></translation>
+        <translation>日志保存在此文件夹下（默认：程序所在的文件夹）。</translation>
     </message>
     <message>
         <source>folder</source>
-        <translation type="unfinished"></translation>
+        <translation>文件夹</translation>
     </message>
     <message>
         <source>Wait this long for the camera (default: 30).</source>
-        <translation type="unfinished"></translation>
+        <translation>等待相机的时间（默认：30）。</translation>
     </message>
     <message>
         <source>seconds</source>
-        <translation type="unfinished"></translation>
+        <translation>秒</translation>
     </message>
     <message>
         <source>Save a picture of the window after the run (PNG).</source>
-        <translation type="unfinished"></translation>
+        <translation>检测结束后保存窗口截图（PNG）。</translation>
     </message>
     <message>
         <source>file</source>
-        <translation type="unfinished"></translation>
+        <translation>文件</translation>
     </message>
     <message>
         <source>Number of runs (default: 1).</source>
-        <translation type="unfinished"></translation>
+        <translation>检测次数（默认：1）。</translation>
     </message>
     <message>
         <source>count</source>
-        <translation type="unfinished"></translation>
+        <translation>次数</translation>
     </message>
     <message>
         <source>Run once for each camera that connects, until the program is closed.</source>
-        <translation type="unfinished"></translation>
+        <translation>每台连接的相机检测一次，直到程序关闭。</translation>
     </message>
     <message>
         <source>Save the record of the run as JSON; of several runs, a line each. With &quot;-&quot; it is all that goes to standard output, and the other texts go to standard error.</source>
-        <translation type="unfinished"></translation>
+        <translation>将检测记录保存为JSON；多次检测时每次一行。用“-”时标准输出只含记录，其他文字输出到标准错误。</translation>
     </message>
     <message>
         <source>Save the record of the runs as a JUnit report (XML).</source>
-        <translation type="unfinished"></translation>
+        <translation>将检测记录保存为JUnit报告（XML）。</translation>
     </message>
     <message>
         <source>Who runs it, for the record (default: by option.ini).</source>
-        <translation type="unfinished"></translation>
+        <translation>记录中的操作员（默认：按option.ini）。</translation>
     </message>
     <message>
         <source>name</source>
-        <translation type="unfinished"></translation>
+        <translation>姓名</translation>
     </message>
     <message>
         <source>The camera&apos;s batch, likewise.</source>
-        <translation type="unfinished"></translation>
+        <translation>相机的批次，同上。</translation>
     </message>
     <message>
         <source>batch</source>
-        <translation type="unfinished"></translation>
+        <translation>批次</translation>
     </message>
     <message>
         <source>The camera&apos;s serial number, for the record.</source>
-        <translation type="unfinished"></translation>
+        <translation>记录中的相机序列号。</translation>
     </message>
     <message>
         <source>number</source>
-        <translation type="unfinished"></translation>
+        <translation>号码</translation>
     </message>
     <message>
         <source>Close the window after this time, whatever goes on, as a hand would; the exit code is then 4.</source>
-        <translation type="unfinished"></translation>
+        <translation>经过此时间后关闭窗口，如同手动关闭，无论正在做什么；此时退出码为4。</translation>
     </message>
     <message>
         <source>milliseconds</source>
-        <translation type="unfinished"></translation>
+        <translation>毫秒</translation>
     </message>
     <message>
         <source>Show this text.</source>
-        <translation type="unfinished"></translation>
+        <translation>显示此帮助。</translation>
     </message>
     <message>
         <source>Show the program&apos;s version.</source>
-        <translation type="unfinished"></translation>
+        <translation>显示程序版本。</translation>
     </message>
     <message>
         <source>Self-test station for WiFi gimbal cameras. Without options it opens its window.
 Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed settings or a second station, 3 no camera in time or lost or changed during a run, 4 stopped or closed before the end, 5 not everything was saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>WiFi云台相机的自检工作站。不带选项时打开窗口。
+无人值守检测的退出码：0 通过，1 未通过，2 用法错误、设置有误或已有另一个工作站在运行，3 未及时找到相机或相机在检测期间断开或被更换，4 在结束前被停止或关闭，5 未能保存全部内容。</translation>
     </message>
     <message>
         <source>Unexpected argument &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>多余的参数“%1”</translation>
     </message>
     <message>
         <source>--%1 goes with --run</source>
-        <translation type="unfinished"></translation>
+        <translation>--%1须与--run一起使用</translation>
     </message>
     <message>
         <source>--connect-timeout: at most %1</source>
-        <translation type="unfinished"></translation>
+        <translation>--connect-timeout：最大为%1</translation>
     </message>
     <message>
         <source>--screenshot: &quot;%1&quot; does not end in .png</source>
-        <translation type="unfinished"></translation>
+        <translation>--screenshot：“%1”不以.png结尾</translation>
+    </message>
+    <message>
+        <source>--serial: &quot;%1&quot; does not match Station/serialPattern=&quot;%2&quot;</source>
+        <translation>--serial：“%1”不符合Station/serialPattern=&quot;%2&quot;</translation>
     </message>
 </context>
 <context>
     <name>HistoryWriter</name>
     <message>
         <source>a run could be kept nowhere: %1; %2</source>
-        <translation type="unfinished"></translation>
+        <translation>一次检测的记录无处保存：%1；%2</translation>
     </message>
 </context>
 <context>
     <name>KestDetectorUI</name>
     <message>
         <source>Kest自检工具V1.0.0</source>
-        <translation type="unfinished"></translation>
+        <translation>Kest自检工具V1.0.0</translation>
     </message>
     <message>
         <source>Current unit:Camera</source>
-        <translation type="unfinished"></translation>
+        <translation>当前部件：相机</translation>
     </message>
     <message>
         <source>Current item:Camera</source>
-        <translation type="unfinished"></translation>
+        <translation>当前项目：相机</translation>
     </message>
     <message>
         <source>NA</source>
-        <translation type="unfinished"></translation>
+        <translation>NA</translation>
     </message>
     <message>
         <source>Component test result:</source>
-        <translation type="unfinished"></translation>
+        <translation>部件检测结果：</translation>
     </message>
     <message>
         <source>Camera</source>
-        <translation type="unfinished"></translation>
+        <translation>相机</translation>
     </message>
     <message>
         <source>Gimbal</source>
-        <translation type="unfinished"></translation>
+        <translation>云台</translation>
     </message>
     <message>
         <source>Battery</source>
-        <translation type="unfinished"></translation>
+        <translation>电池</translation>
     </message>
     <message>
         <source>TF Card</source>
-        <translation type="unfinished"></translation>
+        <translation>TF卡</translation>
     </message>
     <message>
         <source>Lens</source>
-        <translation type="unfinished"></translation>
+        <translation>镜头</translation>
     </message>
     <message>
         <source>Fan</source>
-        <translation type="unfinished"></translation>
+        <translation>风扇</translation>
     </message>
     <message>
         <source>Button</source>
-        <translation type="unfinished"></translation>
+        <translation>按键</translation>
     </message>
     <message>
         <source>Audio</source>
-        <translation type="unfinished"></translation>
+        <translation>音频</translation>
     </message>
     <message>
         <source>PCBA</source>
-        <translation type="unfinished"></translation>
+        <translation>PCBA</translation>
     </message>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
     <message>
         <source>Select inspection unit</source>
-        <translation type="unfinished"></translation>
+        <translation>选择检测部件</translation>
     </message>
     <message>
         <source>Log</source>
-        <translation type="unfinished"></translation>
+        <translation>日志</translation>
     </message>
     <message>
         <source>Path:</source>
-        <translation type="unfinished"></translation>
+        <translation>路径：</translation>
     </message>
     <message>
         <source>select save path</source>
-        <translation type="unfinished"></translation>
+        <translation>选择保存路径</translation>
     </message>
     <message>
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>全选</translation>
     </message>
     <message>
         <source>Unselect All</source>
-        <translation type="unfinished"></translation>
+        <translation>全不选</translation>
     </message>
     <message>
         <source>Event log</source>
-        <translation type="unfinished"></translation>
+        <translation>事件日志</translation>
     </message>
     <message>
         <source>1</source>
-        <translation type="unfinished"></translation>
+        <translation>1</translation>
     </message>
     <message>
         <source>2</source>
-        <translation type="unfinished"></translation>
+        <translation>2</translation>
     </message>
     <message>
         <source>3</source>
-        <translation type="unfinished"></translation>
+        <translation>3</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：%2</translation>
     </message>
     <message>
         <source>Overall</source>
-        <translation type="unfinished"></translation>
+        <translation>总体结果</translation>
     </message>
     <message>
         <source>KestDetector_V%1</source>
-        <translation type="unfinished"></translation>
+        <translation>KestDetector_V%1</translation>
     </message>
     <message>
         <source>Total:</source>
-        <translation type="unfinished"></translation>
+        <translation>总进度：</translation>
     </message>
     <message>
         <source>Current:</source>
-        <translation type="unfinished"></translation>
+        <translation>当前：</translation>
     </message>
     <message>
         <source>Wifi:</source>
-        <translation type="unfinished"></translation>
+        <translation>WiFi：</translation>
     </message>
     <message>
         <source>Wifi: %1 </source>
-        <translation type="unfinished"></translation>
+        <translation>WiFi：%1 </translation>
     </message>
     <message>
         <source>Password:</source>
-        <translation type="unfinished"></translation>
+        <translation>密码：</translation>
     </message>
     <message>
         <source>Password: %1 </source>
-        <translation type="unfinished"></translation>
+        <translation>密码：%1 </translation>
     </message>
     <message>
         <source>Mac:</source>
-        <translation type="unfinished"></translation>
+        <translation>MAC：</translation>
     </message>
     <message>
         <source>Mac: %1 </source>
-        <translation type="unfinished"></translation>
+        <translation>MAC：%1 </translation>
     </message>
     <message>
         <source>Connect State:</source>
-        <translation type="unfinished"></translation>
+        <translation>连接状态：</translation>
     </message>
     <message>
         <source>Connect State: %1 </source>
-        <translation type="unfinished"></translation>
+        <translation>连接状态：%1 </translation>
     </message>
     <message>
         <source>Current unit:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>当前部件：%1</translation>
     </message>
     <message>
         <source>Current item:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>当前项目：%1</translation>
     </message>
     <message>
         <source>connected</source>
-        <translation type="unfinished"></translation>
+        <translation>已连接</translation>
     </message>
     <message>
         <source>Disconnected</source>
-        <translation type="unfinished"></translation>
+        <translation>未连接</translation>
     </message>
     <message>
         <source>Stop the run	Esc</source>
-        <translation type="unfinished"></translation>
+        <translation>停止检测	Esc</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>NG</source>
-        <translation type="unfinished"></translation>
+        <translation>NG</translation>
     </message>
     <message>
         <source>warning</source>
-        <translation type="unfinished"></translation>
+        <translation>警告</translation>
     </message>
     <message>
         <source>not tested</source>
-        <translation type="unfinished"></translation>
+        <translation>未检测</translation>
     </message>
     <message>
         <source>Path:%1</source>
-        <translation type="unfinished"></translation>
+        <translation>路径：%1</translation>
     </message>
 </context>
 <context>
     <name>LabelQuestion</name>
     <message>
         <source>Serial number:</source>
-        <translation type="unfinished"></translation>
+        <translation>序列号：</translation>
     </message>
     <message>
         <source>Operator:</source>
-        <translation type="unfinished"></translation>
+        <translation>操作员：</translation>
     </message>
     <message>
         <source>Batch:</source>
-        <translation type="unfinished"></translation>
+        <translation>批次：</translation>
     </message>
     <message>
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
     <message>
         <source>No such serial number</source>
-        <translation type="unfinished"></translation>
+        <translation>序列号无效</translation>
     </message>
 </context>
 <context>
     <name>Limits</name>
     <message>
         <source>not a range such as 3.6..4.35, ..45 or 30000..</source>
-        <translation type="unfinished"></translation>
+        <translation>不是3.6..4.35、..45或30000..形式的范围</translation>
     </message>
     <message>
         <source>a range needs a bound</source>
-        <translation type="unfinished"></translation>
+        <translation>范围至少需要一个界限</translation>
     </message>
     <message>
         <source>the lower bound is above the upper one</source>
-        <translation type="unfinished"></translation>
+        <translation>下限高于上限</translation>
     </message>
     <message>
         <source>not a list of texts such as 1.2.3|1.2.4</source>
-        <translation type="unfinished"></translation>
+        <translation>不是1.2.3|1.2.4形式的文本列表</translation>
     </message>
     <message>
         <source>there is no such measurement</source>
-        <translation type="unfinished"></translation>
+        <translation>没有此测量值</translation>
     </message>
 </context>
 <context>
     <name>Notices</name>
     <message>
         <source>option.ini: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>option.ini：%1</translation>
     </message>
     <message>
         <source>not started: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>未开始：%1</translation>
     </message>
     <message>
         <source>waiting for the camera&apos;s shell</source>
-        <translation type="unfinished"></translation>
+        <translation>正在等待相机的命令行</translation>
     </message>
     <message>
         <source>the run was stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>检测已停止</translation>
     </message>
     <message>
         <source>nothing was tested</source>
-        <translation type="unfinished"></translation>
+        <translation>没有检测任何部件</translation>
     </message>
     <message>
         <source>another camera came during the run</source>
-        <translation type="unfinished"></translation>
+        <translation>检测期间换成了另一台相机</translation>
     </message>
     <message>
         <source>the camera was lost during the run</source>
-        <translation type="unfinished"></translation>
+        <translation>检测期间与相机失去连接</translation>
     </message>
     <message>
         <source>not saved: %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>未保存：%1：%2</translation>
     </message>
     <message>
         <source>history: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>历史记录：%1</translation>
     </message>
     <message>
         <source>queries that had to be sent again: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>重新发送的查询数：%1</translation>
     </message>
     <message>
         <source>results: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>结果：%1</translation>
     </message>
 </context>
 <context>
@@ -433,1270 +438,1418 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>获取电池通信状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取电池通信状态失败
+</translation>
     </message>
     <message>
         <source>相机电池通信NG
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机电池通信NG
+</translation>
     </message>
     <message>
         <source>相机电池通信OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机电池通信OK
+</translation>
     </message>
     <message>
         <source>voltage:%1V
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电压：%1V
+</translation>
     </message>
     <message>
         <source>electricity:%1mA
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电流：%1mA
+</translation>
     </message>
     <message>
         <source>temperature:%1℃
 </source>
-        <translation type="unfinished"></translation>
+        <translation>温度：%1℃
+</translation>
     </message>
     <message>
         <source>获取电池状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取电池状态失败
+</translation>
     </message>
     <message>
         <source>获取电池状态成功
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取电池状态成功
+</translation>
     </message>
     <message>
         <source>electric quantity:%1%
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电量：%1%
+</translation>
     </message>
     <message>
         <source>充电至满时间:%1min
 </source>
-        <translation type="unfinished"></translation>
+        <translation>充电至满时间：%1分钟
+</translation>
     </message>
     <message>
         <source>放电至空时间:%1min
 </source>
-        <translation type="unfinished"></translation>
+        <translation>放电至空时间：%1分钟
+</translation>
     </message>
     <message>
         <source>Sub_ID:0x%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>子ID：0x%1
+</translation>
     </message>
     <message>
         <source>version Info:0x%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>版本信息：0x%1
+</translation>
     </message>
     <message>
         <source>software version:%1.%2.%3.%4
 </source>
-        <translation type="unfinished"></translation>
+        <translation>软件版本：%1.%2.%3.%4
+</translation>
     </message>
     <message>
         <source>hardware version:%1.%2.%3.%4
 </source>
-        <translation type="unfinished"></translation>
+        <translation>硬件版本：%1.%2.%3.%4
+</translation>
     </message>
     <message>
         <source>electric quantity :%1%
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电量：%1%
+</translation>
     </message>
     <message>
         <source>至空时间:%1min
 </source>
-        <translation type="unfinished"></translation>
+        <translation>至空时间：%1分钟
+</translation>
     </message>
     <message>
         <source>至满时间:%1min
 </source>
-        <translation type="unfinished"></translation>
+        <translation>至满时间：%1分钟
+</translation>
     </message>
     <message>
         <source>设备类型:0x%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>设备类型：0x%1
+</translation>
     </message>
     <message>
         <source>电池固件信息:0x%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电池固件信息：0x%1
+</translation>
     </message>
     <message>
         <source>电池硬件信息:0x%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电池硬件信息：0x%1
+</translation>
     </message>
     <message>
         <source>循环次数:%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>循环次数：%1
+</translation>
     </message>
     <message>
         <source>满电容量:%1mAh
 </source>
-        <translation type="unfinished"></translation>
+        <translation>满电容量：%1mAh
+</translation>
     </message>
     <message>
         <source>制造商:0x%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>制造商：0x%1
+</translation>
     </message>
     <message>
         <source>电池警告:%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电池警告：%1
+</translation>
     </message>
     <message>
         <source>充电器状态:%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>充电器状态：%1
+</translation>
     </message>
     <message>
         <source>充电器未插入</source>
-        <translation type="unfinished"></translation>
+        <translation>未插入</translation>
     </message>
     <message>
         <source>充电器插入</source>
-        <translation type="unfinished"></translation>
+        <translation>已插入</translation>
     </message>
     <message>
         <source>麦克风状态:%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>麦克风状态：%1
+</translation>
     </message>
     <message>
         <source>麦克风未插入</source>
-        <translation type="unfinished"></translation>
+        <translation>未插入</translation>
     </message>
     <message>
         <source>麦克风插入</source>
-        <translation type="unfinished"></translation>
+        <translation>已插入</translation>
     </message>
     <message>
         <source>POGO_PIN状态:%1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>POGO_PIN状态：%1
+</translation>
     </message>
     <message>
         <source>未插入外设</source>
-        <translation type="unfinished"></translation>
+        <translation>未插入外设</translation>
     </message>
     <message>
         <source>已插入外设</source>
-        <translation type="unfinished"></translation>
+        <translation>已插入外设</translation>
     </message>
     <message>
         <source>获取电池信息失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取电池信息失败
+</translation>
     </message>
     <message>
         <source>获取电池信息成功
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取电池信息成功
+</translation>
     </message>
     <message>
         <source>Battery connection</source>
-        <translation type="unfinished"></translation>
+        <translation>电池连接</translation>
     </message>
     <message>
         <source>Battery status</source>
-        <translation type="unfinished"></translation>
+        <translation>电池状态</translation>
     </message>
     <message>
         <source>Battery Info</source>
-        <translation type="unfinished"></translation>
+        <translation>电池信息</translation>
     </message>
     <message>
         <source>Charge</source>
-        <translation type="unfinished"></translation>
+        <translation>充电</translation>
     </message>
     <message>
         <source>获取相机视频流状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机视频流状态失败
+</translation>
     </message>
     <message>
         <source>相机视频流NG
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机视频流NG
+</translation>
     </message>
     <message>
         <source>相机视频流OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机视频流OK
+</translation>
     </message>
     <message>
         <source>获取相机MTF检测签名失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机MTF检测签名失败
+</translation>
     </message>
     <message>
         <source>相机MTF检测未签名
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机MTF检测未签名
+</translation>
     </message>
     <message>
         <source>获取相机MTF检测数据失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机MTF检测数据失败
+</translation>
     </message>
     <message>
         <source>获取相机MTF检测Crc校验值失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机MTF检测CRC校验值失败
+</translation>
     </message>
     <message>
         <source>相机MTF测试Crc校验值有误
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机MTF检测CRC校验值有误
+</translation>
     </message>
     <message>
         <source>相机MTF测试成功
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机MTF检测成功
+</translation>
     </message>
     <message>
         <source>获取相机暗斑检测签名失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机暗斑检测签名失败
+</translation>
     </message>
     <message>
         <source>相机暗斑检测未签名
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机暗斑检测未签名
+</translation>
     </message>
     <message>
         <source>获取相机暗斑检测数据失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机暗斑检测数据失败
+</translation>
     </message>
     <message>
         <source>获取相机暗斑检测Crc校验值失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机暗斑检测CRC校验值失败
+</translation>
     </message>
     <message>
         <source>相机暗斑检测Crc校验值有误
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机暗斑检测CRC校验值有误
+</translation>
     </message>
     <message>
         <source>相机暗斑检测成功
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机暗斑检测成功
+</translation>
     </message>
     <message>
         <source>获取白平衡检测签名失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机白平衡检测签名失败
+</translation>
     </message>
     <message>
         <source>相机白平衡检测未签名
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机白平衡检测未签名
+</translation>
     </message>
     <message>
         <source>获取相机白平衡检测数据失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机白平衡检测数据失败
+</translation>
     </message>
     <message>
         <source>获取相机白平衡检测Crc校验值失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机白平衡检测CRC校验值失败
+</translation>
     </message>
     <message>
         <source>相机白平衡检测Crc校验值有误
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机白平衡检测CRC校验值有误
+</translation>
     </message>
     <message>
         <source>相机白平衡检测成功
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机白平衡检测成功
+</translation>
     </message>
     <message>
         <source>获取Focus检测签名失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机对焦检测签名失败
+</translation>
     </message>
     <message>
         <source>相机Focus检测未签名
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机对焦检测未签名
+</translation>
     </message>
     <message>
         <source>相机Focus检测成功
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机对焦检测成功
+</translation>
     </message>
     <message>
         <source>Video</source>
-        <translation type="unfinished"></translation>
+        <translation>视频流</translation>
     </message>
     <message>
         <source>Factory Check</source>
-        <translation type="unfinished"></translation>
+        <translation>工厂检测</translation>
     </message>
     <message>
         <source>获取云台主控通信状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取云台主控通信状态失败
+</translation>
     </message>
     <message>
         <source>云台主控通信失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>云台主控通信NG
+</translation>
     </message>
     <message>
         <source>云台主控通信OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>云台主控通信OK
+</translation>
     </message>
     <message>
         <source>获取Roll轴通信状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取横滚轴通信状态失败
+</translation>
     </message>
     <message>
         <source>Roll轴通信异常
 </source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴通信NG
+</translation>
     </message>
     <message>
         <source>Roll轴通信OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴通信OK
+</translation>
     </message>
     <message>
         <source>获取Pitch轴通信状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取俯仰轴通信状态失败
+</translation>
     </message>
     <message>
         <source>Pitch轴通信异常
 </source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴通信NG
+</translation>
     </message>
     <message>
         <source>Pitch轴通信OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴通信OK
+</translation>
     </message>
     <message>
         <source>获取Yaw轴通信状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取偏航轴通信状态失败
+</translation>
     </message>
     <message>
         <source>Yaw轴通信异常
 </source>
-        <translation type="unfinished"></translation>
+        <translation>偏航轴通信NG
+</translation>
     </message>
     <message>
         <source>Yaw轴通信OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>偏航轴通信OK
+</translation>
     </message>
     <message>
         <source>Roll轴运动检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴运动检测OK
+</translation>
     </message>
     <message>
         <source>Roll轴运动检测超时
 </source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴运动检测超时
+</translation>
     </message>
     <message>
         <source>Roll轴运动检测NG
 </source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴运动检测NG
+</translation>
     </message>
     <message>
         <source>Pitch轴运动检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴运动检测OK
+</translation>
     </message>
     <message>
         <source>Pitch轴运动检测超时
 </source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴运动检测超时
+</translation>
     </message>
     <message>
         <source>Pitch轴运动检测NG
 </source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴运动检测NG
+</translation>
     </message>
     <message>
         <source>Yaw轴运动检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>偏航轴运动检测OK
+</translation>
     </message>
     <message>
         <source>Yaw轴运动检测超时
 </source>
-        <translation type="unfinished"></translation>
+        <translation>偏航轴运动检测超时
+</translation>
     </message>
     <message>
         <source>Main connection</source>
-        <translation type="unfinished"></translation>
+        <translation>主控通信</translation>
     </message>
     <message>
         <source>ROLL connection</source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴通信</translation>
     </message>
     <message>
         <source>PITCH connection</source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴通信</translation>
     </message>
     <message>
         <source>YAW connection</source>
-        <translation type="unfinished"></translation>
+        <translation>偏航轴通信</translation>
     </message>
     <message>
         <source>Cation test</source>
-        <translation type="unfinished"></translation>
+        <translation>运动检测</translation>
     </message>
     <message>
         <source>获取相机镜头状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取相机镜头状态失败
+</translation>
     </message>
     <message>
         <source>相机镜头连接失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机镜头通信NG
+</translation>
     </message>
     <message>
         <source>相机通信正常
 </source>
-        <translation type="unfinished"></translation>
+        <translation>相机镜头通信OK
+</translation>
     </message>
     <message>
         <source>Lens connection</source>
-        <translation type="unfinished"></translation>
+        <translation>镜头通信</translation>
     </message>
     <message>
         <source>Lens Status</source>
-        <translation type="unfinished"></translation>
+        <translation>镜头状态</translation>
     </message>
     <message>
         <source>it may come from another camera than that of the run</source>
-        <translation type="unfinished"></translation>
+        <translation>它可能来自本次检测以外的另一台相机</translation>
     </message>
     <message>
         <source>the camera&apos;s archive could not be fetched</source>
-        <translation type="unfinished"></translation>
+        <translation>无法从相机获取归档文件</translation>
     </message>
     <message>
         <source>the camera&apos;s shell did not answer</source>
-        <translation type="unfinished"></translation>
+        <translation>相机的命令行没有应答</translation>
     </message>
     <message>
         <source>log</source>
-        <translation type="unfinished"></translation>
+        <translation>log</translation>
     </message>
     <message>
         <source>private</source>
-        <translation type="unfinished"></translation>
+        <translation>private</translation>
     </message>
     <message>
         <source>dmesg</source>
-        <translation type="unfinished"></translation>
+        <translation>dmesg</translation>
     </message>
     <message>
         <source>pstree&amp;&amp;ps</source>
-        <translation type="unfinished"></translation>
+        <translation>pstree&amp;&amp;ps</translation>
     </message>
     <message>
         <source>ifconfig</source>
-        <translation type="unfinished"></translation>
+        <translation>ifconfig</translation>
     </message>
     <message>
         <source>kest_version</source>
-        <translation type="unfinished"></translation>
+        <translation>kest_version</translation>
     </message>
     <message>
         <source>netconf</source>
-        <translation type="unfinished"></translation>
+        <translation>netconf</translation>
     </message>
     <message>
         <source>iwDevAp0Scan</source>
-        <translation type="unfinished"></translation>
+        <translation>iwDevAp0Scan</translation>
     </message>
     <message>
         <source>mci_info</source>
-        <translation type="unfinished"></translation>
+        <translation>mci_info</translation>
     </message>
     <message>
         <source>sharefs</source>
-        <translation type="unfinished"></translation>
+        <translation>sharefs</translation>
     </message>
     <message>
         <source>获取工厂sensor检测标志位失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取传感器工厂检测标志位失败
+</translation>
     </message>
     <message>
         <source>工厂sensor未检测
 </source>
-        <translation type="unfinished"></translation>
+        <translation>传感器未经工厂检测
+</translation>
     </message>
     <message>
         <source>工厂sensor检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>传感器工厂检测OK
+</translation>
     </message>
     <message>
         <source>获取云台主控板工厂检测标志位失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取云台主控板工厂检测标志位失败
+</translation>
     </message>
     <message>
         <source>云台主控板工厂未检测
 </source>
-        <translation type="unfinished"></translation>
+        <translation>云台主控板未经工厂检测
+</translation>
     </message>
     <message>
         <source>云台主控板工厂检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>云台主控板工厂检测OK
+</translation>
     </message>
     <message>
         <source>获取Roll轴电调板工厂检测标志位失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取横滚轴电调板工厂检测标志位失败
+</translation>
     </message>
     <message>
         <source>Roll轴电调板工厂未检测
 </source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴电调板未经工厂检测
+</translation>
     </message>
     <message>
         <source>Roll轴电调板工厂检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>横滚轴电调板工厂检测OK
+</translation>
     </message>
     <message>
         <source>获取Pitch轴电调板工厂检测标志位失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取俯仰轴电调板工厂检测标志位失败
+</translation>
     </message>
     <message>
         <source>Pitch轴电调板工厂未检测
 </source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴电调板未经工厂检测
+</translation>
     </message>
     <message>
         <source>Pitch轴电调板工厂检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>俯仰轴电调板工厂检测OK
+</translation>
     </message>
     <message>
         <source>获取Yaw轴电调板工厂检测标志位失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取偏航轴电调板工厂检测标志位失败
+</translation>
     </message>
     <message>
         <source>Yaw轴电调板工厂未检测
 </source>
-        <translation type="unfinished"></translation>
+        <translation>偏航轴电调板未经工厂检测
+</translation>
     </message>
     <message>
         <source>Yaw轴电调板工厂检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>偏航轴电调板工厂检测OK
+</translation>
     </message>
     <message>
         <source>获取电池工厂检测标志位失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取电池板工厂检测标志位失败
+</translation>
     </message>
     <message>
         <source>电池工厂未检测
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电池板未经工厂检测
+</translation>
     </message>
     <message>
         <source>电池工厂检测OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>电池板工厂检测OK
+</translation>
     </message>
     <message>
         <source>Lens driver</source>
-        <translation type="unfinished"></translation>
+        <translation>镜头驱动</translation>
     </message>
     <message>
         <source>EEPROM</source>
-        <translation type="unfinished"></translation>
+        <translation>EEPROM</translation>
     </message>
     <message>
         <source>Gimbal Main</source>
-        <translation type="unfinished"></translation>
+        <translation>云台主控板</translation>
     </message>
     <message>
         <source>Gimbal ROLL</source>
-        <translation type="unfinished"></translation>
+        <translation>云台横滚轴电调板</translation>
     </message>
     <message>
         <source>Gimbal PITCH</source>
-        <translation type="unfinished"></translation>
+        <translation>云台俯仰轴电调板</translation>
     </message>
     <message>
         <source>Gimbal YAW</source>
-        <translation type="unfinished"></translation>
+        <translation>云台偏航轴电调板</translation>
     </message>
     <message>
         <source>Battery</source>
-        <translation type="unfinished"></translation>
+        <translation>电池</translation>
     </message>
     <message>
         <source>Fan</source>
-        <translation type="unfinished"></translation>
+        <translation>风扇</translation>
     </message>
     <message>
         <source>Button</source>
-        <translation type="unfinished"></translation>
+        <translation>按键</translation>
     </message>
     <message>
         <source>audio test
 </source>
-        <translation type="unfinished"></translation>
+        <translation>音频检测
+</translation>
     </message>
     <message>
         <source>SD卡被拔出</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡被拔出</translation>
     </message>
     <message>
         <source>SD卡初始化中</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡正在初始化</translation>
     </message>
     <message>
         <source>SD卡初始化完成</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡初始化完成</translation>
     </message>
     <message>
         <source>SD卡格式化中</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡正在格式化</translation>
     </message>
     <message>
         <source>SD卡修复中</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡正在修复</translation>
     </message>
     <message>
         <source>SD卡错误</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡错误</translation>
     </message>
     <message>
         <source>SD卡复用中</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡正被其他主机使用</translation>
     </message>
     <message>
         <source>SD卡写保护中</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡处于写保护状态</translation>
     </message>
     <message>
         <source>SD卡满</source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡已满</translation>
     </message>
     <message>
         <source>,错误原因:SD卡碎片严重
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：SD卡碎片严重
+</translation>
     </message>
     <message>
         <source>,错误原因:SD卡簇错误
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：SD卡簇错误
+</translation>
     </message>
     <message>
         <source>,错误原因:SD卡文件系统错误
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：SD卡文件系统错误
+</translation>
     </message>
     <message>
         <source>,错误原因:SD卡低速卡
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：SD卡为低速卡
+</translation>
     </message>
     <message>
         <source>,错误原因:SD卡挂载失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：SD卡挂载失败
+</translation>
     </message>
     <message>
         <source>,错误原因:SD卡存储系统错误
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：SD卡存储系统错误
+</translation>
     </message>
     <message>
         <source>,错误原因:SD卡文件系统不支持
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：不支持SD卡的文件系统
+</translation>
     </message>
     <message>
         <source>,错误原因:SD卡修复文件失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>，错误原因：SD卡修复文件失败
+</translation>
     </message>
     <message>
         <source>获取TF卡状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取TF卡状态失败
+</translation>
     </message>
     <message>
         <source>获取TF卡使用状态失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取TF卡使用情况失败
+</translation>
     </message>
     <message>
         <source>扇区大小:%1K
 </source>
-        <translation type="unfinished"></translation>
+        <translation>扇区大小：%1K
+</translation>
     </message>
     <message>
         <source>总内存:%1MB
 </source>
-        <translation type="unfinished"></translation>
+        <translation>总容量：%1MB
+</translation>
     </message>
     <message>
         <source>可用内存:%1MB
 </source>
-        <translation type="unfinished"></translation>
+        <translation>可用容量：%1MB
+</translation>
     </message>
     <message>
         <source>已用内存:%1MB
 </source>
-        <translation type="unfinished"></translation>
+        <translation>已用容量：%1MB
+</translation>
     </message>
     <message>
         <source>mount SD Card faild
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取SD卡挂载状态失败
+</translation>
     </message>
     <message>
         <source>SD卡未挂载
 </source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡未挂载
+</translation>
     </message>
     <message>
         <source>获取SD卡信息失败
 </source>
-        <translation type="unfinished"></translation>
+        <translation>获取SD卡信息失败
+</translation>
     </message>
     <message>
         <source>SD Card OK
 </source>
-        <translation type="unfinished"></translation>
+        <translation>SD卡OK
+</translation>
     </message>
     <message>
         <source>警告:非高SD速卡
 </source>
-        <translation type="unfinished"></translation>
+        <translation>警告：非高速SD卡
+</translation>
     </message>
     <message>
         <source>Use condition</source>
-        <translation type="unfinished"></translation>
+        <translation>使用情况</translation>
     </message>
     <message>
         <source>Literacy rate</source>
-        <translation type="unfinished"></translation>
+        <translation>读写速率</translation>
     </message>
     <message>
         <source>获取Wifi信息失败.</source>
-        <translation type="unfinished"></translation>
+        <translation>获取WiFi信息失败。</translation>
     </message>
     <message>
         <source>获取Mac地址失败.</source>
-        <translation type="unfinished"></translation>
+        <translation>获取MAC地址失败。</translation>
     </message>
     <message>
         <source>Camera</source>
-        <translation type="unfinished"></translation>
+        <translation>相机</translation>
     </message>
     <message>
         <source>Gimbal</source>
-        <translation type="unfinished"></translation>
+        <translation>云台</translation>
     </message>
     <message>
         <source>Lens</source>
-        <translation type="unfinished"></translation>
+        <translation>镜头</translation>
     </message>
     <message>
         <source>TF Card</source>
-        <translation type="unfinished"></translation>
+        <translation>TF卡</translation>
     </message>
     <message>
         <source>Audio</source>
-        <translation type="unfinished"></translation>
+        <translation>音频</translation>
     </message>
     <message>
         <source>PCBA</source>
-        <translation type="unfinished"></translation>
+        <translation>PCBA</translation>
     </message>
     <message>
         <source>Log</source>
-        <translation type="unfinished"></translation>
+        <translation>日志</translation>
     </message>
     <message>
         <source>电池组电压过低</source>
-        <translation type="unfinished"></translation>
+        <translation>；电池组电压过低</translation>
     </message>
     <message>
         <source>电池组电压过高</source>
-        <translation type="unfinished"></translation>
+        <translation>；电池组电压过高</translation>
     </message>
     <message>
         <source>充电过程中电流超过阈值 1</source>
-        <translation type="unfinished"></translation>
+        <translation>；充电过程中电流超过阈值1</translation>
     </message>
     <message>
         <source>充电过程中电流超过阈值 2</source>
-        <translation type="unfinished"></translation>
+        <translation>；充电过程中电流超过阈值2</translation>
     </message>
     <message>
         <source>放电过程中电流超过阈值 1</source>
-        <translation type="unfinished"></translation>
+        <translation>；放电过程中电流超过阈值1</translation>
     </message>
     <message>
         <source>放电过程中电流超过阈值 2</source>
-        <translation type="unfinished"></translation>
+        <translation>；放电过程中电流超过阈值2</translation>
     </message>
     <message>
         <source>放电过载</source>
-        <translation type="unfinished"></translation>
+        <translation>；放电过载</translation>
     </message>
     <message>
         <source>充电过程中出现短路现象</source>
-        <translation type="unfinished"></translation>
+        <translation>；充电过程中出现短路现象</translation>
     </message>
     <message>
         <source>放电过程中出现短路现象</source>
-        <translation type="unfinished"></translation>
+        <translation>；放电过程中出现短路现象</translation>
     </message>
     <message>
         <source>充电过程中温度过高</source>
-        <translation type="unfinished"></translation>
+        <translation>；充电过程中温度过高</translation>
     </message>
     <message>
         <source>放电过程中温度过高</source>
-        <translation type="unfinished"></translation>
+        <translation>；放电过程中温度过高</translation>
     </message>
     <message>
         <source>电池出现补偿型电压过低现象</source>
-        <translation type="unfinished"></translation>
+        <translation>；电池出现补偿型电压过低现象</translation>
     </message>
     <message>
         <source>FET 温度过高</source>
-        <translation type="unfinished"></translation>
+        <translation>；FET温度过高</translation>
     </message>
     <message>
         <source>预充电过程超时</source>
-        <translation type="unfinished"></translation>
+        <translation>；预充电过程超时</translation>
     </message>
     <message>
         <source>延时预充电超时</source>
-        <translation type="unfinished"></translation>
+        <translation>；延时预充电超时</translation>
     </message>
     <message>
         <source>充电过程超时</source>
-        <translation type="unfinished"></translation>
+        <translation>；充电过程超时</translation>
     </message>
     <message>
         <source>延时充电超时</source>
-        <translation type="unfinished"></translation>
+        <translation>；延时充电超时</translation>
     </message>
     <message>
         <source>电池过充</source>
-        <translation type="unfinished"></translation>
+        <translation>；电池过充</translation>
     </message>
     <message>
         <source>电池过充电流型警告</source>
-        <translation type="unfinished"></translation>
+        <translation>；电池过充电流型警告</translation>
     </message>
     <message>
         <source>电池过充电压型警告</source>
-        <translation type="unfinished"></translation>
+        <translation>；电池过充电压型警告</translation>
     </message>
     <message>
         <source>电池过预充电电流型警告</source>
-        <translation type="unfinished"></translation>
+        <translation>；电池过预充电电流型警告</translation>
     </message>
     <message>
         <source>充电过程中温度过低</source>
-        <translation type="unfinished"></translation>
+        <translation>；充电过程中温度过低</translation>
     </message>
     <message>
         <source>放电过程中温度过低</source>
-        <translation type="unfinished"></translation>
+        <translation>；放电过程中温度过低</translation>
     </message>
     <message>
         <source>%1: not read (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1：未读取 (%2)</translation>
     </message>
     <message>
         <source>状态良好</source>
-        <translation type="unfinished"></translation>
+        <translation>状态良好</translation>
+    </message>
+    <message>
+        <source>Pitch轴运动检测NG
+</source>
+        <comment>of the yaw axis</comment>
+        <translation>偏航轴运动检测NG
+</translation>
     </message>
 </context>
 <context>
     <name>Questions</name>
     <message>
         <source>&quot;%1&quot; cannot be asked for; known are %2</source>
-        <translation type="unfinished"></translation>
+        <translation>不能询问“%1”；可用的为%2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; stands there twice</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”重复</translation>
     </message>
 </context>
 <context>
     <name>RecordOutput</name>
     <message>
         <source>standard output</source>
-        <translation type="unfinished"></translation>
+        <translation>标准输出</translation>
     </message>
 </context>
 <context>
     <name>RunPlan</name>
     <message>
         <source>&quot;%1&quot; is not an item&apos;s number</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”不是项目编号</translation>
     </message>
     <message>
         <source>the range &quot;%1&quot; runs backwards</source>
-        <translation type="unfinished"></translation>
+        <translation>范围“%1”的顺序颠倒</translation>
     </message>
     <message>
         <source>there is no item %1; the items are %2</source>
-        <translation type="unfinished"></translation>
+        <translation>没有项目%1；可用的项目为%2</translation>
     </message>
     <message>
         <source>item %1 stands there twice</source>
-        <translation type="unfinished"></translation>
+        <translation>项目%1重复</translation>
     </message>
     <message>
         <source>no item is named</source>
-        <translation type="unfinished"></translation>
+        <translation>没有指定项目</translation>
     </message>
     <message>
         <source>unknown component &quot;%1&quot;; known are all, or any of: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>未知部件“%1”；可用all或以下任意部件：%2</translation>
     </message>
     <message>
         <source>&quot;%1&quot;: the component&apos;s items are named twice</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”：该部件的项目重复指定</translation>
     </message>
     <message>
         <source>there is no such component; known are %1</source>
-        <translation type="unfinished"></translation>
+        <translation>没有此部件；可用的部件为%1</translation>
     </message>
 </context>
 <context>
     <name>RunRecorder</name>
     <message>
         <source>the program was closed</source>
-        <translation type="unfinished"></translation>
+        <translation>程序被关闭</translation>
     </message>
     <message>
         <source>something else than a known item failed</source>
-        <translation type="unfinished"></translation>
+        <translation>已知项目以外的内容失败</translation>
     </message>
 </context>
 <context>
     <name>Safeguards</name>
     <message>
         <source>no component is ticked</source>
-        <translation type="unfinished"></translation>
+        <translation>没有勾选任何部件</translation>
     </message>
     <message>
         <source>no camera is connected</source>
-        <translation type="unfinished"></translation>
+        <translation>没有连接相机</translation>
     </message>
     <message>
         <source>the camera&apos;s MAC address is unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>相机的MAC地址未知</translation>
     </message>
 </context>
 <context>
     <name>Settings</name>
     <message>
         <source>no IPv4 address</source>
-        <translation type="unfinished"></translation>
+        <translation>不是IPv4地址</translation>
     </message>
     <message>
         <source>not a hexadecimal number of at most 64 bits</source>
-        <translation type="unfinished"></translation>
+        <translation>不是64位以内的十六进制数</translation>
     </message>
     <message>
         <source>neither true nor false</source>
-        <translation type="unfinished"></translation>
+        <translation>既不是true也不是false</translation>
     </message>
     <message>
         <source>this link is not used</source>
-        <translation type="unfinished"></translation>
+        <translation>不使用此连接</translation>
     </message>
     <message>
         <source>no camera can be found</source>
-        <translation type="unfinished"></translation>
+        <translation>无法找到相机</translation>
     </message>
     <message>
         <source>the station cannot log in to the camera&apos;s shell</source>
-        <translation type="unfinished"></translation>
+        <translation>工作站无法登录相机的命令行</translation>
     </message>
     <message>
         <source>the camera&apos;s archives cannot be fetched</source>
-        <translation type="unfinished"></translation>
+        <translation>无法获取相机的归档文件</translation>
     </message>
     <message>
         <source>the records do not tell it</source>
-        <translation type="unfinished"></translation>
+        <translation>记录中没有此内容</translation>
     </message>
     <message>
         <source>this log of the camera cannot be fetched</source>
-        <translation type="unfinished"></translation>
+        <translation>无法获取相机的此项日志</translation>
     </message>
     <message>
         <source>no TCP port</source>
-        <translation type="unfinished"></translation>
+        <translation>不是TCP端口</translation>
     </message>
     <message>
         <source>the camera&apos;s WiFi name and passphrase stay unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>无法得知相机的WiFi名称和密码</translation>
     </message>
     <message>
         <source>the camera&apos;s MAC address stays unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>无法得知相机的MAC地址</translation>
     </message>
     <message>
         <source>a healthy camera is expected to report 0 in every status bit</source>
-        <translation type="unfinished"></translation>
+        <translation>正常相机的每个状态位都应为0</translation>
     </message>
     <message>
         <source>no status bit is examined, and every camera passes</source>
-        <translation type="unfinished"></translation>
+        <translation>不检查任何状态位，所有相机都会通过</translation>
     </message>
     <message>
         <source>the safeguards are off</source>
-        <translation type="unfinished"></translation>
+        <translation>防误判保护已关闭</translation>
     </message>
     <message>
         <source>no run begins by itself</source>
-        <translation type="unfinished"></translation>
+        <translation>不会自动开始检测</translation>
     </message>
     <message>
         <source>there are no sounds</source>
-        <translation type="unfinished"></translation>
+        <translation>没有提示音</translation>
     </message>
     <message>
         <source>the records tell the host&apos;s name</source>
-        <translation type="unfinished"></translation>
+        <translation>记录中使用主机名</translation>
     </message>
     <message>
         <source>no run is kept in a history</source>
-        <translation type="unfinished"></translation>
+        <translation>检测不会保存到历史记录</translation>
     </message>
     <message>
         <source>not of the form postgresql://user@host/database, or with a password, which belongs into .pgpass</source>
-        <translation type="unfinished"></translation>
+        <translation>不是postgresql://user@host/database的形式，或者含有密码（密码应放在.pgpass中）</translation>
     </message>
     <message>
         <source>the runs stay at this station</source>
-        <translation type="unfinished"></translation>
+        <translation>检测记录只保留在本工作站</translation>
     </message>
     <message>
         <source>cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>无法读取</translation>
     </message>
     <message>
         <source>missing</source>
-        <translation type="unfinished"></translation>
+        <translation>缺失</translation>
     </message>
     <message>
         <source>neither en nor zh_CN</source>
-        <translation type="unfinished"></translation>
+        <translation>既不是en也不是zh_CN</translation>
     </message>
     <message>
         <source>the texts are partly English, partly Chinese</source>
-        <translation type="unfinished"></translation>
+        <translation>文字部分为英文、部分为中文</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>为空</translation>
+    </message>
+    <message>
+        <source>a comma stands outside of double quotes</source>
+        <translation>双引号外有逗号</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is %2</source>
+        <translation>“%1”%2</translation>
+    </message>
+    <message>
+        <source>some lines are no settings</source>
+        <translation>有些行不是设置</translation>
+    </message>
+    <message>
+        <source>these lines are ignored</source>
+        <translation>这些行被忽略</translation>
     </message>
 </context>
 <context>
     <name>StationHistory</name>
     <message>
         <source>passed</source>
-        <translation type="unfinished"></translation>
+        <translation>通过</translation>
     </message>
     <message>
         <source>failed</source>
-        <translation type="unfinished"></translation>
+        <translation>未通过</translation>
     </message>
     <message>
         <source>stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>已停止</translation>
     </message>
     <message>
         <source>without a verdict</source>
-        <translation type="unfinished"></translation>
+        <translation>没有结论</translation>
     </message>
     <message>
         <source>Not tested before</source>
-        <translation type="unfinished"></translation>
+        <translation>以前未检测过</translation>
     </message>
     <message>
         <source>Runs so far: %1
 The last one: %2, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>已检测次数：%1
+最近一次：%2，%3</translation>
     </message>
 </context>
 <context>
     <name>StoreAddress</name>
     <message>
         <source>not of the form postgresql://user@host/database</source>
-        <translation type="unfinished"></translation>
+        <translation>不是postgresql://user@host/database的形式</translation>
     </message>
     <message>
         <source>a password does not belong here: put it into .pgpass</source>
-        <translation type="unfinished"></translation>
+        <translation>密码不应写在这里：请放入.pgpass</translation>
     </message>
     <message>
         <source>holds an option that cannot be passed on</source>
-        <translation type="unfinished"></translation>
+        <translation>含有无法传递的选项</translation>
     </message>
 </context>
 <context>
     <name>StoreError</name>
     <message>
         <source>another program is writing to it</source>
-        <translation type="unfinished"></translation>
+        <translation>另一个程序正在写入</translation>
     </message>
     <message>
         <source>the disk is full</source>
-        <translation type="unfinished"></translation>
+        <translation>磁盘已满</translation>
     </message>
     <message>
         <source>the file is damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>文件已损坏</translation>
     </message>
     <message>
         <source>it was made by a newer version of this program</source>
-        <translation type="unfinished"></translation>
+        <translation>它由本程序的更新版本创建</translation>
     </message>
     <message>
         <source>the file is a database of another program</source>
-        <translation type="unfinished"></translation>
+        <translation>该文件是其他程序的数据库</translation>
     </message>
     <message>
         <source>it cannot be opened or written to</source>
-        <translation type="unfinished"></translation>
+        <translation>无法打开或写入</translation>
     </message>
     <message>
         <source>not there</source>
-        <translation type="unfinished"></translation>
+        <translation>不存在</translation>
     </message>
     <message>
         <source>the server cannot be reached</source>
-        <translation type="unfinished"></translation>
+        <translation>无法连接服务器</translation>
     </message>
     <message>
         <source>the record cannot be kept</source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存此记录</translation>
     </message>
     <message>
         <source>it does not work</source>
-        <translation type="unfinished"></translation>
+        <translation>无法使用</translation>
     </message>
 </context>
 <context>
     <name>UnattendedRun</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>NG</source>
-        <translation type="unfinished"></translation>
+        <translation>NG</translation>
     </message>
     <message>
         <source>warning</source>
-        <translation type="unfinished"></translation>
+        <translation>警告</translation>
     </message>
     <message>
         <source>not tested</source>
-        <translation type="unfinished"></translation>
+        <translation>未检测</translation>
     </message>
     <message>
         <source>The camera is connected, but its MAC address is unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>相机已连接，但其MAC地址未知</translation>
     </message>
     <message>
         <source>No camera found</source>
-        <translation type="unfinished"></translation>
+        <translation>没有找到相机</translation>
     </message>
     <message>
         <source>%1 after %2 s
 </source>
-        <translation type="unfinished"></translation>
+        <translation>%1（已等待%2秒）
+</translation>
     </message>
     <message>
         <source>%1%2Result: %3
 
 %4</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%2结果：%3
+
+%4</translation>
     </message>
     <message>
         <source>Mac: %1
 </source>
-        <translation type="unfinished"></translation>
+        <translation>MAC：%1
+</translation>
     </message>
     <message>
         <source>The screenshot could not be saved: %1: %2
 </source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存截图：%1：%2
+</translation>
     </message>
 </context>
 <context>
     <name>languageOption</name>
     <message>
         <source>Speak this language: en or zh_CN (default: by option.ini).</source>
-        <translation type="unfinished"></translation>
+        <translation>使用的语言：en或zh_CN（默认：按option.ini）。</translation>
     </message>
     <message>
         <source>language</source>
-        <translation type="unfinished"></translation>
+        <translation>语言</translation>
     </message>
     <message>
         <source>--language: &quot;%1&quot; is neither en nor zh_CN</source>
-        <translation type="unfinished"></translation>
+        <translation>--language：“%1”既不是en也不是zh_CN</translation>
     </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>Another KestDetector is running on this PC. Two of them would take each other&apos;s replies from the camera.</source>
-        <translation type="unfinished"></translation>
+        <translation>本机上已有一个KestDetector在运行。两个程序会互相抢走相机的应答。</translation>
     </message>
     <message>
         <source>Try --help.</source>
-        <translation type="unfinished"></translation>
+        <translation>请用 --help 查看用法。</translation>
     </message>
 </context>
 <context>
     <name>wholeFile</name>
     <message>
         <source>Not a regular file</source>
-        <translation type="unfinished"></translation>
+        <translation>不是普通文件</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,7 @@
 #include "language/Language.h"
 
+#include "language/translations.h"
+
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -36,20 +38,12 @@ QString languageArgument(const QStringList &arguments)
     return value;
 }
 
-void addTranslator(QCoreApplication &application, const QString &name, const QString &folder)
+/// Qt's own texts, where their translation is installed.
+bool loadQtTranslation(const QString &language, QTranslator *translator)
 {
-    auto translator = std::make_unique<QTranslator>(&application);
-    if (translator->load(name, folder)) {
-        QCoreApplication::installTranslator(translator.release());
-    }
+    return translator->load(QStringLiteral("qtbase_") + language, qtTranslationsFolder());
 }
 } // namespace
-
-/// The linker leaves out of a library what nobody names. (The macro works outside of namespaces only.)
-static void takeTranslations()
-{
-    Q_INIT_RESOURCE(translations);
-}
 
 Language languageNamed(const QString &name, bool *isKnown)
 {
@@ -79,9 +73,11 @@ void installLanguage(QCoreApplication &application, Language language)
     const auto *const row =
         std::find_if(std::begin(languages), std::end(languages),
                      [language](const NamedLanguage &candidate) { return candidate.language == language; });
-    const QString name = QLatin1String(row->name);
-    takeTranslations();
-    addTranslator(application, QStringLiteral("qtbase_") + name, qtTranslationsFolder());
-    // The last one is asked first.
-    addTranslator(application, QStringLiteral("kest_") + name, QStringLiteral(":/translations"));
+    // The one that is installed last is asked first.
+    for (const auto load : {loadQtTranslation, loadTranslation}) {
+        auto translator = std::make_unique<QTranslator>(&application);
+        if (load(QLatin1String(row->name), translator.get())) {
+            QCoreApplication::installTranslator(translator.release());
+        }
+    }
 }

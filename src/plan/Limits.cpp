@@ -3,6 +3,7 @@
 #include "record/limitText.h"
 
 #include <cmath>
+#include <QCoreApplication>
 #include <QLocale>
 
 namespace {
@@ -38,11 +39,11 @@ ReadLimit readRange(const QString &text)
     const auto sign = static_cast<int>(text.indexOf(rangeSign));
     if (sign < 0 || !readBound(text.left(sign).trimmed(), &read.limit.least) ||
         !readBound(text.mid(sign + rangeSign.size()).trimmed(), &read.limit.most)) {
-        read.error = QStringLiteral("not a range such as 3.6..4.35, ..45 or 30000..");
+        read.error = QCoreApplication::translate("Limits", "not a range such as 3.6..4.35, ..45 or 30000..");
     } else if (!read.limit.least && !read.limit.most) {
-        read.error = QStringLiteral("a range needs a bound");
+        read.error = QCoreApplication::translate("Limits", "a range needs a bound");
     } else if (read.limit.least && read.limit.most && *read.limit.least > *read.limit.most) {
-        read.error = QStringLiteral("the lower bound is above the upper one");
+        read.error = QCoreApplication::translate("Limits", "the lower bound is above the upper one");
     }
     return read;
 }
@@ -54,7 +55,7 @@ ReadLimit readTexts(const QString &text)
     for (const QString &part : parts) {
         read.limit.oneOf.append(part.trimmed());
         if (part.trimmed().isEmpty()) {
-            read.error = QStringLiteral("not a list of texts such as 1.2.3|1.2.4");
+            read.error = QCoreApplication::translate("Limits", "not a list of texts such as 1.2.3|1.2.4");
         }
     }
     return read;
@@ -64,7 +65,7 @@ ReadLimit readLimit(const SettingsLine &line)
 {
     const FieldInfo *field = findField(line.key);
     if (field == nullptr) {
-        return {{}, QStringLiteral("there is no such measurement")};
+        return {{}, QCoreApplication::translate("Limits", "there is no such measurement")};
     }
     return field->kind == FieldInfo::Kind::Text ? readTexts(line.value) : readRange(line.value);
 }

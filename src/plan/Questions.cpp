@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <QCoreApplication>
 
 namespace {
 struct Word
@@ -37,10 +38,11 @@ QString readAsked(const QString &list, QList<Question> *asked)
         const auto *const word = std::find_if(std::begin(words), std::end(words),
                                               [&](const Word &row) { return name == QLatin1String(row.word); });
         if (word == std::end(words)) {
-            return QStringLiteral("\"%1\" cannot be asked for; known are %2").arg(name, knownWords());
+            return QCoreApplication::translate("Questions", "\"%1\" cannot be asked for; known are %2")
+                .arg(name, knownWords());
         }
         if (asked->contains(word->question)) {
-            return QStringLiteral("\"%1\" stands there twice").arg(name);
+            return QCoreApplication::translate("Questions", "\"%1\" stands there twice").arg(name);
         }
         asked->append(word->question);
     }

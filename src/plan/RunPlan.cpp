@@ -2,6 +2,7 @@
 
 #include "record/itemKeys.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 namespace {
@@ -29,21 +30,21 @@ QString readEntry(int component, const QString &entry, QList<int> *numbers)
     static const QRegularExpression form(QStringLiteral("\\A([0-9]{1,3})(?:-([0-9]{1,3}))?\\z"));
     const QRegularExpressionMatch match = form.match(entry);
     if (!match.hasMatch()) {
-        return QStringLiteral("\"%1\" is not an item's number").arg(entry);
+        return QCoreApplication::translate("RunPlan", "\"%1\" is not an item's number").arg(entry);
     }
     const int first = match.captured(1).toInt();
     const int last = match.captured(2).isEmpty() ? first : match.captured(2).toInt();
     if (last < first) {
-        return QStringLiteral("the range \"%1\" runs backwards").arg(entry);
+        return QCoreApplication::translate("RunPlan", "the range \"%1\" runs backwards").arg(entry);
     }
     const QList<int> known = itemNumbers(component);
     for (int number = first; number <= last; ++number) {
         if (!known.contains(number)) {
-            return QStringLiteral("there is no item %1; the items are %2")
+            return QCoreApplication::translate("RunPlan", "there is no item %1; the items are %2")
                 .arg(QString::number(number), knownItems(component));
         }
         if (numbers->contains(number)) {
-            return QStringLiteral("item %1 stands there twice").arg(number);
+            return QCoreApplication::translate("RunPlan", "item %1 stands there twice").arg(number);
         }
         numbers->append(number);
     }
@@ -54,7 +55,7 @@ Items readItems(int component, const QString &text, QChar separator)
 {
     Items items;
     if (text.trimmed().isEmpty()) {
-        items.error = QStringLiteral("no item is named");
+        items.error = QCoreApplication::translate("RunPlan", "no item is named");
         return items;
     }
     const QStringList entries = text.split(separator);
@@ -89,7 +90,7 @@ QString addRequested(const QString &entry, const QStringList &knownComponents, R
     }
     const std::optional<int> component = componentOfKey(name);
     if (!component || !knownComponents.contains(name)) {
-        return QStringLiteral("unknown component \"%1\"; known are all, or any of: %2")
+        return QCoreApplication::translate("RunPlan", "unknown component \"%1\"; known are all, or any of: %2")
             .arg(name, knownComponents.join(QStringLiteral(", ")));
     }
     if (!run->components.contains(*component)) {
@@ -103,7 +104,7 @@ QString addRequested(const QString &entry, const QStringList &knownComponents, R
         return QStringLiteral("\"%1\": %2").arg(entry, items.error);
     }
     if (run->items.contains(*component)) {
-        return QStringLiteral("\"%1\": the component's items are named twice").arg(entry);
+        return QCoreApplication::translate("RunPlan", "\"%1\": the component's items are named twice").arg(entry);
     }
     run->items.insert(*component, items.numbers);
     return {};
@@ -117,7 +118,9 @@ RunPlan readRunPlan(const QList<SettingsLine> &lines, const QString &file)
         const std::optional<int> component = componentOfKey(line.key);
         const Items items =
             component ? readItems(*component, line.value, QLatin1Char(','))
-                      : Items{{}, QStringLiteral("there is no such component; known are %1").arg(componentNames())};
+                      : Items{{},
+                              QCoreApplication::translate("RunPlan", "there is no such component; known are %1")
+                                  .arg(componentNames())};
         if (items.error.isEmpty()) {
             plan.items.insert(*component, items.numbers);
         } else {

@@ -1,5 +1,6 @@
 #include "record/wholeFile.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QIODevice>
 #include <QSaveFile>
@@ -20,7 +21,7 @@ QString writeWholeFile(const QString &path, const QByteArray &bytes)
 {
     const QFileInfo place(path);
     if (place.exists() && !place.isFile() && !place.isDir()) {
-        return QStringLiteral("Not a regular file"); // a device would be replaced
+        return QCoreApplication::translate("wholeFile", "Not a regular file"); // a device would be replaced
     }
     QSaveFile file(path);
     // A full disk takes a part and tells why only when it is asked for the rest, which Qt's buffer does not do.

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
 
 Q_DECLARE_METATYPE(Language)
 
@@ -22,6 +23,8 @@ private slots:
     void noSettingsFile();
     void problems_data();
     void problems();
+    void textsOfALanguage_data();
+    void textsOfALanguage();
 
 private:
     QTemporaryDir m_folder;
@@ -115,6 +118,42 @@ void tst_Language::problems()
     parser.addOptions({option, QCommandLineOption(QStringLiteral("other"))});
     QVERIFY(parser.parse({QStringLiteral("program"), argument}));
     QTEST(languageProblem(parser, option), "problem");
+}
+
+void tst_Language::textsOfALanguage_data()
+{
+    QTest::addColumn<Language>("language");
+    QTest::addColumn<QString>("answered");
+    QTest::addColumn<QString>("yaw");
+    QTest::addColumn<QString>("pitch");
+    QTest::addColumn<QString>("unknown");
+
+    QTest::newRow("as written") << Language::AsWritten << "获取电池信息成功\n"
+                                << "Pitch轴运动检测NG\n"
+                                << "Pitch轴运动检测NG\n"
+                                << "a text of nobody";
+    QTest::newRow("English") << Language::English << "Battery information read\n"
+                             << "Yaw axis motion NG\n"
+                             << "Pitch axis motion NG\n"
+                             << "a text of nobody";
+    QTest::newRow("Chinese") << Language::Chinese << "获取电池信息成功\n"
+                             << "偏航轴运动检测NG\n"
+                             << "俯仰轴运动检测NG\n"
+                             << "a text of nobody";
+}
+
+void tst_Language::textsOfALanguage()
+{
+    QFETCH(const Language, language);
+    installLanguage(*QCoreApplication::instance(), language);
+    QTEST(QCoreApplication::translate("QObject", "获取电池信息成功\n"), "answered");
+    QTEST(QCoreApplication::translate("QObject", "Pitch轴运动检测NG\n", "of the yaw axis"), "yaw");
+    QTEST(QCoreApplication::translate("QObject", "Pitch轴运动检测NG\n"), "pitch");
+    QTEST(QCoreApplication::translate("QObject", "a text of nobody"), "unknown");
+    QCOMPARE(QString::number(1.5), QStringLiteral("1.5"));
+    QCOMPARE(QStringLiteral("%1").arg(1234.5), QStringLiteral("1234.5"));
+    qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator *>());
+    QCOMPARE(QCoreApplication::translate("QObject", "获取电池信息成功\n"), QStringLiteral("获取电池信息成功\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_Language)

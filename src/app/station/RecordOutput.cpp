@@ -5,6 +5,7 @@
 #include "record/wholeFile.h"
 
 #include <cstdio>
+#include <QCoreApplication>
 #include <QFile>
 
 namespace {
@@ -32,7 +33,8 @@ QList<UnsavedFile> RecordOutput::add(const RunRecord &record)
     if (takesStandardOutput()) {
         QFile out;
         out.open(fileno(stdout), QIODevice::WriteOnly | QIODevice::Unbuffered);
-        note(QStringLiteral("standard output"), writeAll(&out, toJson(record, JsonLayout::Line)));
+        note(QCoreApplication::translate("RecordOutput", "standard output"),
+             writeAll(&out, toJson(record, JsonLayout::Line)));
     } else if (!m_json.isEmpty()) {
         m_lines += toJson(record, m_several ? JsonLayout::Line : JsonLayout::Indented);
         note(m_json, writeWholeFile(m_json, m_lines));

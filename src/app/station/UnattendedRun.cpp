@@ -27,13 +27,13 @@ QString verdictText(int outcome)
 {
     switch (outcome) {
     case verdict::ok:
-        return QStringLiteral("OK");
+        return UnattendedRun::tr("OK");
     case verdict::failed:
-        return QStringLiteral("NG");
+        return UnattendedRun::tr("NG");
     case verdict::warning:
-        return QStringLiteral("warning");
+        return UnattendedRun::tr("warning");
     default:
-        return QStringLiteral("not tested");
+        return UnattendedRun::tr("not tested");
     }
 }
 
@@ -136,9 +136,9 @@ UnattendedRun::UnattendedRun(KestDetectorUI *window, const CommandLine &line)
     connect(&face->notices, &Notices::told, this, &UnattendedRun::print);
 
     connect(&m_connectTimer, &QTimer::timeout, this, [this] {
-        const QString reason = m_connected ? QStringLiteral("The camera is connected, but its MAC address is unknown")
-                                           : QStringLiteral("No camera found");
-        ::print(stderr, QStringLiteral("%1 after %2 s\n").arg(reason, QString::number(m_line.connectTimeoutSeconds)));
+        const QString reason =
+            m_connected ? tr("The camera is connected, but its MAC address is unknown") : tr("No camera found");
+        ::print(stderr, tr("%1 after %2 s\n").arg(reason, QString::number(m_line.connectTimeoutSeconds)));
         leave(NoCamera);
     });
     m_connectTimer.setSingleShot(true);
@@ -292,9 +292,9 @@ void UnattendedRun::report()
     m_worst = heavier(m_worst, code);
     if (code != Stopped) {
         ::print(m_output.takesStandardOutput() ? stderr : stdout,
-                QStringLiteral("%1%2Result: %3\n\n%4")
-                    .arg(m_line.each ? QStringLiteral("Mac: %1\n").arg(outcome.end.identity.macAddress) : QString(),
-                         m_verdicts, m_runPassed ? QStringLiteral("OK") : QStringLiteral("NG"), m_log));
+                tr("%1%2Result: %3\n\n%4")
+                    .arg(m_line.each ? tr("Mac: %1\n").arg(outcome.end.identity.macAddress) : QString(), m_verdicts,
+                         m_runPassed ? tr("OK") : tr("NG"), m_log));
     } else if (!m_line.each || !outcome.end.stopped) {
         leave(Stopped); // what a run cut short found is no judgement
         return;
@@ -313,7 +313,7 @@ void UnattendedRun::finishLastRun()
 {
     const QString reason = m_line.screenshot.isEmpty() ? QString() : savePicture(m_window, m_line.screenshot);
     if (!reason.isEmpty()) {
-        ::print(stderr, QStringLiteral("The screenshot could not be saved: %1: %2\n").arg(m_line.screenshot, reason));
+        ::print(stderr, tr("The screenshot could not be saved: %1: %2\n").arg(m_line.screenshot, reason));
         m_worst = heavier(m_worst, NotSaved);
     }
     leave(m_worst);

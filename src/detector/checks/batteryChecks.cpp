@@ -50,6 +50,13 @@ void reportContact(CheckItemLog &item, const QString &line, Field field, std::ui
     item.detail += line.arg(plugged == 0 ? absent : present);
 }
 
+/// getBatteryWar() begins in Chinese, whatever language is spoken.
+QString warningsText(std::uint32_t warningBits)
+{
+    static const QString inGoodOrder = getBatteryWar(0);
+    return QObject::tr("状态良好") + getBatteryWar(warningBits).mid(inGoodOrder.size());
+}
+
 /// The three lines that both reports share: volts, milliamperes, degrees Celsius.
 template <class Record>
 void reportElectrics(CheckItemLog &item, const Record &record)
@@ -109,7 +116,7 @@ void reportInfo(CheckItemLog &item, const BatteryInfo &info)
     reportNumber(item, QObject::tr("满电容量:%1mAh\n"), Field::BatteryCapacity, info.fullCapacity);
     reportHex(item, QObject::tr("制造商:0x%1\n"), Field::BatteryManufacturer, info.manufacturer);
     item.measurements.append(measured(Field::BatteryWarningBits, info.warningBits));
-    item.detail += QObject::tr("电池警告:%1\n").arg(getBatteryWar(info.warningBits));
+    item.detail += QObject::tr("电池警告:%1\n").arg(warningsText(info.warningBits));
     reportContact(item, QObject::tr("充电器状态:%1\n"), Field::BatteryCharger, info.charger,
                   QObject::tr("充电器未插入"), QObject::tr("充电器插入"));
     reportContact(item, QObject::tr("麦克风状态:%1\n"), Field::BatteryMicrophone, info.microphone,

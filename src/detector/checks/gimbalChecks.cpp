@@ -67,6 +67,13 @@ constexpr int pollIntervalMs = 1000;
 constexpr int toleratedFaults = 3;
 constexpr std::size_t stateByte = 7; ///< in `GimbalState::bytes`
 
+/// A text for translation in the context "QObject".
+struct Text
+{
+    const char *text;
+    const char *sense; ///< null unless the same text has another meaning elsewhere
+};
+
 struct AxisMotion
 {
     unsigned char mode; ///< starts the axis's factory movement
@@ -76,20 +83,31 @@ struct AxisMotion
     Field state;
     const char *passed;
     const char *timedOut;
-    const char *failed;
+    Text failed;
 };
 
 constexpr std::array axisMotions = {
-    AxisMotion{1, 6, 11, Field::GimbalRollTime, Field::GimbalRollState,
-               QT_TRANSLATE_NOOP("QObject", "Roll轴运动检测OK\n"), QT_TRANSLATE_NOOP("QObject", "Roll轴运动检测超时\n"),
-               QT_TRANSLATE_NOOP("QObject", "Roll轴运动检测NG\n")},
-    AxisMotion{
-        2, 7, 12, Field::GimbalPitchTime, Field::GimbalPitchState, QT_TRANSLATE_NOOP("QObject", "Pitch轴运动检测OK\n"),
-        QT_TRANSLATE_NOOP("QObject", "Pitch轴运动检测超时\n"), QT_TRANSLATE_NOOP("QObject", "Pitch轴运动检测NG\n")},
-    // A failed yaw axis is reported in the words of the pitch axis: that is its text in every log.
+    AxisMotion{1,
+               6,
+               11,
+               Field::GimbalRollTime,
+               Field::GimbalRollState,
+               QT_TRANSLATE_NOOP("QObject", "Roll轴运动检测OK\n"),
+               QT_TRANSLATE_NOOP("QObject", "Roll轴运动检测超时\n"),
+               {QT_TRANSLATE_NOOP("QObject", "Roll轴运动检测NG\n"), nullptr}},
+    AxisMotion{2,
+               7,
+               12,
+               Field::GimbalPitchTime,
+               Field::GimbalPitchState,
+               QT_TRANSLATE_NOOP("QObject", "Pitch轴运动检测OK\n"),
+               QT_TRANSLATE_NOOP("QObject", "Pitch轴运动检测超时\n"),
+               {QT_TRANSLATE_NOOP("QObject", "Pitch轴运动检测NG\n"), nullptr}},
+    // A failed yaw axis is reported in the words of the pitch axis: that is its text in every log, but in no
+    // translation.
     AxisMotion{3, 8, 13, Field::GimbalYawTime, Field::GimbalYawState, QT_TRANSLATE_NOOP("QObject", "Yaw轴运动检测OK\n"),
                QT_TRANSLATE_NOOP("QObject", "Yaw轴运动检测超时\n"),
-               QT_TRANSLATE_NOOP("QObject", "Pitch轴运动检测NG\n")},
+               QT_TRANSLATE_NOOP3("QObject", "Pitch轴运动检测NG\n", "of the yaw axis")},
 };
 
 /// Sightings of each axis's fault state since it last tripped. Only the runner's thread gets here.
@@ -114,7 +132,7 @@ bool testAxis(const AxisMotion &axis, int &faults, const MotionClock &clock, Che
     };
     while (!KestDetectorFace::Get()->runIsCutShort()) {
         if (clock.elapsedMs() - start >= axisLimitMs) {
-            return end(false, QObject::tr(axis.timedOut) + QObject::tr(axis.failed));
+            return end(false, QObject::tr(axis.timedOut) + QObject::tr(axis.failed.text, axis.failed.sense));
         }
         GimbalState reply;
         pollResult = Camera::Get()->fetchGimbalState(&reply);
@@ -125,7 +143,7 @@ bool testAxis(const AxisMotion &axis, int &faults, const MotionClock &clock, Che
             }
             if (*state == axis.faultState && ++faults > toleratedFaults) {
                 faults = 0;
-                return end(false, QObject::tr(axis.failed));
+                return end(false, QObject::tr(axis.failed.text, axis.failed.sense));
             }
         }
         clock.sleep(pollIntervalMs);

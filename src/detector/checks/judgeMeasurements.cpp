@@ -5,6 +5,7 @@
 #include "record/limitText.h"
 
 #include <algorithm>
+#include <QObject>
 
 namespace {
 void breakLimit(CheckItemLog &item, const QString &line)
@@ -32,7 +33,7 @@ void judgeMissing(CheckItemLog &item, const QList<Field> &expected)
                                          [&name](const Measurement &entry) { return entry.name == name; });
         const auto limit = limits.find(name);
         if (!isThere && limit != limits.end()) {
-            breakLimit(item, QStringLiteral("%1: not read (%2)").arg(name, limitText(*limit)));
+            breakLimit(item, QObject::tr("%1: not read (%2)").arg(name, limitText(*limit)));
         }
     }
 }

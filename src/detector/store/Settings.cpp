@@ -102,6 +102,7 @@ struct Row
 constexpr auto noText = "";
 constexpr auto noAddress = QT_TRANSLATE_NOOP("Settings", "no IPv4 address");
 constexpr auto noNumber = QT_TRANSLATE_NOOP("Settings", "not a hexadecimal number of at most 64 bits");
+constexpr auto isMissing = QT_TRANSLATE_NOOP("Settings", "missing");
 constexpr auto neitherOr = QT_TRANSLATE_NOOP("Settings", "neither true nor false");
 constexpr auto noLink = QT_TRANSLATE_NOOP("Settings", "this link is not used");
 constexpr auto noCamera = QT_TRANSLATE_NOOP("Settings", "no camera can be found");
@@ -171,14 +172,16 @@ void readRow(const Row &row, const QSettings &file, Settings *settings)
     const QString value = stored.toString();
     const bool sound = row.take(value, settings);
     if (!stored.isValid()) {
-        complain(Kind::Missing, translated("missing"));
+        complain(Kind::Missing, translated(isMissing));
     } else if (!sound && stored.userType() == QMetaType::QString && value.isEmpty()) {
-        complain(Kind::Missing, translated("empty"));
+        complain(Kind::Missing, translated(QT_TRANSLATE_NOOP("Settings", "empty")));
     } else if (stored.userType() == QMetaType::QStringList) {
-        complain(Kind::Malformed, translated("a comma stands outside of double quotes"));
+        complain(Kind::Malformed, translated(QT_TRANSLATE_NOOP("Settings", "a comma stands outside of double quotes")));
     } else if (!sound) {
         complain(Kind::Malformed,
-                 row.isHidden ? translated(row.fault) : translated("\"%1\" is %2").arg(value, translated(row.fault)));
+                 row.isHidden
+                     ? translated(row.fault)
+                     : translated(QT_TRANSLATE_NOOP("Settings", "\"%1\" is %2")).arg(value, translated(row.fault)));
     }
 }
 
@@ -221,19 +224,19 @@ Settings readSettings(const QString &path)
     readPlans(path, &settings);
     if (!QFile::exists(path) || file.status() == QSettings::AccessError) {
         // One problem, not one for each key.
-        const char *reason = QFile::exists(path) ? QT_TRANSLATE_NOOP("Settings", "cannot be read")
-                                                 : QT_TRANSLATE_NOOP("Settings", "missing");
+        const char *reason = QFile::exists(path) ? QT_TRANSLATE_NOOP("Settings", "cannot be read") : isMissing;
         settings.problems = {{Kind::Missing, path, translated(reason), translated(noCamera)}};
         return settings;
     }
     if (file.status() == QSettings::FormatError) {
-        settings.problems.prepend(
-            {Kind::Malformed, path, translated("some lines are no settings"), translated("these lines are ignored")});
+        settings.problems.prepend({Kind::Malformed, path,
+                                   translated(QT_TRANSLATE_NOOP("Settings", "some lines are no settings")),
+                                   translated(QT_TRANSLATE_NOOP("Settings", "these lines are ignored"))});
     }
     if (settings.wifi.isEmpty() && settings.usb.isEmpty() && settings.addressProblems().isEmpty()) {
         settings.problems.prepend({Kind::Missing,
                                    QStringLiteral("%1, %2").arg(QLatin1String(wifiKey), QLatin1String(usbKey)),
-                                   translated("missing"), translated(noCamera)});
+                                   translated(isMissing), translated(noCamera)});
     }
     return settings;
 }

@@ -174,7 +174,7 @@ void KestDetectorUI::initUI()
     ui->statusBar->addWidget(new NoticeBar(&KestDetectorFace::Get()->notices, this), 1);
     m_eventLog = new EventLog(ui->twCheckedLog);
 
-    ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(Places::ofProgram().results()));
+    ui->lbSavePath->setText(tr("Path:%1").arg(Places::ofProgram().results()));
     on_tbNotChooseAll_clicked();
 
     for (const Component &component : components()) {
@@ -265,7 +265,7 @@ void KestDetectorUI::clearResults()
         showVerdict(component.id, verdict::notTested);
     }
     ui->lbCameraStatus->setStyleSheet(QStringLiteral("background-color: rgb(220, 220, 220);color: rgb(20, 20, 20);"));
-    ui->lbCameraStatus->setText(QStringLiteral("NA"));
+    ui->lbCameraStatus->setText(tr("NA"));
     showOverallState(ui->lbCameraStatus, verdict::notTested);
 }
 
@@ -325,7 +325,7 @@ void KestDetectorUI::slot_showCheckLog(const checkLog &log)
 
 void KestDetectorUI::slot_showCheckResult(bool passed)
 {
-    ui->lbCameraStatus->setText(passed ? QStringLiteral("OK") : QStringLiteral("NG"));
+    ui->lbCameraStatus->setText(passed ? tr("OK") : tr("NG"));
     ui->lbCameraStatus->setStyleSheet(
         passed ? QStringLiteral("background-color: rgb(0, 255, 0);color: rgb(0, 0, 255);")
                : QStringLiteral("background-color: rgb(255, 0, 0);color: rgb(255, 255, 255);"));
@@ -472,7 +472,7 @@ void KestDetectorUI::on_tbSavePath_clicked()
 void KestDetectorUI::setSavePath(const QString &path)
 {
     KestDetectorFace::Get()->savePath = path;
-    ui->lbSavePath->setText(QStringLiteral("Path:%1").arg(path));
+    ui->lbSavePath->setText(tr("Path:%1").arg(path));
 }
 
 void KestDetectorUI::contextMenuEvent(QContextMenuEvent *event)
