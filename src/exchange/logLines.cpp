@@ -1,5 +1,6 @@
 #include "exchange/logLines.h"
 
+#include "language/everyLanguage.h"
 #include "plan/Limits.h"
 #include "record/itemKeys.h"
 
@@ -7,8 +8,26 @@
 #include <array>
 #include <cmath>
 #include <QHash>
+#include <QRegularExpression>
+#include <QStringList>
 
 namespace {
+/// A text of the checks as a log may hold it.
+QStringList textsOf(const QString &text, const char *sense = nullptr)
+{
+    return textInEveryLanguage("QObject", text, sense);
+}
+
+/// Likewise, of one that ends its line: without the line break.
+QStringList linesOf(const char *line, const char *sense = nullptr)
+{
+    QStringList lines = textsOf(QString::fromUtf8(line) + QLatin1Char('\n'), sense);
+    for (QString &text : lines) {
+        text.chop(1);
+    }
+    return lines;
+}
+
 struct LoggedComponent
 {
     int id;
@@ -159,7 +178,10 @@ const KnownLine *knownLineOf(const QString &line)
     static const QHash<QString, const KnownLine *> byText = [] {
         QHash<QString, const KnownLine *> texts;
         for (const KnownLine &known : knownLines) {
-            texts.insert(QString::fromUtf8(known.text), &known);
+            const QStringList lines = linesOf(known.text) + linesOf(known.text, "of the yaw axis");
+            for (const QString &text : lines) {
+                texts.insert(text, &known);
+            }
         }
         return texts;
     }();
@@ -176,11 +198,9 @@ constexpr std::array cardReasons = {",错误原因:SD卡碎片严重",       ",�
                                     ",错误原因:SD卡文件系统不支持", ",错误原因:SD卡修复文件失败"};
 
 /// The first of `texts` that `line` goes on with at `from`; empty if there is none.
-template <std::size_t size>
-QString textAt(const QString &line, int from, const std::array<const char *, size> &texts)
+QString textAt(const QString &line, qsizetype from, const QStringList &texts)
 {
-    for (const char *const entry : texts) {
-        QString text = QString::fromUtf8(entry);
+    for (const QString &text : texts) {
         if (QStringView(line).mid(from).startsWith(text)) {
             return text;
         }
@@ -188,10 +208,23 @@ QString textAt(const QString &line, int from, const std::array<const char *, siz
     return {};
 }
 
+template <std::size_t size, class TextsOf>
+QStringList inEveryLanguage(const std::array<const char *, size> &texts, TextsOf textsOfOne)
+{
+    QStringList all;
+    for (const char *const text : texts) {
+        all += textsOfOne(text);
+    }
+    return all;
+}
+
 std::optional<VerdictLine> readCardState(const QString &line)
 {
-    const QString state = textAt(line, 0, cardStates);
-    const QString reason = textAt(line, state.size(), cardReasons);
+    static const QStringList states =
+        inEveryLanguage(cardStates, [](const char *text) { return textsOf(QString::fromUtf8(text)); });
+    static const QStringList reasons = inEveryLanguage(cardReasons, [](const char *text) { return linesOf(text); });
+    const QString state = textAt(line, 0, states);
+    const QString reason = textAt(line, state.size(), reasons);
     if (state.isEmpty() && reason.isEmpty()) {
         return {};
     }
@@ -207,47 +240,97 @@ struct ReportLine
 {
     int component;
     int item;
-    const char *begin;
-    const char *end;
+    const char *line; ///< with places for its value
     Field field;
     Shown shown = Shown::Decimal;
 };
 
 constexpr int cardComponent = 6;
 /// A card that is ready shows its report and nothing else, from this line on.
-constexpr const char *firstCardLine = "扇区大小:";
+constexpr const char *firstCardLine = "扇区大小:%1K";
 
 constexpr int batteryStatus = itemId::battery::status;
 constexpr int batteryInfo = itemId::battery::info;
 
 constexpr std::array reportLines = {
-    ReportLine{2, batteryStatus, "electric quantity:", "%", Field::BatteryCharge},
-    ReportLine{2, batteryStatus, "voltage:", "V", Field::BatteryVoltage},
-    ReportLine{2, batteryStatus, "electricity:", "mA", Field::BatteryCurrent},
-    ReportLine{2, batteryStatus, "temperature:", "℃", Field::BatteryTemperature},
-    ReportLine{2, batteryStatus, "充电至满时间:", "min", Field::BatteryTimeToFull},
-    ReportLine{2, batteryStatus, "放电至空时间:", "min", Field::BatteryTimeToEmpty},
-    ReportLine{2, batteryInfo, "Sub_ID:0x", "", Field::BatterySubId, Shown::Hexadecimal},
-    ReportLine{2, batteryInfo, "version Info:0x", "", Field::BatteryVersionInfo, Shown::Hexadecimal},
-    ReportLine{2, batteryInfo, "software version:", "", Field::BatterySoftwareVersion, Shown::Text},
-    ReportLine{2, batteryInfo, "hardware version:", "", Field::BatteryHardwareVersion, Shown::Text},
-    ReportLine{2, batteryInfo, "electric quantity :", "%", Field::BatteryCharge},
-    ReportLine{2, batteryInfo, "voltage:", "V", Field::BatteryVoltage},
-    ReportLine{2, batteryInfo, "electricity:", "mA", Field::BatteryCurrent},
-    ReportLine{2, batteryInfo, "temperature:", "℃", Field::BatteryTemperature},
-    ReportLine{2, batteryInfo, "至空时间:", "min", Field::BatteryTimeToEmpty},
-    ReportLine{2, batteryInfo, "至满时间:", "min", Field::BatteryTimeToFull},
-    ReportLine{2, batteryInfo, "设备类型:0x", "", Field::BatteryDeviceType, Shown::Hexadecimal},
-    ReportLine{2, batteryInfo, "电池固件信息:0x", "", Field::BatteryFirmwareInfo, Shown::Hexadecimal},
-    ReportLine{2, batteryInfo, "电池硬件信息:0x", "", Field::BatteryHardwareInfo, Shown::Hexadecimal},
-    ReportLine{2, batteryInfo, "循环次数:", "", Field::BatteryCycles},
-    ReportLine{2, batteryInfo, "满电容量:", "mAh", Field::BatteryCapacity},
-    ReportLine{2, batteryInfo, "制造商:0x", "", Field::BatteryManufacturer, Shown::Hexadecimal},
-    ReportLine{6, itemId::tfCard::usage, firstCardLine, "K", Field::CardSectorSize},
-    ReportLine{6, itemId::tfCard::usage, "总内存:", "MB", Field::CardTotal},
-    ReportLine{6, itemId::tfCard::usage, "可用内存:", "MB", Field::CardAvailable},
-    ReportLine{6, itemId::tfCard::usage, "已用内存:", "MB", Field::CardUsed},
+    ReportLine{2, batteryStatus, "electric quantity:%1%", Field::BatteryCharge},
+    ReportLine{2, batteryStatus, "voltage:%1V", Field::BatteryVoltage},
+    ReportLine{2, batteryStatus, "electricity:%1mA", Field::BatteryCurrent},
+    ReportLine{2, batteryStatus, "temperature:%1℃", Field::BatteryTemperature},
+    ReportLine{2, batteryStatus, "充电至满时间:%1min", Field::BatteryTimeToFull},
+    ReportLine{2, batteryStatus, "放电至空时间:%1min", Field::BatteryTimeToEmpty},
+    ReportLine{2, batteryInfo, "Sub_ID:0x%1", Field::BatterySubId, Shown::Hexadecimal},
+    ReportLine{2, batteryInfo, "version Info:0x%1", Field::BatteryVersionInfo, Shown::Hexadecimal},
+    ReportLine{2, batteryInfo, "software version:%1.%2.%3.%4", Field::BatterySoftwareVersion, Shown::Text},
+    ReportLine{2, batteryInfo, "hardware version:%1.%2.%3.%4", Field::BatteryHardwareVersion, Shown::Text},
+    ReportLine{2, batteryInfo, "electric quantity :%1%", Field::BatteryCharge},
+    ReportLine{2, batteryInfo, "voltage:%1V", Field::BatteryVoltage},
+    ReportLine{2, batteryInfo, "electricity:%1mA", Field::BatteryCurrent},
+    ReportLine{2, batteryInfo, "temperature:%1℃", Field::BatteryTemperature},
+    ReportLine{2, batteryInfo, "至空时间:%1min", Field::BatteryTimeToEmpty},
+    ReportLine{2, batteryInfo, "至满时间:%1min", Field::BatteryTimeToFull},
+    ReportLine{2, batteryInfo, "设备类型:0x%1", Field::BatteryDeviceType, Shown::Hexadecimal},
+    ReportLine{2, batteryInfo, "电池固件信息:0x%1", Field::BatteryFirmwareInfo, Shown::Hexadecimal},
+    ReportLine{2, batteryInfo, "电池硬件信息:0x%1", Field::BatteryHardwareInfo, Shown::Hexadecimal},
+    ReportLine{2, batteryInfo, "循环次数:%1", Field::BatteryCycles},
+    ReportLine{2, batteryInfo, "满电容量:%1mAh", Field::BatteryCapacity},
+    ReportLine{2, batteryInfo, "制造商:0x%1", Field::BatteryManufacturer, Shown::Hexadecimal},
+    ReportLine{6, itemId::tfCard::usage, firstCardLine, Field::CardSectorSize},
+    ReportLine{6, itemId::tfCard::usage, "总内存:%1MB", Field::CardTotal},
+    ReportLine{6, itemId::tfCard::usage, "可用内存:%1MB", Field::CardAvailable},
+    ReportLine{6, itemId::tfCard::usage, "已用内存:%1MB", Field::CardUsed},
 };
+
+/// A line of the report as one language has it.
+struct Frame
+{
+    QString begin; ///< before the value
+    QString end;
+};
+
+/// Its lines in every language.
+QList<Frame> framesOf(const char *line)
+{
+    static const QRegularExpression places(QStringLiteral("%[1-9](?:\\.%[1-9])*"));
+    QList<Frame> frames;
+    const QStringList lines = linesOf(line);
+    for (const QString &text : lines) {
+        const QRegularExpressionMatch match = places.match(text);
+        frames.append({text.left(match.capturedStart()), text.mid(match.capturedEnd())});
+    }
+    return frames;
+}
+
+/// In the order of `reportLines`.
+const std::array<QList<Frame>, reportLines.size()> &reportFrames()
+{
+    static const auto all = [] {
+        std::array<QList<Frame>, reportLines.size()> frames;
+        for (std::size_t i = 0; i < reportLines.size(); ++i) {
+            frames.at(i) = framesOf(reportLines.at(i).line);
+        }
+        return frames;
+    }();
+    return all;
+}
+
+/// What stands between; empty if the line is another one.
+QString valueIn(const QString &line, const QList<Frame> &frames)
+{
+    for (const auto &[begin, end] : frames) {
+        if (line.startsWith(begin) && line.endsWith(end) && line.size() > begin.size() + end.size()) {
+            return line.mid(begin.size(), line.size() - begin.size() - end.size());
+        }
+    }
+    return {};
+}
+
+bool beginsCardReport(const QString &line)
+{
+    static const QList<Frame> frames = framesOf(firstCardLine);
+    return std::any_of(frames.begin(), frames.end(),
+                       [&line](const Frame &frame) { return line.startsWith(frame.begin); });
+}
 
 std::optional<Measurement> readValue(Field field, Shown shown, const QString &value)
 {
@@ -264,13 +347,18 @@ std::optional<Measurement> readValue(Field field, Shown shown, const QString &va
 
 std::optional<int> componentOfHeading(QStringView line)
 {
-    for (const LoggedComponent &component : loggedComponents) {
-        const QString heading = QStringLiteral("[%1]:").arg(QLatin1String(component.name));
-        if (line.compare(QStringView(heading)) == 0) {
-            return component.id;
+    static const QHash<QString, int> headings = [] {
+        QHash<QString, int> texts;
+        for (const LoggedComponent &component : loggedComponents) {
+            const QStringList names = textsOf(QLatin1String(component.name));
+            for (const QString &name : names) {
+                texts.insert(QStringLiteral("[%1]:").arg(name), component.id);
+            }
         }
-    }
-    return {};
+        return texts;
+    }();
+    const auto found = headings.constFind(line.toString());
+    return found == headings.constEnd() ? std::nullopt : std::optional<int>(*found);
 }
 
 QString componentHeadingName(int component)
@@ -304,7 +392,7 @@ std::optional<VerdictLine> readVerdictLine(int component, const QString &line)
     if (component != cardComponent) {
         return {};
     }
-    if (line.startsWith(QString::fromUtf8(firstCardLine))) {
+    if (beginsCardReport(line)) {
         return VerdictLine{itemId::tfCard::usage, passed, {}, {}, true};
     }
     return readCardState(line);
@@ -312,14 +400,14 @@ std::optional<VerdictLine> readVerdictLine(int component, const QString &line)
 
 std::optional<Measurement> readReportLine(int component, int item, const QString &line)
 {
-    for (const ReportLine &row : reportLines) {
+    for (std::size_t i = 0; i < reportLines.size(); ++i) {
+        const ReportLine &row = reportLines.at(i);
         if (row.component != component || row.item != item) {
             continue;
         }
-        const QString begin = QString::fromUtf8(row.begin);
-        const QString end = QString::fromUtf8(row.end);
-        if (line.startsWith(begin) && line.endsWith(end) && line.size() > begin.size() + end.size()) {
-            return readValue(row.field, row.shown, line.mid(begin.size(), line.size() - begin.size() - end.size()));
+        const QString value = valueIn(line, reportFrames().at(i));
+        if (!value.isEmpty()) {
+            return readValue(row.field, row.shown, value);
         }
     }
     return {};

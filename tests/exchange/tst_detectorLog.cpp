@@ -11,6 +11,7 @@ private slots:
     void outline_data();
     void outline();
     void keepsTextsAndMeasurements();
+    void keepsTextsOfAnotherLanguage();
     void marksAMeasurementOutsideItsLimit();
 };
 
@@ -77,6 +78,13 @@ void tst_detectorLog::outline_data()
         "[Battery]:\n相机电池通信OK\n获取电池信息成功\n++++++++++\nSub_ID:0x4\n----------\n\n获取电池状态成功\n"
         "++++++++++\nelectric quantity:87%\n----------\n\n\n",
         "battery+(battery.link+ battery.info+ battery.status+)");
+    row("in English",
+        "[Battery]:\nBattery link OK\nBattery information read\n++++++++++\nVoltage: 3.85 V\n----------\n\n\n"
+        "[TF card]:\nSector size: 32 K\nTotal space: 30436.5 MB\nWarning: not a high-speed SD card\n\n"
+        "[PCBA]:\nThe sensor has no factory test mark\n\n",
+        "battery+(battery.link+ battery.info+) tfcard-(tfcard.use+ tfcard.speed!) pcba!(pcba.sensor!)");
+    row("in Chinese", "[云台]:\n云台主控通信OK\n横滚轴通信NG\n\n[TF卡]:\n扇区大小：32K\n总容量：30436.5MB\nSD卡OK\n\n",
+        "gimbal-(gimbal.main.link+ gimbal.roll.link-) tfcard+(tfcard.use+ tfcard.speed+)");
     row("a heading inside a line", "[Camera]:\n相机视频流OK\nx[Lens]:\n\n", "camera+(camera.video+)");
 }
 
@@ -88,6 +96,22 @@ void tst_detectorLog::outline()
     const LoggedRun run = readDetectorLog(text);
     QCOMPARE(outlineOf(run), outline);
     QCOMPARE(run.unknownLines, unknownLines);
+}
+
+void tst_detectorLog::keepsTextsOfAnotherLanguage()
+{
+    const LoggedRun run = readDetectorLog(
+        QStringLiteral("[Battery]:\nBattery information read\n++++++++++\nSub ID: 0x4\nSoftware version: 1.2.3.4\n"
+                       "Current: -250 mA\n----------\n\n\n"));
+    const ItemRecord battery = run.components.value(0).items.value(0);
+    QCOMPARE(battery.key, QStringLiteral("battery.info"));
+    QCOMPARE(battery.message, QStringLiteral("Battery information read\n"));
+    QCOMPARE(battery.detail, QStringLiteral("++++++++++\nSub ID: 0x4\nSoftware version: 1.2.3.4\nCurrent: -250 mA\n"
+                                            "----------\n\n"));
+    QVERIFY(battery.measurements ==
+            QList<Measurement>({measured(Field::BatterySubId, 4),
+                                measured(Field::BatterySoftwareVersion, QStringLiteral("1.2.3.4")),
+                                measured(Field::BatteryCurrent, -250)}));
 }
 
 void tst_detectorLog::keepsTextsAndMeasurements()
