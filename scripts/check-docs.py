@@ -3,10 +3,10 @@
 
     scripts/check-docs.py [PROJECT FOLDER]
 
-Every relative link of README.md, emulator/README.md and docs/*.md leads to a file, and to a heading of it where it names
+Every relative link of the READMEs and of docs/*.md leads to a file, and to a heading of it where it names
 one. Every path in code style that begins with a folder of the project exists, and so does every source file that is named
-without its folder. README.md has at most 250 lines, its table of settings has those that the station reads, and it names
-each file of the log collection. Prints each offence as "file:line: reason"; exit code 1 when there is one.
+without its folder. Each of the READMEs has at most 250 lines, its table of settings has those that the station reads, and it
+names each file of the log collection. Prints each offence as "file:line: reason"; exit code 1 when there is one.
 """
 import pathlib
 import re
@@ -18,6 +18,7 @@ HEADING = re.compile(r'^#+ (.+?)\s*$')
 SOURCE = re.compile(r'^[A-Za-z_][\w-]*\.(?:cpp|h|ui|qrc|py|sh|supp|cmake|md)$')
 # What the build, a run or the reader makes.
 MADE = ('build', 'results/')
+READMES = ('README.md', 'README.zh_CN.md')
 LONGEST_README = 250
 
 
@@ -78,12 +79,12 @@ def document_offences(project, document, tops, names):
             yield f'{document.relative_to(project)}:{number}: {reason}'
 
 
-def settings_offences(project):
-    """The keys of the table in Settings.cpp against those of the README's."""
+def settings_offences(project, readme):
+    """The keys of the table in Settings.cpp against those of a README's."""
     read = set(re.findall(r'"([A-Z]\w+/\w+)"', (project / 'src/detector/store/Settings.cpp').read_text(encoding='utf-8')))
     listed = set()
     section = None
-    for _, line, _ in lines_of(project / 'README.md'):
+    for _, line, _ in lines_of(project / readme):
         heading = re.match(r'\| \*\*`\[(\w+)\]`\*\* \|', line)
         key = re.match(r'\| `(\w+)` \|', line)
         if heading:
@@ -93,18 +94,18 @@ def settings_offences(project):
         elif key and section:
             listed.add(f'{section}/{key.group(1)}')
     for key in sorted(read - listed):
-        yield f'README.md: the setting {key} is not in its table'
+        yield f'{readme}: the setting {key} is not in its table'
     for key in sorted(listed - read):
-        yield f'README.md: the station reads no setting {key}'
+        yield f'{readme}: the station reads no setting {key}'
 
 
-def log_offences(project):
-    """The files that the log collection brings, against the README."""
-    readme = (project / 'README.md').read_text(encoding='utf-8')
+def log_offences(project, readme):
+    """The files that the log collection brings, against a README."""
+    text = (project / readme).read_text(encoding='utf-8')
     collection = (project / 'src/detector/checks/logCollection.cpp').read_text(encoding='utf-8')
     for name in re.findall(r'"(\w+\.(?:txt|tar\.gz))"', collection):
-        if f'`{name}`' not in readme:
-            yield f'README.md: the file {name} of the log collection is not in it'
+        if f'`{name}`' not in text:
+            yield f'{readme}: the file {name} of the log collection is not in it'
 
 
 def main():
@@ -113,13 +114,14 @@ def main():
             if entry.is_dir() and entry.name != '.git' and not entry.name.startswith(MADE)}
     names = {path.name for top in tops for path in (project / top).rglob('*')}
     names |= {entry.name for entry in project.iterdir()}
-    documents = [project / 'README.md', project / 'emulator' / 'README.md', *sorted((project / 'docs').glob('*.md'))]
+    documents = [*(project / readme for readme in READMES), project / 'emulator' / 'README.md', *sorted((project / 'docs').glob('*.md'))]
     offences = [offence for document in documents for offence in document_offences(project, document, tops, names)]
-    offences += settings_offences(project)
-    offences += log_offences(project)
-    length = len((project / 'README.md').read_text(encoding='utf-8').splitlines())
-    if length > LONGEST_README:
-        offences.append(f'README.md: {length} lines, at most {LONGEST_README}: a newcomer has to finish it')
+    for readme in READMES:
+        offences += settings_offences(project, readme)
+        offences += log_offences(project, readme)
+        length = len((project / readme).read_text(encoding='utf-8').splitlines())
+        if length > LONGEST_README:
+            offences.append(f'{readme}: {length} lines, at most {LONGEST_README}: a newcomer has to finish it')
     for offence in offences:
         print(offence)
     return 1 if offences else 0
