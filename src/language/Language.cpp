@@ -23,6 +23,9 @@ constexpr NamedLanguage languages[] = {
     {"zh_CN", Language::Chinese},
 };
 
+/// Written before there is another thread.
+Language installedLanguage = Language::AsWritten;
+
 /// The value of the last --language among the arguments; empty if there is none.
 QString languageArgument(const QStringList &arguments)
 {
@@ -67,6 +70,7 @@ Language chosenLanguage(const QStringList &arguments, const QString &settingsFil
 
 void installLanguage(QCoreApplication &application, Language language)
 {
+    installedLanguage = language;
     if (language == Language::AsWritten) {
         return;
     }
@@ -80,4 +84,17 @@ void installLanguage(QCoreApplication &application, Language language)
             QCoreApplication::installTranslator(translator.release());
         }
     }
+}
+
+QLocale shownLocale()
+{
+    switch (installedLanguage) {
+    case Language::English:
+        return QLocale::c(); // has the month in words: no two countries read 3/4 alike
+    case Language::Chinese:
+        return QLocale(QLocale::Chinese, QLocale::China);
+    case Language::AsWritten:
+        break;
+    }
+    return {};
 }

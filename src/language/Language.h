@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 
@@ -23,3 +24,7 @@ Language chosenLanguage(const QStringList &arguments, const QString &settingsFil
 /// Has every text be looked up in `language` from now on, Qt's own ones included where Qt's translations are installed.
 /// Once, in main(), before the first text is made and before there is another thread.
 void installLanguage(QCoreApplication &application, Language language);
+
+/// In which people are shown a date: that of the language that was installed, else the system's. Nothing else in the
+/// program follows it. From any thread.
+QLocale shownLocale();

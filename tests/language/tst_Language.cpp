@@ -2,6 +2,7 @@
 #include "language/languageOption.h"
 
 #include <QCommandLineParser>
+#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -122,24 +123,28 @@ void tst_Language::problems()
 
 void tst_Language::textsOfALanguage_data()
 {
+    const QDate someDay(2026, 11, 21);
     QTest::addColumn<Language>("language");
     QTest::addColumn<QString>("answered");
     QTest::addColumn<QString>("yaw");
     QTest::addColumn<QString>("pitch");
     QTest::addColumn<QString>("unknown");
+    QTest::addColumn<QString>("date");
 
     QTest::newRow("as written") << Language::AsWritten << "获取电池信息成功\n"
                                 << "Pitch轴运动检测NG\n"
                                 << "Pitch轴运动检测NG\n"
-                                << "a text of nobody";
+                                << "a text of nobody" << QLocale().toString(someDay, QLocale::ShortFormat);
     QTest::newRow("English") << Language::English << "Battery information read\n"
                              << "Yaw axis motion NG\n"
                              << "Pitch axis motion NG\n"
-                             << "a text of nobody";
+                             << "a text of nobody"
+                             << "21 Nov 2026";
     QTest::newRow("Chinese") << Language::Chinese << "获取电池信息成功\n"
                              << "偏航轴运动检测NG\n"
                              << "俯仰轴运动检测NG\n"
-                             << "a text of nobody";
+                             << "a text of nobody"
+                             << "2026/11/21";
 }
 
 void tst_Language::textsOfALanguage()
@@ -150,6 +155,7 @@ void tst_Language::textsOfALanguage()
     QTEST(QCoreApplication::translate("QObject", "Pitch轴运动检测NG\n", "of the yaw axis"), "yaw");
     QTEST(QCoreApplication::translate("QObject", "Pitch轴运动检测NG\n"), "pitch");
     QTEST(QCoreApplication::translate("QObject", "a text of nobody"), "unknown");
+    QTEST(shownLocale().toString(QDate(2026, 11, 21), QLocale::ShortFormat), "date");
     QCOMPARE(QString::number(1.5), QStringLiteral("1.5"));
     QCOMPARE(QStringLiteral("%1").arg(1234.5), QStringLiteral("1234.5"));
     qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator *>());

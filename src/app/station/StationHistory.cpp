@@ -2,13 +2,13 @@
 
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
+#include "language/Language.h"
 #include "places/Places.h"
 #include "ui/window/KestDetectorUI.h"
 
 #include <array>
 #include <QCoreApplication>
 #include <QDir>
-#include <QLocale>
 
 namespace {
 struct OutcomeWords
@@ -89,5 +89,5 @@ void StationHistory::show(const KnownCamera &camera) const
     m_window->setCameraHistory(
         tr("Runs so far: %1\nThe last one: %2, %3")
             .arg(camera.runs)
-            .arg(QLocale().toString(camera.lastBegin, QLocale::ShortFormat), wordsOf(camera.lastOutcome)));
+            .arg(shownLocale().toString(camera.lastBegin, QLocale::ShortFormat), wordsOf(camera.lastOutcome)));
 }
