@@ -90,7 +90,7 @@ Settings tst_Settings::load(const QByteArray &content)
         qFatal("no settings file");
     }
     file.close();
-    const Settings settings = readSettings(path);
+    Settings settings = readSettings(path);
     if (!file.open(QIODevice::ReadOnly) || file.readAll() != content) {
         qFatal("the settings file has been changed");
     }
