@@ -293,11 +293,11 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
     <message>
         <source>Connect State:</source>
-        <translation>Connection:</translation>
+        <translation>Link:</translation>
     </message>
     <message>
         <source>Connect State: %1 </source>
-        <translation>Connection: %1 </translation>
+        <translation>Link: %1 </translation>
     </message>
     <message>
         <source>Current unit:%1</source>

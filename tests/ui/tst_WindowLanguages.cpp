@@ -224,7 +224,7 @@ void tst_WindowLanguages::texts_data()
                                                                  "TF card",
                                                                  "NG",
                                                                  "Component: Camera",
-                                                                 "Connection: disconnected ",
+                                                                 "Link: disconnected ",
                                                                  "Camera: warning",
                                                                  "KestDetector_V1.0.3",
                                                                  "nothing was tested"};
