@@ -12,6 +12,8 @@ import json
 import os
 import pathlib
 import shutil
+import signal
+import socket
 import statistics
 import subprocess
 import sys
@@ -427,6 +429,169 @@ def log():
                     Goal("no step over 50 ms", max(slowest) <= 50))
 
 
+@contextlib.contextmanager
+def without_history():
+    """Takes the section [History] out of the probed station's settings for a while."""
+    settings = program("probedStation").parent / "option.ini"
+    before = settings.read_text()
+    kept, inside = [], False
+    for line in before.splitlines(keepends=True):
+        inside = line.strip() == "[History]" if line.startswith("[") else inside
+        if not inside:
+            kept.append(line)
+    if len(kept) == len(before.splitlines()):
+        raise RuntimeError("the shipped settings have no history")
+    settings.write_text("".join(kept))
+    try:
+        yield
+    finally:
+        settings.write_text(before)
+
+
+def history_run():
+    """The whole station with a history as it is shipped, in turn with one that has none."""
+    taken = {True: [], False: []}
+    sizes = {True: [], False: []}
+
+    def one_round(with_history):
+        with Probed("probedStation", ["--run", "all", "--repeat", str(REPETITIONS), "--save-path", work]) as station:
+            station.finish(120)
+            starts, ends = station.events("run-start"), station.events("run-end")
+            sizes[with_history].append(station.events("run-resident-kib")[-1] / KIB)
+        if len(ends) != REPETITIONS:
+            raise RuntimeError("not all runs came to their end")
+        taken[with_history].append(statistics.median((end - start) / 1e6 for start, end in zip(starts, ends)))
+
+    with camera():
+        for _ in range(REPETITIONS):
+            one_round(True)
+            with without_history():
+                one_round(False)
+    add_comparison(Case("history", "full run with a history", "ms"), taken[True], Peer("without", taken[False]), 1.01,
+                   "<= 1.01")
+    above = [ours - theirs for ours, theirs in zip(sizes[True], sizes[False])]
+    add_row(Case("history", f"memory after {REPETITIONS} runs with a history", "MiB"), sizes[True],
+            Peer("without", sizes[False]), at_most(above, 4, "<= 4 MiB above it"))
+
+
+def history_commit():
+    taken = []
+    for _ in range(REPETITIONS):
+        with tempfile.TemporaryDirectory(dir=work) as folder:
+            taken.append(run_history_bench("commit", folder, "400"))
+    for name, limit in (("50", None), ("99", 2.0)):
+        add_comparison(Case("history", f"one run committed, p{name}", "ms"), [one["p" + name] for one in taken],
+                       Peer("plain transaction of its rows", [one["plainP" + name] for one in taken]), limit, "<= 2.0")
+
+
+def run_history_bench(*arguments):
+    output = subprocess.run([program("historyBench"), *arguments], env=environment, check=True, stdout=subprocess.PIPE)
+    return json.loads(output.stdout)
+
+
+def timed(command, **options):
+    begin = time.monotonic()
+    subprocess.run(command, env=environment, check=True, stdout=subprocess.DEVNULL, **options)
+    return time.monotonic() - begin
+
+
+@contextlib.contextmanager
+def postgres():
+    """A server of our own; yields psql's options for it and the address of a database without its name."""
+    programs = max(pathlib.Path("/usr/lib/postgresql").glob("*/bin"), default=None)
+    if programs is None:
+        raise RuntimeError("there is no PostgreSQL server here (Debian's postgresql)")
+    folder = pathlib.Path(tempfile.mkdtemp(prefix="kest-postgres-", dir="/tmp"))
+    user = []
+    if os.geteuid() == 0:  # as root, it refuses to run
+        user = ["setpriv", "--reuid=postgres", "--regid=postgres", "--clear-groups"]
+        shutil.chown(folder, "postgres")
+    data = folder / "data"
+    with socket.socket() as listener:
+        listener.bind(("127.0.0.1", 0))
+        port = listener.getsockname()[1]
+    subprocess.run([*user, programs / "initdb", "-A", "trust", "-U", "line", "-E", "UTF8", "--locale=C.UTF-8", "-D", data],
+                   cwd=folder, check=True, stdout=subprocess.DEVNULL)
+    with subprocess.Popen([*user, programs / "postgres", "-D", data, "-p", str(port), "-k", folder, "-h", "127.0.0.1"],
+                          cwd=folder, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as server:
+        try:
+            options = ["-X", "-q", "-h", "127.0.0.1", "-p", str(port), "-U", "line"]
+            limit = time.monotonic() + 60
+            while subprocess.run(["psql", *options, "-d", "postgres", "-c", "SELECT 1"], stdout=subprocess.DEVNULL,
+                                 stderr=subprocess.DEVNULL, check=False).returncode != 0:
+                if time.monotonic() > limit:
+                    raise RuntimeError("the PostgreSQL server did not start")
+                time.sleep(0.1)
+            yield options, f"postgresql://line@127.0.0.1:{port}/"
+        finally:
+            server.send_signal(signal.SIGINT)
+            server.wait(30)
+            shutil.rmtree(folder, ignore_errors=True)
+
+
+def history_import():
+    """KEST_BENCH_RUNS runs (10,000 unless told otherwise), against the engines' own ways to take the same rows in."""
+    runs = int(os.environ.get("KEST_BENCH_RUNS", "10000"))
+    lines = work / "runs.jsonl"
+    with open(lines, "wb") as file:
+        subprocess.run([program("historyBench"), "lines", str(runs)], env=environment, check=True, stdout=file)
+    store, plain = work / "import.sqlite", work / "plain.sqlite"
+    rounds = 3
+    taken, floor = [], []
+    for _ in range(rounds):
+        for made in work.glob("*.sqlite*"):
+            made.unlink()
+        taken.append(timed([build / "bin" / "KestHistory", "--store", store, "import", lines]))
+        floor.append(timed(["sqlite3", plain], input=sqlite_import(store), text=True))
+    add_comparison(Case("history", f"import of {runs} runs", "s"), taken, Peer("sqlite3's .import of their rows", floor),
+                   1.5, "<= 1.5")
+    taken, floor = [], []
+    with postgres() as (options, address):
+        for _ in range(rounds):
+            for database in ("runs", "plain"):
+                for statement in ("DROP DATABASE IF EXISTS ", "CREATE DATABASE "):
+                    subprocess.run(["psql", *options, "-d", "postgres", "-c", statement + database], check=True,
+                                   stderr=subprocess.DEVNULL)
+            taken.append(timed([build / "bin" / "KestHistory", "--store", address + "runs", "import", lines]))
+            floor.append(timed(["psql", *options, "-d", "plain"], input=postgres_copy(options, address), text=True))
+    add_comparison(Case("history", f"import of {runs} runs on PostgreSQL", "s"), taken, Peer("COPY of their rows", floor),
+                   2.0, "<= 2.0")
+
+
+def sqlite_import(store):
+    """What the sqlite3 shell is to be told, to make a store with the same rows. It imports no bytes, only texts: ids and
+    bodies are hexadecimal there."""
+    def asked(text):
+        return subprocess.run(["sqlite3", store, text], check=True, stdout=subprocess.PIPE, text=True).stdout
+
+    commands = "PRAGMA journal_mode = WAL;\nPRAGMA synchronous = FULL;\n" + asked(".schema")
+    for table in asked("SELECT name FROM sqlite_master WHERE type = 'table'").split():
+        columns = asked(f"SELECT CASE type WHEN 'BLOB' THEN 'hex('||name||')' ELSE name END FROM "
+                        f"pragma_table_info('{table}')").split()
+        rows = work / f"{table}.csv"
+        with open(rows, "wb") as file:
+            subprocess.run(["sqlite3", "-csv", store, f"SELECT {', '.join(columns)} FROM {table}"], check=True,
+                           stdout=file)
+        commands += f".import --csv {rows} {table}\n"
+    return commands
+
+
+def postgres_copy(options, address):
+    """What psql is to be told, to fill an empty store with the rows of another one."""
+    store = address + "runs"
+    schema = subprocess.run(["pg_dump", "-s", "--no-owner", store], check=True, stdout=subprocess.PIPE, text=True).stdout
+    # It leaves the search path empty.
+    commands = schema + "\nSET search_path = public;\n"
+    tables = subprocess.run(["psql", *options, "-d", "runs", "-At", "-c",
+                             "SELECT tablename FROM pg_tables WHERE schemaname = 'public'"], check=True,
+                            stdout=subprocess.PIPE, text=True).stdout.split()
+    for table in tables:
+        rows = work / f"{table}.copy"
+        subprocess.run(["psql", *options, "-d", "runs", "-c", f"\\copy {table} TO '{rows}'"], check=True)
+        commands += f"\\copy {table} FROM '{rows}'\n"
+    return commands
+
+
 def history():
     """A store of each size is made once and stays in the build folder; a million takes long, and is made on request."""
     sizes = [10_000, 100_000] + ([1_000_000] if os.environ.get("KEST_BENCH_MILLION") else [])
@@ -434,8 +599,7 @@ def history():
     for runs in sizes:
         store = build / f"history-{runs}.sqlite"
         subprocess.run([program("historyBench"), "fill", store, str(runs)], env=environment, check=True)
-        asked = [json.loads(subprocess.run([program("historyBench"), "ask", store, str(runs)], env=environment, check=True,
-                                           stdout=subprocess.PIPE).stdout) for _ in range(REPETITIONS)]
+        asked = [run_history_bench("ask", store, str(runs)) for _ in range(REPETITIONS)]
         for name in searches:
             taken = [one[name] for one in asked]
             add_row(Case("history", f"search by {name} in {runs} runs, 95th percentile", "ms"), taken,
@@ -444,18 +608,15 @@ def history():
             taken = [one[name] for one in asked]
             add_row(Case("history", f"{name} of {runs} runs, 95th percentile", "ms"), taken,
                     goal=at_most(taken, 300, "<= 300 ms"))
-    taken = []
     page = work / "report.html"
-    for _ in range(REPETITIONS):
-        begin = time.monotonic()
-        subprocess.run([build / "bin" / "KestHistory", "--store", build / "history-100000.sqlite", "report", "--out", page],
-                       env=environment, check=True)
-        taken.append(time.monotonic() - begin)
+    report = [build / "bin" / "KestHistory", "--store", build / "history-100000.sqlite", "report", "--out", page]
+    taken = [timed(report) for _ in range(REPETITIONS)]
     add_row(Case("history", "report over 100000 runs, the whole program", "s"), taken, goal=at_most(taken, 3, "<= 3 s"))
 
 
 MEASUREMENTS = {one.__name__: one for one in (
-    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log, record, history)}
+    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log, record, history, history_run, history_commit,
+    history_import)}
 
 
 def main():

@@ -3,6 +3,7 @@
 //   historyBench lines COUNT           the records as JSON, one a line, on standard output
 //   historyBench fill STORE COUNT      a store with them, unless it is there already
 //   historyBench ask STORE COUNT       p95 of each question in milliseconds, as JSON
+//   historyBench commit FOLDER COUNT   p50 and p99 of a run that is committed, and of a plain transaction of its rows
 
 #include "history/madeRuns.h"
 #include "history/query/questions.h"
@@ -16,7 +17,10 @@
 #include <future>
 #include <QCoreApplication>
 #include <QFile>
+#include <QSqlQuery>
+#include <QSqlRecord>
 #include <QTextStream>
+#include <vector>
 
 namespace {
 using Clock = std::chrono::steady_clock;
@@ -76,18 +80,117 @@ int fill(const QString &path, qint64 count)
     return EXIT_SUCCESS;
 }
 
-/// The 95th of 100 times, in milliseconds.
+/// So many of 100 are quicker.
+double percentile(std::vector<double> taken, std::size_t percent)
+{
+    std::sort(taken.begin(), taken.end());
+    return taken.at(taken.size() * percent / 100);
+}
+
+template <class Work>
+double milliseconds(Work work)
+{
+    const auto begin = Clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+}
+
 template <class Question>
 double p95(int times, Question question)
 {
     std::vector<double> taken;
+    taken.reserve(static_cast<std::size_t>(times));
     for (int i = 0; i < times; ++i) {
-        const auto begin = Clock::now();
-        question(i);
-        taken.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begin).count());
+        taken.push_back(milliseconds([&] { question(i); }));
     }
-    std::sort(taken.begin(), taken.end());
-    return taken.at(static_cast<std::size_t>(times) * 95 / 100);
+    return percentile(taken, 95);
+}
+
+/// A row as it is, with the statement that puts it into another store of the same schema.
+struct PlainRow
+{
+    QString statement;
+    QVariantList values;
+};
+
+/// Every row that holds a run, but for the names of its measurements, which are there from the first run on.
+QVector<PlainRow> rowsOf(Store &store, const RunRows &run)
+{
+    struct Table
+    {
+        const char *name;
+        const char *condition;
+        QVariantList values;
+    };
+    const QVariant id = store.connection().idValue(run.id);
+    const QVariantList key = {run.tally.day, run.tally.station, run.tally.batch, run.tally.firmware};
+    const auto ofKey = "day = ? AND station = ? AND batch = ? AND firmware = ?";
+    const Table tables[] = {
+        {"run", "id = ?", {id}},
+        {"record", "run = ?", {id}},
+        {"unsent", "begin_ms = ? AND run = ?", {run.beginMs, id}},
+        {"finding", "run = ?", {id}},
+        {"measurement", "series IN (SELECT id FROM series) AND begin_ms = ? AND run = ?", {run.beginMs, id}},
+        {"camera", "mac = ?", {run.mac}},
+        {"tally", ofKey, key},
+        {"item_tally", ofKey, key},
+    };
+    QVector<PlainRow> rows;
+    for (const Table &table : tables) {
+        QSqlQuery query(store.connection().database());
+        query.prepare(
+            QStringLiteral("SELECT * FROM %1 WHERE %2").arg(QLatin1String(table.name), QLatin1String(table.condition)));
+        for (const QVariant &value : table.values) {
+            query.addBindValue(value);
+        }
+        query.exec();
+        while (query.next()) {
+            PlainRow row;
+            for (int i = 0; i < query.record().count(); ++i) {
+                row.values.append(query.value(i));
+            }
+            row.statement =
+                QStringLiteral("INSERT OR REPLACE INTO %1 VALUES (%2)")
+                    .arg(QLatin1String(table.name), Connection::listOf(static_cast<int>(row.values.size())));
+            rows.append(row);
+        }
+    }
+    return rows;
+}
+
+int commit(const QString &folder, qint64 count)
+{
+    const std::unique_ptr<Store> store = openStore(folder + QStringLiteral("/ours.sqlite"), Connection::Access::Write);
+    const std::unique_ptr<Store> other = openStore(folder + QStringLiteral("/plain.sqlite"), Connection::Access::Write);
+    if (!store || !other) {
+        return EXIT_FAILURE;
+    }
+    Connection &plain = other->connection();
+    std::vector<double> ours;
+    std::vector<double> floor;
+    bool isSound = true;
+    constexpr qint64 aYear = 100000; // of runs
+    for (qint64 i = 0; i < count; ++i) {
+        const RunRecord run = madeRun(i, aYear);
+        ours.push_back(milliseconds([&] { isSound = store->insert({runRows(run)}) && isSound; }));
+        const QVector<PlainRow> rows = rowsOf(*store, runRows(run));
+        isSound = isSound && rows.size() > 50;
+        floor.push_back(milliseconds([&] {
+            isSound = plain.transaction([&] {
+                return std::all_of(rows.begin(), rows.end(), [&](const PlainRow &row) {
+                    QSqlQuery *query = plain.prepared(row.statement);
+                    for (const QVariant &value : row.values) {
+                        query->addBindValue(value);
+                    }
+                    return plain.run(query);
+                });
+            }) && isSound;
+        }));
+    }
+    std::printf(R"({"p50": %.3f, "p99": %.3f, "plainP50": %.3f, "plainP99": %.3f})"
+                "\n",
+                percentile(ours, 50), percentile(ours, 99), percentile(floor, 50), percentile(floor, 99));
+    return isSound ? EXIT_SUCCESS : fail(QStringLiteral("a run was not kept"));
 }
 
 int ask(const QString &path, qint64 count)
@@ -146,5 +249,8 @@ int main(int argc, char *argv[])
     if (what == QLatin1String("ask") && arguments.size() == 4) {
         return ask(arguments.at(2), arguments.at(3).toLongLong());
     }
-    return fail(QStringLiteral("lines COUNT, fill STORE COUNT, or ask STORE COUNT"));
+    if (what == QLatin1String("commit") && arguments.size() == 4) {
+        return commit(arguments.at(2), arguments.at(3).toLongLong());
+    }
+    return fail(QStringLiteral("lines COUNT, fill STORE COUNT, ask STORE COUNT, or commit FOLDER COUNT"));
 }
