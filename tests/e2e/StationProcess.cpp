@@ -78,6 +78,16 @@ StationProcess::~StationProcess()
     }
 }
 
+void StationProcess::letClockJump(int seconds, const QString &file)
+{
+    setVariable(QStringLiteral("LD_PRELOAD"), QStringLiteral(KEST_CLOCK_JUMP));
+    setVariable(QStringLiteral("KEST_CLOCK_JUMP"), QString::number(seconds));
+    setVariable(QStringLiteral("KEST_CLOCK_JUMP_FILE"), file);
+    // The address sanitizer wants to be loaded before everything else; nothing of the preloaded library minds.
+    setVariable(QStringLiteral("ASAN_OPTIONS"),
+                QString::fromLocal8Bit(qgetenv("ASAN_OPTIONS")) + QStringLiteral(":verify_asan_link_order=0"));
+}
+
 void StationProcess::writeOptionIni(const QByteArray &content) const
 {
     QFile file(iniPath(folder()));

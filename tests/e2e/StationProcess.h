@@ -31,6 +31,8 @@ public:
     void setSavePath(const QString &path) { m_savePath = path; }
     /// Adds a variable to the station's environment.
     void setVariable(const QString &name, const QString &value) { m_environment.insert(name, value); }
+    /// As soon as `file` exists, its wall clock is so many seconds off.
+    void letClockJump(int seconds, const QString &file);
     void writeOptionIni(const QByteArray &content) const;
     void removeOptionIni() const;
     /// Adds `[Station] safeguards=true` to it.

@@ -371,12 +371,7 @@ Story jump(const char *name, int seconds)
     const auto signal = std::make_shared<QTemporaryDir>();
     const QString file = signal->filePath(QStringLiteral("jump"));
     result.before = [signal, file, seconds](Scene &scene) {
-        scene.station.setVariable(QStringLiteral("LD_PRELOAD"), QStringLiteral(KEST_CLOCK_JUMP));
-        scene.station.setVariable(QStringLiteral("KEST_CLOCK_JUMP"), QString::number(seconds));
-        scene.station.setVariable(QStringLiteral("KEST_CLOCK_JUMP_FILE"), file);
-        // The address sanitizer wants to be loaded before everything else; nothing of the preloaded library minds.
-        scene.station.setVariable(QStringLiteral("ASAN_OPTIONS"), QString::fromLocal8Bit(qgetenv("ASAN_OPTIONS")) +
-                                                                      QStringLiteral(":verify_asan_link_order=0"));
+        scene.station.letClockJump(seconds, file);
         return QString();
     };
     result.meanwhile = [file](Scene &scene) {
