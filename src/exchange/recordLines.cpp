@@ -2,6 +2,7 @@
 
 #include "record/recordJson.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -12,40 +13,73 @@ struct Line
     bool isTooLong = false;
 };
 
-/// In pieces: Qt makes room for the longest line at once.
-Line readLine(QIODevice &device, qint64 longest)
+/// The lines of a device. It is read in blocks: QIODevice::readLine makes room for the longest line at once, and looks
+/// at what goes beyond its buffer byte by byte.
+class LineReader
 {
-    constexpr qint64 piece = 65536;
-    Line line;
-    bool isComplete = false;
-    while (!isComplete) {
-        const QByteArray read = device.readLine(piece);
-        line.bytes += read.size();
-        line.isTooLong = line.bytes > longest;
-        if (!line.isTooLong) {
-            line.text += read;
+public:
+    explicit LineReader(QIODevice *device) : m_device(device) {}
+
+    /// The next line; of no bytes at the end.
+    Line next(qint64 longest)
+    {
+        Line line;
+        bool isComplete = false;
+        while (!isComplete && (m_at < m_block.size() || readBlock())) {
+            const auto end = m_block.indexOf('\n', m_at);
+            isComplete = end >= 0;
+            const auto size = static_cast<int>(isComplete ? end + 1 : m_block.size()) - m_at;
+            line.bytes += size;
+            line.isTooLong = line.bytes > longest;
+            if (!line.isTooLong) {
+                line.text.append(m_block.constData() + m_at, size);
+            }
+            m_at += size;
         }
-        isComplete = read.isEmpty() || read.endsWith('\n');
+        return line;
     }
-    return line;
-}
+
+    /// What is behind the last line, up to so many bytes.
+    QByteArray rest(qint64 most)
+    {
+        QByteArray rest = m_block.mid(m_at, static_cast<int>(std::min<qint64>(most, m_block.size())));
+        rest += m_device->read(most - rest.size());
+        m_block.clear();
+        m_at = 0;
+        return rest;
+    }
+
+private:
+    bool readBlock()
+    {
+        constexpr qint64 blockSize = 65536;
+        m_block = m_device->read(blockSize);
+        m_at = 0;
+        return !m_block.isEmpty();
+    }
+
+    QIODevice *m_device;
+    QByteArray m_block;
+    int m_at = 0; ///< so much of the block is read
+};
 } // namespace
 
 void forEachRecordLine(QIODevice &device, const std::function<bool(const RecordLine &line, qint64 bytes)> &take,
                        qint64 longest)
 {
+    LineReader lines(&device);
     qint64 number = 0;
     qint64 bytes = 0;
     bool goesOn = true;
     while (goesOn) {
-        Line line = readLine(device, longest);
+        Line line = lines.next(longest);
         if (line.bytes == 0) {
             return;
         }
         ++number;
         bytes += line.bytes;
         if (number == 1 && line.text.trimmed() == "{") {
-            const QByteArray rest = device.read(longest);
+            const QByteArray rest = lines.rest(longest);
             line.text += rest;
             bytes += rest.size();
         }
