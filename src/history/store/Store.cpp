@@ -478,14 +478,25 @@ bool Store::writeTallies(const Tallies &tallies)
     static const QString itemTail =
         QStringLiteral(" ON CONFLICT (day, station, batch, firmware, item) DO UPDATE SET ") +
         sumsOf(QStringLiteral("item_tally"), itemSums);
-    using ItemSum = std::pair<const std::pair<TallyKey, QString>, ItemSums>;
-    return m_connection.insertRows(itemHead, keyColumns + 1 + itemSums.size(), itemTail, tallies.itemSums(),
-                                   [](QSqlQuery *query, const ItemSum &row) {
-                                       bindKey(query, row.first.first);
-                                       query->addBindValue(orEmpty(row.first.second));
-                                       query->addBindValue(row.second.ran);
-                                       query->addBindValue(row.second.failed);
-                                       query->addBindValue(row.second.warned);
+    struct ItemRow
+    {
+        const TallyKey *key;
+        const QString *item;
+        const ItemSums *sums;
+    };
+    QVector<ItemRow> rows;
+    for (const auto &[key, items] : tallies.itemSums()) {
+        for (const auto &[item, sumsOfItem] : items) {
+            rows.append({&key, &item, &sumsOfItem});
+        }
+    }
+    return m_connection.insertRows(itemHead, keyColumns + 1 + itemSums.size(), itemTail, rows,
+                                   [](QSqlQuery *query, const ItemRow &row) {
+                                       bindKey(query, *row.key);
+                                       query->addBindValue(orEmpty(*row.item));
+                                       query->addBindValue(row.sums->ran);
+                                       query->addBindValue(row.sums->failed);
+                                       query->addBindValue(row.sums->warned);
                                    });
 }
 

@@ -31,8 +31,9 @@ void Tallies::add(const RunRows &run, CameraRow *camera)
             ++(sums.*row.sum);
         }
     }
+    std::map<QString, ItemSums> &items = m_itemSums[run.tally];
     for (const ItemVerdict &item : run.items) {
-        ItemSums &itemSums = m_itemSums[{run.tally, item.item}];
+        ItemSums &itemSums = items[item.item];
         ++itemSums.ran;
         itemSums.failed += item.verdict == Verdict::Failed ? 1 : 0;
         itemSums.warned += item.verdict == Verdict::Warning ? 1 : 0;

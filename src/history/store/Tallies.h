@@ -6,7 +6,6 @@
 #include <optional>
 #include <QString>
 #include <QUuid>
-#include <utility>
 
 /// A row of `tally` without its key: what is to be added to it.
 struct TallySums
@@ -59,7 +58,8 @@ public:
 
     /// By key, so that two writers take hold of the rows in the same order.
     const std::map<TallyKey, TallySums> &sums() const { return m_sums; }
-    const std::map<std::pair<TallyKey, QString>, ItemSums> &itemSums() const { return m_itemSums; }
+    /// Of each key the items.
+    const std::map<TallyKey, std::map<QString, ItemSums>> &itemSums() const { return m_itemSums; }
 
 private:
     void judge(const RunRows &run, CameraRow *camera);
@@ -67,5 +67,5 @@ private:
     void countCamera(const CameraRow &camera, int sign);
 
     std::map<TallyKey, TallySums> m_sums;
-    std::map<std::pair<TallyKey, QString>, ItemSums> m_itemSums;
+    std::map<TallyKey, std::map<QString, ItemSums>> m_itemSums;
 };
