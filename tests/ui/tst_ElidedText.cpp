@@ -8,11 +8,11 @@
 namespace {
 const QString longText = QStringLiteral("Path:/home/operator/a folder with a long name/另一个文件夹/last");
 
-QImage paint(QLabel &label, int width)
+QImage paint(QLabel &label, int width, int height = 30)
 {
     label.setTextFormat(Qt::PlainText);
     label.setStyleSheet(QStringLiteral("background-color: rgb(250, 250, 250); color: rgb(0, 0, 120);"));
-    label.resize(width, 30);
+    label.resize(width, height);
     return label.grab().toImage();
 }
 
@@ -30,6 +30,7 @@ class tst_ElidedText : public QObject
 private slots:
     void narrowLabelShowsTheShortenedText_data();
     void narrowLabelShowsTheShortenedText();
+    void linesThatDoNotFitAreCut();
     void wideLabelIsPaintedAsAlways();
     void toolTipHoldsTheFullTextToTheLetter();
     void textThatFitsHasNoToolTip();
@@ -55,6 +56,28 @@ void tst_ElidedText::narrowLabelShowsTheShortenedText()
     new ElidedText(&elided, mode);
     QCOMPARE(paint(elided, 150), paint(plain, 150));
     QCOMPARE(elided.text(), longText);
+}
+
+void tst_ElidedText::linesThatDoNotFitAreCut()
+{
+    const QString words = QString(QStringLiteral("word ")).repeated(50);
+    const auto painted = [](const QString &text, bool elides) {
+        QLabel label(text);
+        label.setWordWrap(true);
+        if (elides) {
+            new ElidedText(&label, Qt::ElideRight);
+        }
+        return paint(label, 150, 3 * label.fontMetrics().lineSpacing() + 2);
+    };
+    const QImage picture = painted(words, true);
+    int shown = 0;
+    for (int length = 1; length < words.size(); ++length) {
+        if (picture == painted(words.left(length) + QChar(0x2026), false)) {
+            shown = length;
+        }
+    }
+    QVERIFY2(shown > 20, qPrintable(QString::number(shown))); // a line takes less than that
+    QCOMPARE(painted(words.left(shown - 5), true), painted(words.left(shown - 5), false));
 }
 
 void tst_ElidedText::wideLabelIsPaintedAsAlways()

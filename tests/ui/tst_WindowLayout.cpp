@@ -1,3 +1,4 @@
+#include "detector/store/KestDetectorFace.h"
 #include "ui/widgets/RingsProgressbar.h"
 #include "ui/window/KestDetectorUI.h"
 #include "ui_KestDetectorUI.h"
@@ -118,6 +119,8 @@ private slots:
     void shrinksBackFromFullHd();
     void ringsFitTheirWidgets();
     void longTextsDoNotWidenTheWindow();
+    void refusedStartIsReadWhole_data();
+    void refusedStartIsReadWhole();
 
 private:
     /// The form as it is declared, before the window changes anything.
@@ -588,6 +591,73 @@ void tst_WindowLayout::longTextsDoNotWidenTheWindow()
     QVERIFY(m_window->minimumSizeHint().width() <= 800);
     QTRY_COMPARE(misplaced(m_window->centralWidget()).join(QLatin1Char('\n')), QString());
     QCOMPARE(textOf(find(*m_window, QStringLiteral("lbSavePath"))), QStringLiteral("Path:/") + longText);
+}
+
+void tst_WindowLayout::refusedStartIsReadWhole_data()
+{
+    QTest::addColumn<QSize>("room");
+    QTest::addColumn<QString>("wifiName");
+    QTest::addColumn<bool>("hasResults");
+    QTest::addColumn<bool>("whole");
+
+    const QString plain = QStringLiteral("Camera-5F2A");
+    QTest::newRow("800 x 600") << QSize(800, 600) << plain << false << true;
+    QTest::newRow("800 x 600 with a title bar") << QSize(800, 572) << plain << false << true;
+    QTest::newRow("800 x 600, the longest WiFi name")
+        << QSize(800, 600) << QString(32, QLatin1Char('W')) << false << true;
+    QTest::newRow("800 x 600, results of an earlier run") << QSize(800, 600) << plain << true << true;
+    // Here every other line may be taken, and the tool tip has to do.
+    QTest::newRow("1366 x 768 at 150 %, with a title bar") << QSize(910, 484) << plain << false << false;
+}
+
+void tst_WindowLayout::refusedStartIsReadWhole()
+{
+    QFETCH(const QSize, room);
+    QFETCH(const QString, wifiName);
+    QFETCH(const bool, hasResults);
+    QFETCH(const bool, whole);
+    Notices &notices = KestDetectorFace::Get()->notices;
+    KestDetectorUI window;
+    notices.withdraw(Notice::Kind::Settings);
+    window.fitInto(room);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    window.slot_setWifiName(wifiName);
+    window.slot_setWifiPassWord(QString(8, QChar(0x2022)));
+    window.slot_setConnectStatus(true);
+    const QWidget *bar = find(window, QStringLiteral("statusBar"));
+    const int height = bar->height();
+    const QSize size = window.size();
+    if (hasResults) {
+        notices.tell(Notices::results(QStringLiteral("/home/operator/results/log/2026-11-22_60601F0A5F2A")));
+    }
+    notices.tell(Notices::notStarted(
+        {QStringLiteral("no component is ticked"), QStringLiteral("the camera's MAC address is unknown")}));
+
+    const auto *text = window.findChild<QLabel *>(QStringLiteral("lbNotices"));
+    const auto isWhole = [&] {
+        const QRect column(0, 0, text->width(), QWIDGETSIZE_MAX);
+        const QSize needed = text->fontMetrics().boundingRect(column, Qt::TextWordWrap, text->text()).size();
+        return text->contentsRect().size().expandedTo(needed) == text->contentsRect().size();
+    };
+    const auto clipped = [&] {
+        QStringList names;
+        for (const char *name : {"statusBar", "lbNotices", "lbConnectState", "tbSavePath", "tbStart", "lbPcba_"}) {
+            const QWidget *widget = find(window, QString::fromLatin1(name));
+            if (widget->visibleRegion().boundingRect() != widget->rect()) {
+                names.append(QLatin1String(name));
+            }
+        }
+        return names;
+    };
+    QTRY_VERIFY(text->text().endsWith(QLatin1String("MAC address is unknown")));
+    QCoreApplication::processEvents(); // the layouts follow
+    QTRY_VERIFY(isWhole() || !whole);
+    QTRY_COMPARE(clipped(), QStringList());
+    QCOMPARE(window.size(), size);
+
+    notices.withdrawRun();
+    QTRY_COMPARE(bar->height(), height);
 }
 
 QTEST_MAIN(tst_WindowLayout)

@@ -6,12 +6,18 @@
 #include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMainWindow>
 #include <QStringList>
 #include <QToolButton>
 #include <QUrl>
 
 namespace {
 constexpr int linkMargin = 4; ///< pixels that the link's frame takes from its text, on both sides together
+
+// While a text may wrap:
+constexpr int mostLines = 4;
+constexpr int leastCharacters = 30; ///< of average width, for which there is always room
+constexpr int textShare = 3;        ///< of the room, to one of the link
 
 /// Takes what room there is and asks for none: the permanent labels keep theirs, and the status bar its height.
 void yieldRoom(QWidget *widget)
@@ -21,7 +27,8 @@ void yieldRoom(QWidget *widget)
 } // namespace
 
 NoticeBar::NoticeBar(Notices *notices, QWidget *parent)
-    : QWidget(parent), m_notices(notices), m_text(new QLabel(this)), m_link(new QToolButton(this))
+    : QWidget(parent), m_notices(notices), m_text(new QLabel(this)), m_link(new QToolButton(this)),
+      m_row(new QHBoxLayout(this))
 {
     m_text->setObjectName(QStringLiteral("lbNotices"));
     m_text->setTextFormat(Qt::PlainText);
@@ -32,11 +39,10 @@ NoticeBar::NoticeBar(Notices *notices, QWidget *parent)
                                          "text-align: left;"));
     m_link->setCursor(Qt::PointingHandCursor);
 
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    m_row->setContentsMargins(0, 0, 0, 0);
     for (QWidget *part : {static_cast<QWidget *>(m_text), static_cast<QWidget *>(m_link)}) {
         yieldRoom(part);
-        row->addWidget(part, 1);
+        m_row->addWidget(part, 1);
     }
     yieldRoom(this);
 
@@ -50,9 +56,11 @@ void NoticeBar::refresh()
     QStringList texts;
     m_linkText.clear();
     m_folder.clear();
+    m_mayWrap = false;
     const QList<Notice> current = m_notices->current();
     for (const Notice &notice : current) {
         const QString line = notice.text.simplified();
+        m_mayWrap = m_mayWrap || notice.kind == Notice::Kind::NotStarted;
         if (notice.path.isEmpty()) {
             texts.append(line);
         } else {
@@ -62,12 +70,39 @@ void NoticeBar::refresh()
     }
     m_text->setText(texts.join(QStringLiteral("   |   ")));
     m_text->setVisible(!texts.isEmpty());
+    m_text->setWordWrap(m_mayWrap);
+    setMinimumWidth(m_mayWrap ? leastCharacters * fontMetrics().averageCharWidth() : 0);
+    m_row->setStretchFactor(m_text, m_mayWrap ? textShare : 1);
     m_link->setAccessibleName(m_linkText);
     // A tool tip guesses its format from the text; an escaped text reads the same in either.
     m_link->setToolTip(QStringLiteral("<p>%1</p>").arg(m_linkText.toHtmlEscaped()));
     m_link->setVisible(!m_linkText.isEmpty());
     layout()->activate();
+    takeLines();
     shortenLink();
+}
+
+int NoticeBar::linesToSpare() const
+{
+    const auto *owner = qobject_cast<const QMainWindow *>(window());
+    if (owner == nullptr || owner->centralWidget() == nullptr) {
+        return 0;
+    }
+    const int spare = owner->height() - owner->centralWidget()->minimumSizeHint().height();
+    return spare / fontMetrics().lineSpacing() - 1; // the status bar itself has a line and its margins
+}
+
+void NoticeBar::takeLines()
+{
+    const QFontMetrics metrics = m_text->fontMetrics();
+    const int most = qMin(mostLines, linesToSpare());
+    int height = 0;
+    if (m_mayWrap && most > 1) {
+        const QRect column(0, 0, m_text->width(), QWIDGETSIZE_MAX);
+        const int needed = metrics.boundingRect(column, Qt::TextWordWrap, m_text->text()).height();
+        height = needed > metrics.height() ? qMin(needed, most * metrics.lineSpacing()) : 0;
+    }
+    setMinimumHeight(height);
 }
 
 void NoticeBar::shortenLink()
@@ -81,6 +116,7 @@ void NoticeBar::shortenLink()
 void NoticeBar::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    layout()->activate(); // the link has its new width only then
+    layout()->activate(); // text and link have their new widths only then
+    takeLines();
     shortenLink();
 }

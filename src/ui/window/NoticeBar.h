@@ -3,11 +3,14 @@
 #include <QWidget>
 
 class Notices;
+class QHBoxLayout;
 class QLabel;
 class QToolButton;
 
 /// The left side of the status bar: what stands in `Notices`, in one line, the gravest first. What is cut off is in the
-/// tool tip. A notice that speaks of a folder is a link that opens it. All texts read to the letter. GUI thread only.
+/// tool tip. Why a start was refused is to be read at once: while that stands, the bar asks for some room beside long
+/// names, and for further lines where one is too short and the window has the height. A notice that speaks of a folder
+/// is a link that opens it. All texts read to the letter. GUI thread only.
 class NoticeBar : public QWidget
 {
     Q_OBJECT
@@ -22,11 +25,15 @@ protected:
 
 private:
     void refresh();
+    int linesToSpare() const;
+    void takeLines();
     void shortenLink();
 
     Notices *const m_notices;
     QLabel *const m_text;      ///< the notices without a folder
     QToolButton *const m_link; ///< the last one with a folder
+    QHBoxLayout *const m_row;
+    bool m_mayWrap = false;
     QString m_linkText;
     QString m_folder;
 };
