@@ -8,6 +8,13 @@
 
 // How the values of a measurement lie. Plain values, for any thread.
 
+struct MeasurementName
+{
+    QString item; ///< key of the item that measures it
+    QString name;
+    QString unit;
+};
+
 struct Distribution
 {
     QString item; ///< key of the item that measures it

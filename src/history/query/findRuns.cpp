@@ -1,9 +1,11 @@
 #include "history/query/Conditions.h"
 #include "history/query/questions.h"
 #include "history/query/readRow.h"
+#include "history/query/RunSelection.h"
 #include "history/store/Store.h"
 #include "record/recordNames.h"
 
+#include <QDeadlineTimer>
 #include <QRegularExpression>
 
 namespace {
@@ -79,11 +81,19 @@ std::optional<QList<QUuid>> findRunIds(Store &store, const QString &text)
     return ids;
 }
 
-std::optional<QList<RunSummary>> findRuns(Store &store, const RunFilter &filter)
+std::optional<RunSelection> RunSelection::of(Store &store, const RunFilter &filter)
 {
     Connection &connection = store.connection();
-    Conditions conditions;
-    if (!filter.item.isEmpty()) {
+    const bool isOfItem = !filter.item.isEmpty();
+    RunSelection selection;
+    // In the order of the index that leads: that of the findings, or that of the runs.
+    selection.m_time = isOfItem ? QStringLiteral("finding.begin_ms") : QStringLiteral("run.begin_ms");
+    selection.m_id = isOfItem ? QStringLiteral("finding.run") : QStringLiteral("run.id");
+    selection.m_from =
+        isOfItem ? QStringLiteral("finding JOIN run ON run.begin_ms = finding.begin_ms AND run.id = finding.run")
+                 : QStringLiteral("run");
+    Conditions &conditions = selection.m_conditions;
+    if (isOfItem) {
         // An item that failed twice in a run is in two rows.
         conditions.add(
             QStringLiteral("finding.item = ? AND finding.place = (SELECT MIN(other.place) FROM finding other "
@@ -94,20 +104,11 @@ std::optional<QList<RunSummary>> findRuns(Store &store, const RunFilter &filter)
     if (!addIdentity(filter, &connection, &conditions)) {
         return {};
     }
-    // In the order of the index that leads: that of the findings, or that of the runs.
-    const QString lead = filter.item.isEmpty() ? QStringLiteral("run") : QStringLiteral("finding");
-    const QString id = filter.item.isEmpty() ? QStringLiteral("run.id") : QStringLiteral("finding.run");
-    const QString time = lead + QStringLiteral(".begin_ms");
     if (filter.since.isValid()) {
-        conditions.add(time + QStringLiteral(" >= ?"), {filter.since.toMSecsSinceEpoch()});
+        conditions.add(selection.m_time + QStringLiteral(" >= ?"), {filter.since.toMSecsSinceEpoch()});
     }
     if (filter.until.isValid()) {
-        conditions.add(time + QStringLiteral(" < ?"), {filter.until.toMSecsSinceEpoch()});
-    }
-    if (filter.olderThan) {
-        const RunPlace &place = *filter.olderThan;
-        conditions.add(QStringLiteral("%1 <= ? AND (%1 < ? OR %2 < ?)").arg(time, id),
-                       {place.beginMs, place.beginMs, connection.idValue(place.id)});
+        conditions.add(selection.m_time + QStringLiteral(" < ?"), {filter.until.toMSecsSinceEpoch()});
     }
     conditions.addText(QStringLiteral("run.station"), filter.station);
     conditions.addText(QStringLiteral("run.batch"), filter.batch);
@@ -115,15 +116,29 @@ std::optional<QList<RunSummary>> findRuns(Store &store, const RunFilter &filter)
     if (filter.outcome) {
         conditions.addText(QStringLiteral("run.outcome"), nameOf(*filter.outcome));
     }
-    QString select = QStringLiteral("SELECT ") + runColumns() + QStringLiteral(" FROM ");
-    select += filter.item.isEmpty()
-                  ? QStringLiteral("run")
-                  : QStringLiteral("finding JOIN run ON run.begin_ms = finding.begin_ms AND run.id = finding.run");
-    QString tail = QStringLiteral(" ORDER BY %1 DESC, %2 DESC").arg(time, id);
-    if (filter.limit > 0) {
-        tail += QStringLiteral(" LIMIT %1").arg(filter.limit);
+    return selection;
+}
+
+QSqlQuery *RunSelection::run(Connection *connection, const QString &columns, const std::optional<RunPlace> &olderThan,
+                             const QString &tail) const
+{
+    Conditions conditions = m_conditions;
+    if (olderThan) {
+        conditions.add(QStringLiteral("%1 <= ? AND (%1 < ? OR %2 < ?)").arg(m_time, m_id),
+                       {olderThan->beginMs, olderThan->beginMs, connection->idValue(olderThan->id)});
     }
-    QSqlQuery *query = conditions.run(&connection, select, tail);
+    return conditions.run(connection, QStringLiteral("SELECT %1 FROM %2").arg(columns, m_from),
+                          QStringLiteral(" ORDER BY %1 DESC, %2 DESC").arg(m_time, m_id) + tail);
+}
+
+std::optional<QList<RunSummary>> findRuns(Store &store, const RunFilter &filter)
+{
+    const std::optional<RunSelection> selection = RunSelection::of(store, filter);
+    if (!selection) {
+        return {};
+    }
+    const QString tail = filter.limit > 0 ? QStringLiteral(" LIMIT %1").arg(filter.limit) : QString();
+    QSqlQuery *query = selection->run(&store.connection(), runColumns(), filter.olderThan, tail);
     if (query == nullptr) {
         return {};
     }
@@ -133,4 +148,42 @@ std::optional<QList<RunSummary>> findRuns(Store &store, const RunFilter &filter)
     }
     query->finish();
     return runs;
+}
+
+std::optional<RunPlaces> findRunPlaces(Store &store, const RunFilter &filter, int step, std::chrono::milliseconds time)
+{
+    const std::optional<RunSelection> selection = RunSelection::of(store, filter);
+    if (!selection) {
+        return {};
+    }
+    const QDeadlineTimer deadline(time);
+    const QString lastOfStep = QStringLiteral(" LIMIT 1 OFFSET %1").arg(step - 1);
+    RunPlaces places;
+    std::optional<RunPlace> olderThan = filter.olderThan;
+    do {
+        QSqlQuery *query = selection->run(&store.connection(), selection->placeColumns(), olderThan, lastOfStep);
+        if (query == nullptr) {
+            return {};
+        }
+        const bool isWhole = query->next();
+        if (isWhole) {
+            olderThan = RunPlace{query->value(0).toLongLong(), Connection::idOf(query->value(1))};
+            places.steps.append(*olderThan);
+        }
+        query->finish();
+        if (isWhole) {
+            continue;
+        }
+        query =
+            selection->run(&store.connection(), QStringLiteral("1"), olderThan, QStringLiteral(" LIMIT %1").arg(step));
+        if (query == nullptr) {
+            return {};
+        }
+        places.isEnd = true;
+        while (query->next()) {
+            ++places.rest;
+        }
+        query->finish();
+    } while (!places.isEnd && !deadline.hasExpired());
+    return places;
 }

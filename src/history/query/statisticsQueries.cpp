@@ -136,9 +136,7 @@ bool readItems(Connection *connection, const StatisticsFilter &filter, QList<Ite
 struct Series
 {
     qint64 id;
-    QString item;
-    QString name;
-    QString unit;
+    MeasurementName name;
 };
 
 bool readSeries(Connection *connection, QList<Series> *series)
@@ -149,8 +147,8 @@ bool readSeries(Connection *connection, QList<Series> *series)
         return false;
     }
     while (query->next()) {
-        series->append({query->value(0).toLongLong(), query->value(1).toString(), query->value(2).toString(),
-                        query->value(3).toString()});
+        series->append({query->value(0).toLongLong(),
+                        {query->value(1).toString(), query->value(2).toString(), query->value(3).toString()}});
     }
     query->finish();
     return true;
@@ -176,9 +174,32 @@ bool readLatestLimit(Connection *connection, const Conditions &conditions, Limit
     return true;
 }
 
-bool readValues(Connection *connection, const Conditions &conditions, const QString &from, Distribution *distribution)
+Distribution emptyDistribution(const MeasurementName &measurement)
 {
-    QSqlQuery *query = conditions.run(connection, QStringLiteral("SELECT number, least, most FROM ") + from);
+    Distribution distribution;
+    distribution.item = measurement.item;
+    distribution.name = measurement.name;
+    distribution.unit = measurement.unit;
+    return distribution;
+}
+
+Conditions ofSeries(qint64 id, const StatisticsFilter &filter)
+{
+    Conditions conditions;
+    conditions.add(QStringLiteral("series = ?"), {id});
+    addPeriod(QStringLiteral("measurement.begin_ms"), filter, &conditions);
+    return conditions;
+}
+
+bool readValues(Connection *connection, const StatisticsFilter &filter, Conditions conditions, const QString &tail,
+                Distribution *distribution)
+{
+    QString select = QStringLiteral("SELECT number, least, most FROM measurement");
+    if (hasSource(filter)) {
+        select += QStringLiteral(" JOIN run ON run.begin_ms = measurement.begin_ms AND run.id = measurement.run");
+        addSource(QStringLiteral("run"), filter, &conditions);
+    }
+    QSqlQuery *query = conditions.run(connection, select, tail);
     if (query == nullptr) {
         return false;
     }
@@ -262,25 +283,15 @@ std::optional<QList<Distribution>> readDistributions(Store &store, const Statist
     }
     QList<Distribution> distributions;
     for (const Series &series : qAsConst(all)) {
-        Conditions conditions;
-        conditions.add(QStringLiteral("series = ?"), {series.id});
-        addPeriod(QStringLiteral("measurement.begin_ms"), filter, &conditions);
-        Distribution distribution;
+        Conditions conditions = ofSeries(series.id, filter);
+        Distribution distribution = emptyDistribution(series.name);
         if (!readLatestLimit(&connection, conditions, &distribution.limit)) {
             return {};
         }
         if (!distribution.limit.least && !distribution.limit.most) {
             continue;
         }
-        distribution.item = series.item;
-        distribution.name = series.name;
-        distribution.unit = series.unit;
-        QString from = QStringLiteral("measurement");
-        if (hasSource(filter)) {
-            from += QStringLiteral(" JOIN run ON run.begin_ms = measurement.begin_ms AND run.id = measurement.run");
-            addSource(QStringLiteral("run"), filter, &conditions);
-        }
-        if (!readValues(&connection, conditions, from, &distribution)) {
+        if (!readValues(&connection, filter, conditions, {}, &distribution)) {
             return {};
         }
         if (distribution.count > 0) {
@@ -288,6 +299,31 @@ std::optional<QList<Distribution>> readDistributions(Store &store, const Statist
         }
     }
     return distributions;
+}
+
+std::optional<QList<MeasurementName>> readMeasurementNames(Store &store)
+{
+    QList<Series> all;
+    if (!readSeries(&store.connection(), &all)) {
+        return {};
+    }
+    QList<MeasurementName> names;
+    for (const Series &series : qAsConst(all)) {
+        names.append(series.name);
+    }
+    return names;
+}
+
+std::optional<Distribution> readDistribution(Store &store, const StatisticsFilter &filter,
+                                             const MeasurementName &measurement, int most)
+{
+    Connection &connection = store.connection();
+    Distribution distribution = emptyDistribution(measurement);
+    const Conditions conditions = ofSeries(seriesId(measurement.item, measurement.name, measurement.unit), filter);
+    const QString tail = QStringLiteral(" ORDER BY measurement.begin_ms DESC LIMIT %1").arg(most);
+    const bool isRead = readLatestLimit(&connection, conditions, &distribution.limit) &&
+                        readValues(&connection, filter, conditions, tail, &distribution);
+    return isRead ? std::optional<Distribution>(distribution) : std::nullopt;
 }
 
 std::optional<QList<FailedCamera>> readFailedCameras(Store &store, const StatisticsFilter &filter)
