@@ -1,11 +1,17 @@
 #include "historyui/commands/commands.h"
 #include "historyui/commands/HistoryCommandLine.h"
+#include "historyui/window/HistoryWindow.h"
+#include "places/Places.h"
 #include "platform/plainLocale.h"
+#include "platform/platformChoice.h"
+#include "platform/TerminationSignals.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <memory>
-#include <QGuiApplication>
+#include <QApplication>
+#include <QMessageBox>
 #include <qt/versions.h>
 
 namespace {
@@ -17,9 +23,36 @@ void useUtf8InPlainLocale()
     }
 }
 
+/// Whether only options of the window, and of Qt, are given.
+bool isForWindow(int argc, char *argv[])
+{
+    constexpr std::array options = {"--store", "--mac", "--results", "-platform"};
+    bool isValue = false;
+    return std::all_of(argv + 1, argv + argc, [&](const char *argument) {
+        const QByteArray text(argument);
+        const bool isOption = std::any_of(options.begin(), options.end(), [&text](const char *option) {
+            return text == option || text.startsWith(QByteArray(option) + '=');
+        });
+        const bool fits = isValue || isOption;
+        isValue = isOption && !isValue && !text.contains('=');
+        return fits;
+    });
+}
+
+bool canShowWindow(int argc, char *argv[])
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM") ||
+           std::any_of(argv, argv + argc, [](const char *argument) { return qstrcmp(argument, "-platform") == 0; });
+}
+
 /// Fonts are needed for paper alone, and take longer to find than most questions to answer.
 std::unique_ptr<QCoreApplication> makeApplication(int &argc, char *argv[])
 {
+    if (isForWindow(argc, argv) && canShowWindow(argc, argv)) {
+        choosePlatform(argc, argv);
+        return std::make_unique<QApplication>(argc, argv);
+    }
     const bool needsFonts = std::any_of(argv, argv + argc, [](const char *argument) {
         return QLatin1String(argument).endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
     });
@@ -31,12 +64,38 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char *argv[])
     }
     return std::make_unique<QGuiApplication>(argc, argv);
 }
+
+int openWindow(const HistoryCommandLine &line, const QString &settings)
+{
+    QString error;
+    const std::optional<StoreAddress> store = chooseStore(line, settings, &error);
+    if (!store) {
+        std::fprintf(stderr, "KestHistory: %s\n", qUtf8Printable(error));
+        QMessageBox box(QMessageBox::Warning, QStringLiteral("KestHistory"), error);
+        box.setTextFormat(Qt::PlainText);
+        const TerminationSignals terminationSignals;
+        QObject::connect(&terminationSignals, &TerminationSignals::interrupted, &box, &QDialog::reject);
+        QObject::connect(&terminationSignals, &TerminationSignals::terminated, &box, &QDialog::reject);
+        box.exec();
+        return historyExit::trouble;
+    }
+    HistoryWindow::Options options;
+    options.mac = line.filter.mac;
+    options.results = line.results.isEmpty() ? Places::ofProgram().results() : line.results;
+    HistoryWindow window(*store, options);
+    const TerminationSignals terminationSignals;
+    QObject::connect(&terminationSignals, &TerminationSignals::interrupted, &window, &QWidget::close);
+    QObject::connect(&terminationSignals, &TerminationSignals::terminated, &window, &QWidget::close);
+    window.show();
+    return QApplication::exec();
+}
 } // namespace
 
 int main(int argc, char *argv[])
 {
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     useUtf8InPlainLocale();
+    const QString settings = QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini");
     const HistoryCommandLine line = HistoryCommandLine::parse(QCoreApplication::arguments(), QDate::currentDate());
     switch (line.command) {
     case HistoryCommandLine::Command::Help:
@@ -46,9 +105,12 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "KestHistory: %s\nTry --help.\n", qUtf8Printable(line.message));
         return historyExit::wrongUsage;
     case HistoryCommandLine::Command::None:
-        std::fputs("KestHistory: a command is missing\nTry --help.\n", stderr);
+        if (qobject_cast<QApplication *>(application.get()) != nullptr) {
+            return openWindow(line, settings);
+        }
+        std::fputs("KestHistory: there is no display for the window, and a command is missing\nTry --help.\n", stderr);
         return historyExit::wrongUsage;
     default:
-        return runCommand(line, QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini"));
+        return runCommand(line, settings);
     }
 }

@@ -133,6 +133,10 @@ void tst_HistoryCommandLine::understandsTheRest()
 {
     QCOMPARE(parsed({}).command, Command::None);
     QCOMPARE(parsed(QStringLiteral("--store x")).command, Command::None);
+    const HistoryCommandLine window = parsed(QStringLiteral("--mac 60:60:1F:00:00:01 --results /srv/results"));
+    QCOMPARE(window.command, Command::None);
+    QCOMPARE(window.filter.mac, QStringLiteral("60:60:1F:00:00:01"));
+    QCOMPARE(window.results, QStringLiteral("/srv/results"));
     QCOMPARE(parsed(QStringLiteral("--store x list")).store, QStringLiteral("x"));
     const HistoryCommandLine import = parsed(QStringLiteral("import a - b"));
     QCOMPARE(import.command, Command::Import);

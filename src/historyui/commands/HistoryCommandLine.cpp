@@ -61,6 +61,7 @@ constexpr std::array optionRows = {
     OptionRow{"csv", nullptr, "As comma-separated values, for spreadsheets."},
     OptionRow{"junit", nullptr, "As JUnit reports, one file a run."},
     OptionRow{"out", "path", "Into this file (JUnit: this folder), not to standard output."},
+    OptionRow{"results", "folder", "Window: the folder that was chosen for results at the station."},
     OptionRow{"before", "day", "The first day whose runs stay."},
     OptionRow{"unsent", nullptr, "Also runs that the server does not have yet."},
 };
@@ -71,9 +72,16 @@ const QStringList commonOptions()
     return {QStringLiteral("store"), QStringLiteral("help"), QStringLiteral("version")};
 }
 
+/// Go with the window, which opens without a command.
+const QStringList windowOptions()
+{
+    return {QStringLiteral("store"), QStringLiteral("mac"), QStringLiteral("results")};
+}
+
 QString usage()
 {
-    QString text = QStringLiteral("Keeps and finds the runs of KestDetector. Commands:\n");
+    QString text = QStringLiteral("Keeps and finds the runs of KestDetector. Without a command it opens its window. "
+                                  "Commands:\n");
     for (const CommandRow &row : commandRows) {
         const QString name = QStringLiteral("%1 %2").arg(QLatin1String(row.name), QLatin1String(row.targets));
         text += QStringLiteral("  %1 %2\n").arg(name, -15).arg(QLatin1String(row.meaning));
@@ -290,11 +298,15 @@ HistoryCommandLine HistoryCommandLine::parse(const QStringList &arguments, const
     const QString name = parser.positionalArguments().value(0);
     if (name.isEmpty()) {
         const QStringList given = parser.optionNames();
-        if (given.isEmpty() || given == QStringList(QStringLiteral("store"))) {
-            line.store = parser.value(QStringLiteral("store"));
-            return line;
+        for (const QString &option : given) {
+            if (!windowOptions().contains(option)) {
+                return end(Command::Wrong, QStringLiteral("--%1 wants a command").arg(option));
+            }
         }
-        return end(Command::Wrong, QStringLiteral("--%1 wants a command").arg(given.constFirst()));
+        line.store = parser.value(QStringLiteral("store"));
+        line.filter.mac = parser.value(QStringLiteral("mac"));
+        line.results = parser.value(QStringLiteral("results"));
+        return line;
     }
     const CommandRow *row = findCommand(name);
     if (row == nullptr) {

@@ -11,7 +11,7 @@
 struct HistoryCommandLine
 {
     enum class Command {
-        None,  ///< no arguments: the window
+        None,  ///< the window
         Help,  ///< print `message` and leave
         Wrong, ///< likewise, with the exit code of wrong usage
         List,
@@ -36,6 +36,7 @@ struct HistoryCommandLine
     QString out;         ///< file or folder; empty: standard output
     QStringList targets; ///< run, MAC address, or paths
     QDate before;
+    QString results; ///< the window's: the folder that was chosen for results at the station
     bool removesUnsent = false;
 
     /// Reads the program's arguments (the program's own name first). `today` is what "7d" counts from.

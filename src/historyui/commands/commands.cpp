@@ -36,8 +36,8 @@ bool isServerAddress(const QString &text)
 {
     return text.contains(QLatin1String("://"));
 }
+} // namespace
 
-/// The store of the command line, else that of the settings.
 std::optional<StoreAddress> chooseStore(const HistoryCommandLine &line, const QString &settings, QString *error)
 {
     if (!line.store.isEmpty()) {
@@ -53,7 +53,6 @@ std::optional<StoreAddress> chooseStore(const HistoryCommandLine &line, const QS
     }
     return places.file ? places.file : places.server;
 }
-} // namespace
 
 int CommandContext::trouble(const QString &text) const
 {

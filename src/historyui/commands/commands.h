@@ -19,3 +19,6 @@ struct HistoryPlaces
     QString error;                      ///< what is wrong with them
 };
 HistoryPlaces readHistoryPlaces(const QString &settings);
+
+/// The store of the command line, else that of the settings. Nothing if there is none; `error` then tells why.
+std::optional<StoreAddress> chooseStore(const HistoryCommandLine &line, const QString &settings, QString *error);

@@ -1,0 +1,374 @@
+#include "historyui/plots/plotContents.h"
+
+#include "historyui/reader/runWords.h"
+#include "report/plots.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <QCoreApplication>
+#include <QDate>
+
+namespace {
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Plots", text);
+}
+
+double dayNumber(const RunGroup &day)
+{
+    return static_cast<double>(QDate::fromString(day.name, Qt::ISODate).toJulianDay());
+}
+
+template <class Part>
+bool isSplit(const QList<Part> &parts)
+{
+    return parts.size() > 1 || (!parts.isEmpty() && !parts.constFirst().name.isEmpty());
+}
+
+/// The texts of a row, behind that of its part where there are several.
+template <class Part>
+QStringList rowOf(const QList<Part> &parts, const QString &part, const QStringList &texts)
+{
+    return isSplit(parts) ? QStringList(part) + texts : texts;
+}
+
+QString hintOf(const QString &part, const QString &text)
+{
+    return part.isEmpty() ? text : QStringLiteral("%1, %2").arg(part, text);
+}
+
+/// The name of a line: what it shows, and of which part.
+QString nameOfLine(const QString &part, const QString &shown)
+{
+    return part.isEmpty() ? shown : QStringLiteral("%1, %2").arg(part, shown);
+}
+
+/// Rounded down to a tenth, so that what differs can be seen.
+double lowestShare(const QList<StatisticsPart> &parts)
+{
+    double lowest = 0.9;
+    for (const StatisticsPart &part : parts) {
+        for (const RunGroup &day : part.statistics.byDay) {
+            lowest = std::min({lowest, firstPassYield(day.sums).value_or(1), finalYield(day.sums).value_or(1)});
+        }
+    }
+    constexpr double tenths = 10;
+    constexpr double hair = 1e-9;
+    return std::floor(lowest * tenths + hair) / tenths;
+}
+
+struct Yield
+{
+    const char *name;
+    std::optional<double> (*of)(const TallySums &sums);
+    PlotLine::Style style;
+};
+
+constexpr std::array yields = {
+    Yield{QT_TRANSLATE_NOOP("Plots", "first-pass yield"), firstPassYield, PlotLine::Style::Dashed},
+    Yield{QT_TRANSLATE_NOOP("Plots", "final yield"), finalYield, PlotLine::Style::Solid},
+};
+
+PlotBars runsByDay(const Statistics &statistics)
+{
+    constexpr double half = 0.4;
+    PlotBars bars;
+    bars.name = tr("runs");
+    bars.isBehind = true;
+    for (const RunGroup &day : statistics.byDay) {
+        const double at = dayNumber(day);
+        bars.bars.append({at - half, at + half, static_cast<double>(day.sums.runs),
+                          QStringLiteral("%1: %2").arg(day.name, tr("%1 runs").arg(day.sums.runs))});
+    }
+    return bars;
+}
+
+double meanSeconds(const TallySums &sums)
+{
+    constexpr double msOfSecond = 1000;
+    return sums.runs > 0 ? static_cast<double>(sums.durationMs) / static_cast<double>(sums.runs) / msOfSecond : 0;
+}
+
+/// Failures of an item; 0 where it has none.
+ItemSums sumsOfItem(const Statistics &statistics, const QString &item)
+{
+    const auto found = std::find_if(statistics.items.begin(), statistics.items.end(),
+                                    [&item](const ItemGroup &group) { return group.item == item; });
+    return found == statistics.items.end() ? ItemSums() : found->sums;
+}
+
+/// All items of the parts, what failed most often first.
+QList<ItemGroup> allItems(const QList<StatisticsPart> &parts)
+{
+    QList<ItemGroup> all;
+    for (const StatisticsPart &part : parts) {
+        for (const ItemGroup &group : part.statistics.items) {
+            const auto found = std::find_if(all.begin(), all.end(),
+                                            [&group](const ItemGroup &entry) { return entry.item == group.item; });
+            if (found == all.end()) {
+                all.append(group);
+                continue;
+            }
+            found->sums.ran += group.sums.ran;
+            found->sums.failed += group.sums.failed;
+            found->sums.warned += group.sums.warned;
+        }
+    }
+    sortByFailures(&all);
+    return all;
+}
+
+QString boundText(const std::optional<double> &bound)
+{
+    return bound ? shortNumber(*bound) : QString();
+}
+} // namespace
+
+QString figuresText(const Statistics &statistics)
+{
+    const TallySums &total = statistics.total;
+    return tr("%1 runs (%2 passed, %3 failed, %4 stopped, %5 errors) of %6 cameras. First-pass yield %7, final yield "
+              "%8")
+        .arg(QString::number(total.runs), QString::number(total.passed), QString::number(total.failed),
+             QString::number(total.stopped), QString::number(total.error), QString::number(total.cameras),
+             percentText(firstPassYield(total)), percentText(finalYield(total)));
+}
+
+PlotContent yieldPlot(const QList<StatisticsPart> &parts, const QString &kind)
+{
+    PlotContent plot;
+    plot.title = tr("Yield by day");
+    plot.upTitle = tr("Yield of cameras");
+    plot.scale = PlotContent::Scale::Days;
+    plot.isShare = true;
+    plot.upFrom = lowestShare(parts);
+    plot.table.columns = rowOf(
+        parts, kind,
+        {tr("Day"), tr("Runs"), tr("Passed"), tr("Failed"), tr("Cameras"), tr("First-pass yield"), tr("Final yield")});
+    if (!isSplit(parts) && !parts.isEmpty() && !parts.constFirst().statistics.byDay.isEmpty()) {
+        plot.behindTitle = tr("Runs");
+        plot.bars.append(runsByDay(parts.constFirst().statistics));
+    }
+    for (int i = 0; i < parts.size(); ++i) {
+        const StatisticsPart &part = parts.at(i);
+        for (const Yield &yield : yields) {
+            PlotLine line;
+            line.name = nameOfLine(part.name, tr(yield.name));
+            line.style = yield.style;
+            line.colour = i;
+            for (const RunGroup &day : part.statistics.byDay) {
+                if (const std::optional<double> share = yield.of(day.sums)) {
+                    line.points.append(
+                        {dayNumber(day), *share,
+                         hintOf(part.name,
+                                QStringLiteral("%1: %2 %3").arg(day.name, tr(yield.name), percentText(share)))});
+                }
+            }
+            if (!line.points.isEmpty()) {
+                plot.lines.append(line);
+            }
+        }
+        for (const RunGroup &day : part.statistics.byDay) {
+            const TallySums &sums = day.sums;
+            plot.table.rows.append(rowOf(parts, part.name,
+                                         {day.name, QString::number(sums.runs), QString::number(sums.passed),
+                                          QString::number(sums.failed), QString::number(sums.cameras),
+                                          percentText(firstPassYield(sums)), percentText(finalYield(sums))}));
+        }
+    }
+    return plot;
+}
+
+PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind)
+{
+    constexpr int mostBars = 20; // the table has all
+    constexpr double width = 0.8;
+    PlotContent plot;
+    plot.title = tr("Failures by item");
+    plot.upTitle = tr("Runs in which it failed");
+    plot.isCount = true;
+    plot.scale = PlotContent::Scale::Names;
+    plot.table.columns =
+        rowOf(parts, kind, {tr("Item"), tr("Ran"), tr("Failed"), tr("Warned"), tr("Failed of those that ran")});
+    const QList<ItemGroup> items = allItems(parts);
+    for (const ItemGroup &item : items) {
+        if (item.sums.failed > 0 && plot.names.size() < mostBars) {
+            plot.names.append(item.item);
+        }
+    }
+    for (int i = 0; i < parts.size(); ++i) {
+        const StatisticsPart &part = parts.at(i);
+        PlotBars bars;
+        bars.name = part.name.isEmpty() ? tr("failed") : part.name;
+        bars.colour = i;
+        for (int k = 0; k < plot.names.size(); ++k) {
+            const ItemSums sums = sumsOfItem(part.statistics, plot.names.at(k));
+            const double from = k - width / 2 + i * width / parts.size();
+            bars.bars.append({from, from + width / parts.size(), static_cast<double>(sums.failed),
+                              hintOf(part.name, tr("%1: failed in %2 of %3 runs")
+                                                    .arg(plot.names.at(k), QString::number(sums.failed),
+                                                         QString::number(sums.ran)))});
+        }
+        if (!bars.bars.isEmpty()) {
+            plot.bars.append(bars);
+        }
+    }
+    for (const ItemGroup &item : items) {
+        for (const StatisticsPart &part : parts) {
+            const ItemSums sums = sumsOfItem(part.statistics, item.item);
+            const std::optional<double> share =
+                sums.ran > 0 ? std::optional<double>(static_cast<double>(sums.failed) / static_cast<double>(sums.ran))
+                             : std::nullopt;
+            plot.table.rows.append(rowOf(parts, part.name,
+                                         {item.item, QString::number(sums.ran), QString::number(sums.failed),
+                                          QString::number(sums.warned), percentText(share)}));
+        }
+    }
+    return plot;
+}
+
+PlotContent durationPlot(const QList<StatisticsPart> &parts, const QString &kind)
+{
+    PlotContent plot;
+    plot.title = tr("Duration of runs by day");
+    plot.upTitle = tr("Mean duration, s");
+    plot.scale = PlotContent::Scale::Days;
+    plot.table.columns = rowOf(parts, kind, {tr("Day"), tr("Runs"), tr("Mean duration, s")});
+    for (int i = 0; i < parts.size(); ++i) {
+        const StatisticsPart &part = parts.at(i);
+        PlotLine line;
+        line.name = part.name.isEmpty() ? tr("mean duration") : part.name;
+        line.colour = i;
+        for (const RunGroup &day : part.statistics.byDay) {
+            if (day.sums.runs > 0) {
+                const QString seconds = shortNumber(meanSeconds(day.sums));
+                line.points.append({dayNumber(day), meanSeconds(day.sums),
+                                    hintOf(part.name, QStringLiteral("%1: %2 s").arg(day.name, seconds))});
+                plot.table.rows.append(rowOf(parts, part.name, {day.name, QString::number(day.sums.runs), seconds}));
+            }
+        }
+        if (!line.points.isEmpty()) {
+            plot.lines.append(line);
+        }
+    }
+    return plot;
+}
+
+namespace {
+PlotBars countsOf(const Distribution &distribution)
+{
+    PlotBars bars;
+    bars.name = tr("values");
+    for (int i = 0; i < distribution.bins.size(); ++i) {
+        const double from = distribution.binBegin + i * distribution.binWidth;
+        const double to = from + distribution.binWidth;
+        const qint64 count = distribution.bins.at(i);
+        if (count > 0) {
+            bars.bars.append({from, to, static_cast<double>(count),
+                              QStringLiteral("%1..%2 %3: %4")
+                                  .arg(shortNumber(from), shortNumber(to), distribution.unit, QString::number(count))});
+        }
+    }
+    return bars;
+}
+
+/// Parts of different sizes, and with bins of different widths, are compared by their densities.
+PlotLine densityOf(const DistributionPart &part, int colour)
+{
+    const Distribution &distribution = part.distribution;
+    constexpr double half = 0.5;
+    PlotLine line;
+    line.name = part.name;
+    line.colour = colour;
+    for (int i = 0; i < distribution.bins.size(); ++i) {
+        const double share = static_cast<double>(distribution.bins.at(i)) / static_cast<double>(distribution.count);
+        const double at = distribution.binBegin + (i + half) * distribution.binWidth;
+        line.points.append(
+            {at, share / distribution.binWidth,
+             QStringLiteral("%1, %2 %3: %4").arg(part.name, shortNumber(at), distribution.unit, percentText(share))});
+    }
+    return line;
+}
+
+void addLimits(const Limit &limit, QList<PlotMark> *marks)
+{
+    if (limit.least) {
+        marks->append({*limit.least, tr("least %1").arg(shortNumber(*limit.least)), true});
+    }
+    if (limit.most) {
+        marks->append({*limit.most, tr("most %1").arg(shortNumber(*limit.most)), true});
+    }
+}
+} // namespace
+
+PlotContent distributionPlot(const QList<DistributionPart> &parts, const QString &kind)
+{
+    PlotContent plot;
+    plot.table.columns = rowOf(parts, kind,
+                               {tr("Values"), tr("Outside"), tr("Least"), tr("Most"), tr("Mean"),
+                                tr("Standard deviation"), tr("Lower limit"), tr("Upper limit"), tr("Cpk")});
+    plot.upTitle = isSplit(parts) ? tr("Density") : tr("Values");
+    plot.isCount = !isSplit(parts);
+    for (int i = 0; i < parts.size(); ++i) {
+        const Distribution &distribution = parts.at(i).distribution;
+        plot.title = tr("%1 in %2").arg(distribution.name, distribution.item);
+        plot.acrossTitle = distribution.unit.isEmpty()
+                               ? distribution.name
+                               : QStringLiteral("%1, %2").arg(distribution.name, distribution.unit);
+        if (distribution.count == 0) {
+            continue;
+        }
+        if (isSplit(parts)) {
+            plot.lines.append(densityOf(parts.at(i), i));
+        } else {
+            plot.bars.append(countsOf(distribution));
+            plot.marks.append({distribution.mean, tr("mean %1").arg(shortNumber(distribution.mean)), false});
+        }
+        if (plot.marks.size() < 2) {
+            addLimits(distribution.limit, &plot.marks);
+        }
+        const std::optional<double> capability = cpk(distribution);
+        plot.table.rows.append(rowOf(parts, parts.at(i).name,
+                                     {QString::number(distribution.count), QString::number(distribution.outside),
+                                      shortNumber(distribution.least), shortNumber(distribution.most),
+                                      shortNumber(distribution.mean), shortNumber(distribution.deviation),
+                                      boundText(distribution.limit.least), boundText(distribution.limit.most),
+                                      capability ? QString::number(*capability, 'f', 2) : QStringLiteral("-")}));
+    }
+    return plot;
+}
+
+PlotContent unitPlot(const QList<RunSummary> &runs)
+{
+    struct OutcomeLine
+    {
+        Outcome outcome;
+        int colour;
+    };
+    constexpr std::array outcomes = {OutcomeLine{Outcome::Passed, 2}, OutcomeLine{Outcome::Failed, 1},
+                                     OutcomeLine{Outcome::Stopped, 3}, OutcomeLine{Outcome::Error, 4}};
+    PlotContent plot;
+    plot.title = tr("Runs of the camera");
+    plot.upTitle = tr("Findings");
+    plot.isCount = true;
+    plot.scale = PlotContent::Scale::Moments;
+    for (const OutcomeLine &row : outcomes) {
+        PlotLine line;
+        line.name = outcomeText(row.outcome);
+        line.style = PlotLine::Style::Points;
+        line.colour = row.colour;
+        for (const RunSummary &run : runs) {
+            if (run.outcome == row.outcome) {
+                line.points.append(
+                    {static_cast<double>(run.begin.toMSecsSinceEpoch()), static_cast<double>(run.failedItems),
+                     QStringLiteral("%1: %2 %3")
+                         .arg(run.begin.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")), line.name, run.firstFinding)});
+            }
+        }
+        if (!line.points.isEmpty()) {
+            plot.lines.append(line);
+        }
+    }
+    return plot;
+}
