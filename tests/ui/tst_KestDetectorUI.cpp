@@ -6,6 +6,7 @@
 #include "ui/window/KestDetectorUI.h"
 
 #include <memory>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QContextMenuEvent>
@@ -20,6 +21,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -240,6 +242,7 @@ private slots:
     void escapeStopsARun();
     void menuStopsARun();
     void noMenuWithoutARun();
+    void menuShowsWhatOthersHaveAdded();
     void closeStopsTheServicesThenLetsWaitingCallsGiveUp();
 
 private:
@@ -1514,6 +1517,28 @@ void tst_KestDetectorUI::noMenuWithoutARun()
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), log()->viewport()->mapToGlobal(QPoint(5, 5)));
     QCoreApplication::sendEvent(log()->viewport(), &event);
     QVERIFY(QApplication::activePopupWidget() == nullptr);
+}
+
+void tst_KestDetectorUI::menuShowsWhatOthersHaveAdded()
+{
+    QAction added(QStringLiteral("History of this camera"));
+    m_window->addAction(&added);
+    const QSignalSpy triggered(&added, &QAction::triggered);
+    for (const bool isRunning : {false, true}) {
+        if (isRunning) {
+            click(QStringLiteral("tbStart"));
+            QVERIFY(Face::Get()->run.take(QString()));
+        }
+        const int before = triggered.count();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), log()->viewport()->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(log()->viewport(), &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu != nullptr);
+        QCOMPARE(menu->actions().size(), isRunning ? 2 : 1);
+        QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(&added).center());
+        QCOMPARE(triggered.count(), before + 1);
+    }
+    Face::Get()->run.finish();
 }
 
 void tst_KestDetectorUI::closeStopsTheServicesThenLetsWaitingCallsGiveUp()

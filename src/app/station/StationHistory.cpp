@@ -7,8 +7,10 @@
 #include "ui/window/KestDetectorUI.h"
 
 #include <array>
+#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QProcess>
 
 namespace {
 struct OutcomeWords
@@ -67,6 +69,29 @@ StationHistory::StationHistory(const QString &file, const QString &server, KestD
     connect(
         KestDetectorRt::Get().get(), &KestDetectorRt::signal_runRecorded, this,
         [this](const RunRecord &run) { m_history.keep(run); }, Qt::DirectConnection);
+    addAction();
+}
+
+void StationHistory::addAction()
+{
+    auto *action = new QAction(tr("History of this camera"), m_window);
+    action->setObjectName(QStringLiteral("actionHistory"));
+    action->setShortcut(Qt::CTRL | Qt::Key_H);
+    connect(action, &QAction::triggered, this, &StationHistory::openWindow);
+    m_window->addAction(action); // its context menu shows it
+}
+
+void StationHistory::openWindow() const
+{
+    const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/KestHistory");
+    QStringList arguments;
+    if (!m_mac.isEmpty()) {
+        arguments = QStringList{QStringLiteral("--mac"), m_mac};
+    }
+    arguments += {QStringLiteral("--results"), KestDetectorFace::Get()->savePath.get()};
+    if (!QProcess::startDetached(program, arguments)) {
+        KestDetectorFace::Get()->notices.tell(Notices::history(tr("%1 cannot be started").arg(program)));
+    }
 }
 
 void StationHistory::ask(const QString &mac)

@@ -8,9 +8,9 @@
 
 class KestDetectorUI;
 
-/// Hands the station's runs over to the history, tells the operator when it takes none, and shows in the window what it
-/// knows of the connected camera. Lives on the GUI thread, which waits for it only at the end of the program: until
-/// every run is on the disk.
+/// Hands the station's runs over to the history, tells the operator when it takes none, shows in the window what it
+/// knows of the connected camera, and opens the history's own window (Ctrl+H and the context menu). Lives on the GUI
+/// thread, which waits for it only at the end of the program: until every run is on the disk.
 class StationHistory : public QObject
 {
     Q_OBJECT
@@ -25,6 +25,9 @@ private:
 
     void ask(const QString &mac);
     void show(const KnownCamera &camera) const;
+    void addAction();
+    /// The history of the connected camera, in a program of its own: whatever it does, the station is not disturbed.
+    void openWindow() const;
 
     KestDetectorUI *const m_window;
     QString m_mac; ///< of the camera that is connected, or was last

@@ -477,7 +477,8 @@ void KestDetectorUI::setSavePath(const QString &path)
 
 void KestDetectorUI::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (KestDetectorFace::Get()->runRequest() == 0) {
+    const bool isRunning = KestDetectorFace::Get()->runRequest() != 0;
+    if (!isRunning && actions().isEmpty()) {
         QMainWindow::contextMenuEvent(event);
         return;
     }
@@ -486,7 +487,10 @@ void KestDetectorUI::contextMenuEvent(QContextMenuEvent *event)
         menu = new QMenu(this);
     }
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu->addAction(tr("Stop the run\tEsc")), &QAction::triggered, this, [] { stopRun(); });
+    menu->addActions(actions());
+    if (isRunning) {
+        connect(menu->addAction(tr("Stop the run\tEsc")), &QAction::triggered, this, [] { stopRun(); });
+    }
     menu->popup(event->globalPos()); // without an event loop of its own, which would keep a wait for the camera going
 }
 
