@@ -184,6 +184,7 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
 {
     constexpr int mostBars = 20; // the table has all
     constexpr double width = 0.8;
+    const double share = width / static_cast<double>(std::max<qint64>(parts.size(), 1));
     PlotContent plot;
     plot.title = tr("Failures by item");
     plot.upTitle = tr("Runs in which it failed");
@@ -204,8 +205,8 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
         bars.colour = i;
         for (int k = 0; k < plot.names.size(); ++k) {
             const ItemSums sums = sumsOfItem(part.statistics, plot.names.at(k));
-            const double from = k - width / 2 + i * width / parts.size();
-            bars.bars.append({from, from + width / parts.size(), static_cast<double>(sums.failed),
+            const double from = k - width / 2 + i * share;
+            bars.bars.append({from, from + share, static_cast<double>(sums.failed),
                               hintOf(part.name, tr("%1: failed in %2 of %3 runs")
                                                     .arg(plot.names.at(k), QString::number(sums.failed),
                                                          QString::number(sums.ran)))});
@@ -217,12 +218,12 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
     for (const ItemGroup &item : items) {
         for (const StatisticsPart &part : parts) {
             const ItemSums sums = sumsOfItem(part.statistics, item.item);
-            const std::optional<double> share =
+            const std::optional<double> failed =
                 sums.ran > 0 ? std::optional<double>(static_cast<double>(sums.failed) / static_cast<double>(sums.ran))
                              : std::nullopt;
             plot.table.rows.append(rowOf(parts, part.name,
                                          {item.item, QString::number(sums.ran), QString::number(sums.failed),
-                                          QString::number(sums.warned), percentText(share)}));
+                                          QString::number(sums.warned), percentText(failed)}));
         }
     }
     return plot;

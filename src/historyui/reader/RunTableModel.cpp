@@ -66,7 +66,7 @@ void RunTableModel::begin(const RunFilter &filter, const Page &first)
     m_reader->withdraw(HistoryReader::Topic::Rows);
     forgetWanted();
     m_first = first;
-    m_rows = first.size();
+    m_rows = static_cast<int>(first.size());
     m_isCounting = first.size() == pageSize;
     if (m_isCounting) {
         const RunSummary &last = first.constLast();
@@ -91,7 +91,7 @@ void RunTableModel::countOn()
 
 void RunTableModel::grow(const RunPlaces &places)
 {
-    const int more = places.steps.size() * pageSize + places.rest;
+    const int more = static_cast<int>(places.steps.size()) * pageSize + places.rest;
     m_isCounting = !places.isEnd;
     if (more > 0) {
         beginInsertRows({}, m_rows, m_rows + more - 1);

@@ -60,7 +60,7 @@ QStringList largestOf(QList<RunGroup> groups, int *leftOut)
             names.append(group.name);
         }
     }
-    *leftOut = groups.size() - names.size();
+    *leftOut = static_cast<int>(groups.size() - names.size());
     return names;
 }
 

@@ -29,7 +29,8 @@ std::optional<TurnForTheWorse> turnOf(const QList<RunSummary> &runs)
                    [](const RunSummary &run) { return run.outcome; });
     std::optional<TurnForTheWorse> turn = findTurnForTheWorse(outcomes);
     if (turn) {
-        turn = TurnForTheWorse{runs.size() - 1 - turn->lastPass, runs.size() - 1 - turn->firstFailure};
+        const int last = static_cast<int>(runs.size()) - 1;
+        turn = TurnForTheWorse{last - turn->lastPass, last - turn->firstFailure};
     }
     return turn;
 }

@@ -63,9 +63,9 @@ QTableWidget *makeTable(const QString &objectName, const QString &accessibleName
 void fillTable(QTableWidget *table, const QStringList &columns, const QList<QStringList> &rows)
 {
     table->clear();
-    table->setColumnCount(columns.size());
+    table->setColumnCount(static_cast<int>(columns.size()));
     table->setHorizontalHeaderLabels(columns);
-    table->setRowCount(rows.size());
+    table->setRowCount(static_cast<int>(rows.size()));
     for (int row = 0; row < rows.size(); ++row) {
         for (int column = 0; column < rows.at(row).size(); ++column) {
             table->setItem(row, column, new QTableWidgetItem(rows.at(row).at(column)));
