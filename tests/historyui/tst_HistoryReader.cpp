@@ -141,17 +141,20 @@ void tst_HistoryReader::endsWithQuestionsLeft()
     int asked = 0;
     int answered = 0;
     {
-        HistoryReader reader(address());
         QSemaphore isUnderWay;
+        QSemaphore letGo;
+        HistoryReader reader(address());
         const auto slow = [&](Store &) {
-            isUnderWay.release();
-            QThread::msleep(50);
             ++asked;
+            isUnderWay.release();
+            letGo.acquire();
             return std::optional<int>(1);
         };
         reader.ask(Topic::Index, slow, [&answered](int) { ++answered; });
         isUnderWay.acquire();
         reader.ask(Topic::Rows, slow, [&answered](int) { ++answered; });
+        reader.end();
+        letGo.release(2); // also for one that must not be asked
     }
     QCOMPARE(asked, 1);
     QCoreApplication::processEvents();

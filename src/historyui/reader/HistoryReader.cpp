@@ -9,12 +9,17 @@ HistoryReader::HistoryReader(const StoreAddress &address, QObject *parent)
 
 HistoryReader::~HistoryReader()
 {
+    end();
+    m_thread.join();
+}
+
+void HistoryReader::end()
+{
     {
         const std::lock_guard lock(m_mutex);
         m_isEnding = true;
     }
     m_posted.notify_one();
-    m_thread.join();
 }
 
 void HistoryReader::withdraw(Topic topic)

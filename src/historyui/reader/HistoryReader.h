@@ -79,6 +79,8 @@ public:
 
     /// What was asked of the topic is not wanted any more.
     void withdraw(Topic topic);
+    /// From now on no question is begun. Waits for nothing.
+    void end();
 
 signals:
     void answered();
