@@ -1,8 +1,8 @@
 #include "exchange/csv.h"
 #include "history/query/questions.h"
 #include "historyui/commands/CommandContext.h"
-#include "historyui/commands/Interruption.h"
 #include "historyui/commands/Progress.h"
+#include "platform/Interruption.h"
 #include "record/recordJson.h"
 #include "record/recordJunit.h"
 #include "record/wholeFile.h"
@@ -23,7 +23,7 @@ std::optional<QVector<QUuid>> findIds(CommandContext &context)
     const int most = filter.limit;
     QVector<QUuid> ids;
     while (!Interruption::isWanted()) {
-        filter.limit = most > 0 ? std::min(pageSize, most - ids.size()) : pageSize;
+        filter.limit = most > 0 ? std::min(pageSize, most - static_cast<int>(ids.size())) : pageSize;
         if (filter.limit <= 0) {
             break;
         }
@@ -105,7 +105,7 @@ int exportRuns(CommandContext &context)
         return context.trouble(QStringLiteral("%1 cannot be made").arg(context.line.out));
     }
     Export runs(&context);
-    for (int i = ids->size() - 1; i >= 0; --i) {
+    for (int i = static_cast<int>(ids->size()) - 1; i >= 0; --i) {
         if (Interruption::isWanted()) {
             return historyExit::interrupted;
         }
