@@ -20,6 +20,9 @@ public:
     /// `columns` of those before `olderThan`, executed. Null if the engine refuses it: the reason is in `connection`.
     QSqlQuery *run(Connection *connection, const QString &columns, const std::optional<RunPlace> &olderThan,
                    const QString &tail) const;
+    /// Likewise `columns` of the table `run`, of the first `limit` ones; 0 or less: of all.
+    QSqlQuery *runRows(Connection *connection, const QString &columns, const std::optional<RunPlace> &olderThan,
+                       int limit) const;
 
     /// Of a `RunPlace`, in its order.
     QString placeColumns() const { return m_time + QStringLiteral(", ") + m_id; }
@@ -27,8 +30,12 @@ public:
 private:
     RunSelection() = default;
 
+    Conditions before(const std::optional<RunPlace> &olderThan, Connection *connection) const;
+    QString order() const;
+
     Conditions m_conditions;
     QString m_from;
     QString m_time;
     QString m_id;
+    bool m_areFew = false; ///< an index finds them, out of their order
 };

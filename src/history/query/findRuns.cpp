@@ -18,36 +18,46 @@ QString endOf(const QString &beginning)
     return beginning + QString::fromUcs4(&lastCharacter, 1);
 }
 
-/// The runs whose `column` begins with a text. Where they are few, the column's index finds them and they are sorted;
-/// where they are many, the first ones in the order of time are found sooner by looking at all.
-bool addBeginning(const QString &column, const QString &beginning, Connection *connection, Conditions *conditions)
+/// Up to so many runs are found by an index, and then sorted, sooner than by looking at one after the other until there
+/// are enough of them.
+constexpr int fewInIndex = 20'000;
+constexpr int fewInTable = 3'000; ///< where the index does not hold all that is asked of them
+
+/// The runs whose `column` begins with a text. Where they are few, the column's index finds them, and they are to be
+/// sorted; where they are many, the first ones in the order of time are found sooner by looking at all.
+bool addBeginning(const QString &column, const QString &beginning, int few, Connection *connection,
+                  Conditions *conditions, bool *areFew)
 {
-    constexpr int few = 3000;
     Conditions beginsSo;
     const QVariantList bounds = {beginning, endOf(beginning)};
     beginsSo.add(column + QStringLiteral(" >= ? AND ") + column + QStringLiteral(" < ?"), bounds);
-    QSqlQuery *query = beginsSo.run(connection, QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM run"),
-                                    QStringLiteral(" LIMIT %1) AS beginnings").arg(few));
+    QSqlQuery *query = beginsSo.run(connection, QStringLiteral("SELECT 1 FROM run"),
+                                    QStringLiteral(" LIMIT 1 OFFSET %1").arg(few - 1));
     if (query == nullptr) {
         return false;
     }
-    const bool areFew = query->next() && query->value(0).toInt() < few;
+    *areFew = !query->next();
     query->finish();
-    // An expression has no index.
-    const QString shown = QStringLiteral("run.") + column + (areFew ? QString() : QStringLiteral(" || ''"));
+    // An expression has no index; this one takes the least time.
+    const QString shown = (*areFew ? QStringLiteral("run.%1") : QStringLiteral("COALESCE(run.%1, '')")).arg(column);
     conditions->add(QStringLiteral("%1 >= ? AND %1 < ?").arg(shown), bounds);
     return true;
 }
 
-bool addIdentity(const RunFilter &filter, Connection *connection, Conditions *conditions)
+bool addIdentity(const RunFilter &filter, Connection *connection, Conditions *conditions, bool *areFew)
 {
     const QString mac = macAsStored(filter.mac);
+    const bool isOneText = mac.isEmpty() || filter.serial.isEmpty();
+    const bool isMore = !filter.station.isEmpty() || !filter.batch.isEmpty() || !filter.firmware.isEmpty() ||
+                        filter.outcome || !filter.item.isEmpty();
+    const int few = isOneText && !isMore ? fewInIndex : fewInTable;
     if (mac.size() == wholeMac) {
         conditions->addText(QStringLiteral("run.mac"), mac);
-    } else if (!mac.isEmpty() && !addBeginning(QStringLiteral("mac"), mac, connection, conditions)) {
+    } else if (!mac.isEmpty() && !addBeginning(QStringLiteral("mac"), mac, few, connection, conditions, areFew)) {
         return false;
     }
-    return filter.serial.isEmpty() || addBeginning(QStringLiteral("serial"), filter.serial, connection, conditions);
+    return filter.serial.isEmpty() ||
+           addBeginning(QStringLiteral("serial"), filter.serial, few, connection, conditions, areFew);
 }
 } // namespace
 
@@ -101,7 +111,7 @@ std::optional<RunSelection> RunSelection::of(Store &store, const RunFilter &filt
                            "other.run = finding.run)"),
             {filter.item});
     }
-    if (!addIdentity(filter, &connection, &conditions)) {
+    if (!addIdentity(filter, &connection, &conditions, &selection.m_areFew)) {
         return {};
     }
     if (filter.since.isValid()) {
@@ -119,16 +129,42 @@ std::optional<RunSelection> RunSelection::of(Store &store, const RunFilter &filt
     return selection;
 }
 
-QSqlQuery *RunSelection::run(Connection *connection, const QString &columns, const std::optional<RunPlace> &olderThan,
-                             const QString &tail) const
+Conditions RunSelection::before(const std::optional<RunPlace> &olderThan, Connection *connection) const
 {
     Conditions conditions = m_conditions;
     if (olderThan) {
         conditions.add(QStringLiteral("%1 <= ? AND (%1 < ? OR %2 < ?)").arg(m_time, m_id),
                        {olderThan->beginMs, olderThan->beginMs, connection->idValue(olderThan->id)});
     }
-    return conditions.run(connection, QStringLiteral("SELECT %1 FROM %2").arg(columns, m_from),
-                          QStringLiteral(" ORDER BY %1 DESC, %2 DESC").arg(m_time, m_id) + tail);
+    return conditions;
+}
+
+QString RunSelection::order() const
+{
+    return QStringLiteral(" ORDER BY %1 DESC, %2 DESC").arg(m_time, m_id);
+}
+
+QSqlQuery *RunSelection::run(Connection *connection, const QString &columns, const std::optional<RunPlace> &olderThan,
+                             const QString &tail) const
+{
+    return before(olderThan, connection)
+        .run(connection, QStringLiteral("SELECT %1 FROM %2").arg(columns, m_from), order() + tail);
+}
+
+QSqlQuery *RunSelection::runRows(Connection *connection, const QString &columns,
+                                 const std::optional<RunPlace> &olderThan, int limit) const
+{
+    const QString atMost = limit > 0 ? QStringLiteral(" LIMIT %1").arg(limit) : QString();
+    if (!m_areFew || limit <= 0) {
+        return run(connection, columns, olderThan, atMost);
+    }
+    // What is sorted are the places that the index holds; only the rows that are left afterwards are fetched.
+    return before(olderThan, connection)
+        .run(connection,
+             QStringLiteral("SELECT %1 FROM (SELECT %2 AS at, %3 AS id FROM %4").arg(columns, m_time, m_id, m_from),
+             order() + atMost +
+                 QStringLiteral(") AS chosen JOIN run ON run.begin_ms = chosen.at AND run.id = chosen.id "
+                                "ORDER BY chosen.at DESC, chosen.id DESC"));
 }
 
 std::optional<QList<RunSummary>> findRuns(Store &store, const RunFilter &filter)
@@ -137,8 +173,7 @@ std::optional<QList<RunSummary>> findRuns(Store &store, const RunFilter &filter)
     if (!selection) {
         return {};
     }
-    const QString tail = filter.limit > 0 ? QStringLiteral(" LIMIT %1").arg(filter.limit) : QString();
-    QSqlQuery *query = selection->run(&store.connection(), runColumns(), filter.olderThan, tail);
+    QSqlQuery *query = selection->runRows(&store.connection(), runColumns(), filter.olderThan, filter.limit);
     if (query == nullptr) {
         return {};
     }

@@ -377,12 +377,22 @@ void tst_questions::findsBeginningsOfMany()
     filter.limit = 0;
     QList<RunSummary> found = findRuns(*store, filter).value_or(QList<RunSummary>());
     QCOMPARE(found.size(), 880); // 55 or 54 of each of the 16
-    filter.mac = QStringLiteral("60:60:1F");
-    filter.limit = 100;
-    found = findRuns(*store, filter).value_or(QList<RunSummary>());
-    QCOMPARE(found.size(), 100);
-    QCOMPARE(found.constFirst().id, rows.constLast().id);
-    QCOMPARE(found.constLast().id, rows.at(3400).id);
+    // All are of that station; but no index tells that, and the runs are looked at in the order of time.
+    for (const QString &station : {QString(), QStringLiteral("left")}) {
+        filter = {};
+        filter.mac = QStringLiteral("60:60:1F");
+        filter.limit = 100;
+        filter.station = station;
+        found = findRuns(*store, filter).value_or(QList<RunSummary>());
+        QCOMPARE(found.size(), 100);
+        QCOMPARE(found.constFirst().id, rows.constLast().id);
+        QCOMPARE(found.constLast().id, rows.at(3400).id);
+        filter.olderThan = RunPlace{rows.at(3400).beginMs, rows.at(3400).id};
+        found = findRuns(*store, filter).value_or(QList<RunSummary>());
+        QCOMPARE(found.size(), 100);
+        QCOMPARE(found.constFirst().id, rows.at(3399).id);
+        QCOMPARE(found.constLast().id, rows.at(3300).id);
+    }
 }
 
 void tst_questions::findsIds_data()
