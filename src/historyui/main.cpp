@@ -65,10 +65,10 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char *argv[])
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
-int openWindow(const HistoryCommandLine &line, const QString &settings)
+int openWindow(const HistoryCommandLine &line, const Places &places)
 {
     QString error;
-    const std::optional<StoreAddress> store = chooseStore(line, settings, &error);
+    const std::optional<StoreAddress> store = chooseStore(line, places, &error);
     if (!store) {
         std::fprintf(stderr, "KestHistory: %s\n", qUtf8Printable(error));
         QMessageBox box(QMessageBox::Warning, QStringLiteral("KestHistory"), error);
@@ -81,7 +81,7 @@ int openWindow(const HistoryCommandLine &line, const QString &settings)
     }
     HistoryWindow::Options options;
     options.mac = line.filter.mac;
-    options.results = line.results.isEmpty() ? Places::ofProgram().results() : line.results;
+    options.results = line.results.isEmpty() ? places.results() : line.results;
     HistoryWindow window(*store, options);
     const TerminationSignals terminationSignals;
     QObject::connect(&terminationSignals, &TerminationSignals::interrupted, &window, &QWidget::close);
@@ -95,7 +95,8 @@ int main(int argc, char *argv[])
 {
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     useUtf8InPlainLocale();
-    const QString settings = QCoreApplication::applicationDirPath() + QStringLiteral("/option.ini");
+    // The station's, which is in the same folder.
+    const Places places(QCoreApplication::applicationDirPath());
     const HistoryCommandLine line = HistoryCommandLine::parse(QCoreApplication::arguments(), QDate::currentDate());
     switch (line.command) {
     case HistoryCommandLine::Command::Help:
@@ -106,11 +107,11 @@ int main(int argc, char *argv[])
         return historyExit::wrongUsage;
     case HistoryCommandLine::Command::None:
         if (qobject_cast<QApplication *>(application.get()) != nullptr) {
-            return openWindow(line, settings);
+            return openWindow(line, places);
         }
         std::fputs("KestHistory: there is no display for the window, and a command is missing\nTry --help.\n", stderr);
         return historyExit::wrongUsage;
     default:
-        return runCommand(line, settings);
+        return runCommand(line, places);
     }
 }

@@ -3,6 +3,7 @@
 #include "history/store/Store.h"
 #include "historyui/commands/HistoryCommandLine.h"
 #include "historyui/commands/Output.h"
+#include "places/Places.h"
 
 #include <memory>
 #include <QString>
@@ -11,7 +12,7 @@
 struct CommandContext
 {
     const HistoryCommandLine &line;
-    QString settings; ///< path of option.ini
+    const Places &places;
     std::unique_ptr<Store> store;
 
     /// "KestHistory: " and the text on standard error; the exit code of trouble.

@@ -1,10 +1,11 @@
 #include "historyui/commands/Progress.h"
 
+#include "platform/terminal.h"
+
 #include <algorithm>
 #include <cstdio>
-#include <unistd.h>
 
-Progress::Progress(const QString &what) : m_what(what), m_isShown(isatty(STDERR_FILENO) == 1) {}
+Progress::Progress(const QString &what) : m_what(what), m_isShown(isErrorOutputTerminal()) {}
 
 Progress::~Progress()
 {

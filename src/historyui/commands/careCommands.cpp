@@ -1,8 +1,8 @@
 #include "history/query/pruneRuns.h"
 #include "historyui/commands/CommandContext.h"
 #include "historyui/commands/commands.h"
-#include "historyui/commands/Interruption.h"
 #include "historyui/commands/Progress.h"
+#include "platform/Interruption.h"
 
 #include <cstdio>
 
@@ -13,7 +13,7 @@ int removeRuns(CommandContext &context)
     if (!unsent) {
         return context.storeTrouble();
     }
-    const bool hasServer = readHistoryPlaces(context.settings).server.has_value();
+    const bool hasServer = readHistoryPlaces(context.places).server.has_value();
     if (*unsent > 0 && hasServer && !line.removesUnsent) {
         return context.trouble(QStringLiteral("%1 of these runs are not on the server yet; \"forward\" sends them, "
                                               "--unsent removes them all the same")

@@ -1,13 +1,12 @@
 #include "historyui/commands/commands.h"
 
 #include "historyui/commands/CommandContext.h"
-#include "historyui/commands/Interruption.h"
 #include "plan/settingsSection.h"
+#include "platform/Interruption.h"
 
 #include <array>
 #include <cstdio>
 #include <QDir>
-#include <QFileInfo>
 
 namespace {
 using Command = HistoryCommandLine::Command;
@@ -38,20 +37,21 @@ bool isServerAddress(const QString &text)
 }
 } // namespace
 
-std::optional<StoreAddress> chooseStore(const HistoryCommandLine &line, const QString &settings, QString *error)
+std::optional<StoreAddress> chooseStore(const HistoryCommandLine &line, const Places &places, QString *error)
 {
     if (!line.store.isEmpty()) {
         return isServerAddress(line.store) ? StoreAddress::server(line.store, error) : StoreAddress::file(line.store);
     }
-    const HistoryPlaces places = readHistoryPlaces(settings);
-    *error = places.error;
-    if (!places.error.isEmpty()) {
+    const HistoryPlaces named = readHistoryPlaces(places);
+    *error = named.error;
+    if (!named.error.isEmpty()) {
         return {};
     }
-    if (!places.file && !places.server) {
-        *error = QStringLiteral("%1 names no store: give --store, or file= in its section [History]").arg(settings);
+    if (!named.file && !named.server) {
+        *error =
+            QStringLiteral("%1 names no store: give --store, or file= in its section [History]").arg(places.settings());
     }
-    return places.file ? places.file : places.server;
+    return named.file ? named.file : named.server;
 }
 
 int CommandContext::trouble(const QString &text) const
@@ -75,26 +75,26 @@ int CommandContext::finish(Output *output, int code) const
     return code;
 }
 
-HistoryPlaces readHistoryPlaces(const QString &settings)
+HistoryPlaces readHistoryPlaces(const Places &places)
 {
-    HistoryPlaces places;
-    const QDir folder = QFileInfo(settings).absoluteDir();
-    const QList<SettingsLine> lines = readSettingsSection(settings, QStringLiteral("History"));
+    HistoryPlaces named;
+    const QDir folder(places.state());
+    const QList<SettingsLine> lines = readSettingsSection(places.settings(), QStringLiteral("History"));
     for (const SettingsLine &line : lines) {
         if (line.key == QLatin1String("file") && !line.value.isEmpty()) {
-            places.file = StoreAddress::file(folder.absoluteFilePath(line.value));
+            named.file = StoreAddress::file(folder.absoluteFilePath(line.value));
         } else if (line.key == QLatin1String("server") && !line.value.isEmpty()) {
-            places.server = StoreAddress::server(line.value, &places.error);
+            named.server = StoreAddress::server(line.value, &named.error);
         }
     }
-    return places;
+    return named;
 }
 
-int runCommand(const HistoryCommandLine &line, const QString &settings)
+int runCommand(const HistoryCommandLine &line, const Places &places)
 {
-    CommandContext context{line, settings, nullptr};
+    CommandContext context{line, places, nullptr};
     QString error;
-    const std::optional<StoreAddress> address = chooseStore(line, settings, &error);
+    const std::optional<StoreAddress> address = chooseStore(line, places, &error);
     if (!address) {
         return context.trouble(error);
     }

@@ -1,21 +1,21 @@
 #include "history/door/Forwarder.h"
 #include "historyui/commands/CommandContext.h"
 #include "historyui/commands/commands.h"
-#include "historyui/commands/Interruption.h"
 #include "historyui/commands/Progress.h"
+#include "platform/Interruption.h"
 
 #include <cstdio>
 
 int forwardRuns(CommandContext &context)
 {
-    const HistoryPlaces places = readHistoryPlaces(context.settings);
-    if (!places.error.isEmpty() || !places.server) {
+    const HistoryPlaces named = readHistoryPlaces(context.places);
+    if (!named.error.isEmpty() || !named.server) {
         return context.trouble(
-            places.error.isEmpty()
-                ? QStringLiteral("%1 names no server: server= in its section [History]").arg(context.settings)
-                : places.error);
+            named.error.isEmpty()
+                ? QStringLiteral("%1 names no server: server= in its section [History]").arg(context.places.settings())
+                : named.error);
     }
-    Forwarder forwarder(context.store->connection().address(), *places.server);
+    Forwarder forwarder(context.store->connection().address(), *named.server);
     Progress progress(QStringLiteral("forward"));
     const std::optional<int> sent = forwarder.forward([&progress](int done, qint64 queued) {
         progress.show(done, done + queued);

@@ -1,8 +1,8 @@
 #include "exchange/recordLines.h"
 #include "exchange/runFolders.h"
 #include "historyui/commands/CommandContext.h"
-#include "historyui/commands/Interruption.h"
 #include "historyui/commands/Progress.h"
+#include "platform/Interruption.h"
 #include "record/recordJson.h"
 
 #include <cstdio>

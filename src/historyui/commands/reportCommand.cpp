@@ -1,7 +1,7 @@
 #include "history/query/questions.h"
 #include "historyui/commands/CommandContext.h"
-#include "historyui/commands/Interruption.h"
 #include "historyui/commands/Progress.h"
+#include "platform/Interruption.h"
 #include "report/Report.h"
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "historyui/commands/Interruption.h"
+#include "platform/Interruption.h"
 
 #include <csignal>
 

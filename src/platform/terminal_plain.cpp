@@ -1,0 +1,6 @@
+#include "platform/terminal.h"
+
+bool isErrorOutputTerminal()
+{
+    return false;
+}
