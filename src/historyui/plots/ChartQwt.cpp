@@ -255,6 +255,8 @@ void Chart::show(const PlotContent &content)
     grid->setMajorPen(QPen(QColor(gridColour)));
     grid->attach(&plot);
 
+    // One thing alone needs no key.
+    const bool hasKey = content.bars.size() + content.lines.size() > 1;
     double highest = 0;
     double highestBehind = 0;
     for (const PlotBars &bars : content.bars) {
@@ -272,6 +274,7 @@ void Chart::show(const PlotContent &content)
         histogram->setSamples(samples);
         histogram->setYAxis(bars.isBehind ? QwtPlot::yRight : QwtPlot::yLeft);
         histogram->setZ(bars.isBehind ? 5 : 20); // below and above the grid
+        histogram->setItemAttribute(QwtPlotItem::Legend, hasKey);
         histogram->attach(&plot);
     }
     for (const PlotLine &line : content.lines) {
@@ -296,6 +299,7 @@ void Chart::show(const PlotContent &content)
         curve->setRenderHint(QwtPlotItem::RenderAntialiased);
         curve->setSamples(points);
         curve->setZ(30);
+        curve->setItemAttribute(QwtPlotItem::Legend, hasKey);
         curve->attach(&plot);
     }
     for (const PlotMark &mark : content.marks) {
@@ -324,9 +328,6 @@ void Chart::show(const PlotContent &content)
     const double step = content.isCount && highest < few ? 1 : 0;
     plot.setAxisScale(QwtPlot::yLeft, content.upFrom, content.isEmpty() ? 1 : top, step);
     plot.setAxisScale(QwtPlot::yRight, 0, std::max(highestBehind * behind, 1.0));
-    if (plot.legend() != nullptr) {
-        plot.legend()->setVisible(content.bars.size() + content.lines.size() > 1);
-    }
     plot.updateLegend();
     const bool keeps = isSame && !wasWhole && before.first < m_whole.second && before.second > m_whole.first;
     setRange(keeps ? before.first : m_whole.first, keeps ? before.second : m_whole.second);

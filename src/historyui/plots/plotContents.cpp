@@ -187,7 +187,7 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
     const double share = width / static_cast<double>(std::max<qint64>(parts.size(), 1));
     PlotContent plot;
     plot.title = tr("Failures by item");
-    plot.upTitle = tr("Runs in which it failed");
+    plot.upTitle = tr("Failed runs");
     plot.isCount = true;
     plot.scale = PlotContent::Scale::Names;
     plot.table.columns =

@@ -58,7 +58,8 @@ HistoryWindow::HistoryWindow(const StoreAddress &store, const Options &options, 
     statusBar()->addPermanentWidget(m_count);
     makeMenus();
     resize(usualSize);
-    splitter->setSizes({usualSize.width() / 2, usualSize.width() / 2});
+    constexpr int listShare = 46; // of a hundred
+    splitter->setSizes({usualSize.width() * listShare / 100, usualSize.width() * (100 - listShare) / 100});
 
     connect(m_filter, &FilterBar::changed, this, &HistoryWindow::search);
     connect(&m_model, &RunTableModel::counted, this, &HistoryWindow::showCount);

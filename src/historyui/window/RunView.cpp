@@ -142,6 +142,8 @@ RunView::RunView(HistoryReader *reader, const QString &results, QWidget *parent)
     m_tree->setAccessibleName(tr("Components, items and measurements of the run"));
     m_tree->setHeaderLabels({tr("Item"), tr("Verdict"), tr("Value"), tr("Limits"), tr("Duration")});
     m_tree->setUniformRowHeights(true);
+    constexpr int indentation = 12; // so that the limits are seen on a small screen, too
+    m_tree->setIndentation(indentation);
     m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     copyRowsOnDemand(m_tree);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &RunView::showDetail);
