@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
+#include <QKeySequence>
 #include <QProcess>
 
 namespace {
@@ -76,7 +77,7 @@ void StationHistory::addAction()
 {
     auto *action = new QAction(tr("History of this camera"), m_window);
     action->setObjectName(QStringLiteral("actionHistory"));
-    action->setShortcut(Qt::CTRL | Qt::Key_H);
+    action->setShortcut(QKeySequence(QStringLiteral("Ctrl+H")));
     connect(action, &QAction::triggered, this, &StationHistory::openWindow);
     m_window->addAction(action); // its context menu shows it
 }

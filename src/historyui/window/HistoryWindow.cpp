@@ -12,6 +12,7 @@
 #include <QBoxLayout>
 #include <QFrame>
 #include <QHeaderView>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
@@ -119,6 +120,7 @@ QWidget *HistoryWindow::makeTable()
     m_table->setModel(&m_model);
     // Rows of one height need not be asked for it, however many they are.
     constexpr int margin = 6;
+    m_table->horizontalHeader()->setHighlightSections(false); // all of them would be: whole rows are selected
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + margin);
@@ -142,14 +144,14 @@ void HistoryWindow::makeMenus()
     };
     QMenu *history = menuBar()->addMenu(tr("&History"));
     add(history, tr("&Search"), QKeySequence::Find, m_filter, &FilterBar::focusSearch);
-    add(history, tr("&Clear Filters"), Qt::CTRL | Qt::Key_Backspace, m_filter, &FilterBar::reset);
+    add(history, tr("&Clear Filters"), QKeySequence(QStringLiteral("Ctrl+Backspace")), m_filter, &FilterBar::reset);
     add(history, tr("&Refresh"), QKeySequence::Refresh, this, &HistoryWindow::refresh);
     history->addSeparator();
-    add(history, tr("&Close"), Qt::CTRL | Qt::Key_W, this, &QWidget::close);
+    add(history, tr("&Close"), QKeySequence(QStringLiteral("Ctrl+W")), this, &QWidget::close);
 
     QMenu *run = menuBar()->addMenu(tr("Ru&n"));
-    add(run, tr("Open &Folder"), Qt::CTRL | Qt::Key_O, m_run, &RunView::openFolder);
-    add(run, tr("&Copy Run"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, m_run, &RunView::copy);
+    add(run, tr("Open &Folder"), QKeySequence(QStringLiteral("Ctrl+O")), m_run, &RunView::openFolder);
+    add(run, tr("&Copy Run"), QKeySequence(QStringLiteral("Ctrl+Shift+C")), m_run, &RunView::copy);
 
     QMenu *view = menuBar()->addMenu(tr("&View"));
     for (int tab = 0; tab < m_tabs->count(); ++tab) {
@@ -162,8 +164,9 @@ void HistoryWindow::makeMenus()
         constexpr double nearer = 1.5;
         add(view, tr("Zoom &In"), QKeySequence::ZoomIn, chart, [chart] { chart->zoom(nearer); });
         add(view, tr("Zoom &Out"), QKeySequence::ZoomOut, chart, [chart] { chart->zoom(1 / nearer); });
-        add(view, tr("&Whole Plot"), Qt::CTRL | Qt::Key_0, chart, &Chart::showWhole);
-        add(view, tr("Copy &Picture"), Qt::CTRL | Qt::SHIFT | Qt::Key_P, m_statistics, &StatisticsView::copyPicture);
+        add(view, tr("&Whole Plot"), QKeySequence(QStringLiteral("Ctrl+0")), chart, &Chart::showWhole);
+        add(view, tr("Copy &Picture"), QKeySequence(QStringLiteral("Ctrl+Shift+P")), m_statistics,
+            &StatisticsView::copyPicture);
         add(view, tr("&Save Picture…"), QKeySequence::Save, m_statistics, &StatisticsView::savePicture);
     }
 }
