@@ -120,9 +120,11 @@ int labelsInto(int width)
 QwtScaleDiv wholePlaces(double from, double to, int most)
 {
     const double step = std::max(1.0, std::ceil((to - from) / most));
+    const double first = std::ceil(from);
+    const int last = static_cast<int>(std::floor((to - first) / step));
     QList<double> ticks;
-    for (double at = std::ceil(from); at <= to; at += step) {
-        ticks.append(at);
+    for (int i = 0; i <= last; ++i) {
+        ticks.append(first + i * step);
     }
     return QwtScaleDiv(from, to, {}, {}, ticks);
 }
