@@ -367,7 +367,7 @@ void tst_questions::findsBeginningsOfMany()
     for (int i = 0; i < 3500; ++i) {
         rows.append(like);
         rows.last().id = QUuid::createUuid();
-        rows.last().beginMs += i * 1000;
+        rows.last().beginMs += i * qint64{1000};
         rows.last().mac = QStringLiteral("60:60:1F:%1:00:00").arg(i % 64, 2, 16, QLatin1Char('0')).toUpper();
         rows.last().measurements.clear();
     }
