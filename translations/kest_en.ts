@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Chart</name>
+    <message>
+        <source>There are no plots in this program: it was built without Qwt. The table tells the same.</source>
+        <translation>There are no plots in this program: it was built without Qwt. The table tells the same.</translation>
+    </message>
+    <message>
+        <source>No data</source>
+        <translation>No data</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>--%1: &quot;%2&quot; is not a whole number of %3 or more</source>
@@ -136,6 +147,207 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>--serial: &quot;%1&quot; does not match Station/serialPattern=&quot;%2&quot;</source>
         <translation>--serial: &quot;%1&quot; does not match Station/serialPattern=&quot;%2&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>All time</source>
+        <translation>All time</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Today</translation>
+    </message>
+    <message>
+        <source>7 days</source>
+        <translation>7 days</translation>
+    </message>
+    <message>
+        <source>30 days</source>
+        <translation>30 days</translation>
+    </message>
+    <message>
+        <source>365 days</source>
+        <translation>365 days</translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation>From … to …</translation>
+    </message>
+    <message>
+        <source>&amp;MAC</source>
+        <translation>&amp;MAC</translation>
+    </message>
+    <message>
+        <source>60:60:1F or 60601f</source>
+        <translation>60:60:1F or 60601f</translation>
+    </message>
+    <message>
+        <source>Se&amp;rial</source>
+        <translation>Se&amp;rial</translation>
+    </message>
+    <message>
+        <source>&amp;Outcome</source>
+        <translation>&amp;Outcome</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>All</translation>
+    </message>
+    <message>
+        <source>F&amp;inding</source>
+        <translation>F&amp;inding</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>C&amp;lear</translation>
+    </message>
+    <message>
+        <source>&amp;Period</source>
+        <translation>&amp;Period</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>From</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>to</translation>
+    </message>
+    <message>
+        <source>S&amp;tation</source>
+        <translation>S&amp;tation</translation>
+    </message>
+    <message>
+        <source>&amp;Batch</source>
+        <translation>&amp;Batch</translation>
+    </message>
+    <message>
+        <source>Firm&amp;ware</source>
+        <translation>Firm&amp;ware</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Passed</source>
+        <translation>Passed</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Failed</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Stopped</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>Not tested</source>
+        <translation>Not tested</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryWindow</name>
+    <message>
+        <source>%1 – History</source>
+        <translation>%1 – History</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Run</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Unit</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>Statistics</translation>
+    </message>
+    <message>
+        <source>Try A&amp;gain</source>
+        <translation>Try A&amp;gain</translation>
+    </message>
+    <message>
+        <source>Runs, the latest one first</source>
+        <translation>Runs, the latest one first</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;History</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>&amp;Search</translation>
+    </message>
+    <message>
+        <source>&amp;Clear Filters</source>
+        <translation>&amp;Clear Filters</translation>
+    </message>
+    <message>
+        <source>&amp;Refresh</source>
+        <translation>&amp;Refresh</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Ru&amp;n</source>
+        <translation>Ru&amp;n</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder</source>
+        <translation>Open &amp;Folder</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Run</source>
+        <translation>&amp;Copy Run</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;View</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Zoom &amp;In</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Zoom &amp;Out</translation>
+    </message>
+    <message>
+        <source>&amp;Whole Plot</source>
+        <translation>&amp;Whole Plot</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Picture</source>
+        <translation>Copy &amp;Picture</translation>
+    </message>
+    <message>
+        <source>&amp;Save Picture…</source>
+        <translation>&amp;Save Picture…</translation>
+    </message>
+    <message>
+        <source>%1 runs so far</source>
+        <translation>%1 runs so far</translation>
+    </message>
+    <message>
+        <source>%1 runs</source>
+        <translation>%1 runs</translation>
     </message>
 </context>
 <context>
@@ -431,6 +643,17 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>results: %1</source>
         <translation>results: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Plots</name>
+    <message>
+        <source>first-pass yield</source>
+        <translation>first-pass yield</translation>
+    </message>
+    <message>
+        <source>final yield</source>
+        <translation>final yield</translation>
     </message>
 </context>
 <context>
@@ -1542,6 +1765,164 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
 </context>
 <context>
+    <name>RunTableModel</name>
+    <message>
+        <source>Begin</source>
+        <translation>Begin</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Outcome</translation>
+    </message>
+    <message>
+        <source>MAC</source>
+        <translation>MAC</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>Serial</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Finding</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>Batch</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Duration</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>Operator</translation>
+    </message>
+</context>
+<context>
+    <name>RunView</name>
+    <message>
+        <source>Outside</source>
+        <translation>Outside</translation>
+    </message>
+    <message>
+        <source>%1, %2 bytes, SHA-256 %3</source>
+        <translation>%1, %2 bytes, SHA-256 %3</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder</source>
+        <translation>Open &amp;Folder</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Run</source>
+        <translation>&amp;Copy Run</translation>
+    </message>
+    <message>
+        <source>The run</source>
+        <translation>The run</translation>
+    </message>
+    <message>
+        <source>Components, items and measurements of the run</source>
+        <translation>Components, items and measurements of the run</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Verdict</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Value</translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation>Limits</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Duration</translation>
+    </message>
+    <message>
+        <source>What the item reported</source>
+        <translation>What the item reported</translation>
+    </message>
+    <message>
+        <source>This run is not in the store any more.</source>
+        <translation>This run is not in the store any more.</translation>
+    </message>
+    <message>
+        <source>No run is chosen.</source>
+        <translation>No run is chosen.</translation>
+    </message>
+    <message>
+        <source>Outcome: %1</source>
+        <translation>Outcome: %1</translation>
+    </message>
+    <message>
+        <source>MAC</source>
+        <translation>MAC</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>Serial</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>Operator</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>Batch</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>This run has no folder below %1: which folder was chosen for results at its station?</source>
+        <translation>This run has no folder below %1: which folder was chosen for results at its station?</translation>
+    </message>
+    <message>
+        <source>There is no program to show %1</source>
+        <translation>There is no program to show %1</translation>
+    </message>
+    <message>
+        <source>This run has no folder below %1</source>
+        <translation>This run has no folder below %1</translation>
+    </message>
+    <message>
+        <source>The run is in the clipboard</source>
+        <translation>The run is in the clipboard</translation>
+    </message>
+</context>
+<context>
     <name>Safeguards</name>
     <message>
         <source>no component is ticked</source>
@@ -1707,6 +2088,101 @@ The last one: %2, %3</source>
         <translation>Runs so far: %1
 The last one: %2, %3</translation>
     </message>
+    <message>
+        <source>History of this camera</source>
+        <translation>History of this camera</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation>%1 cannot be started</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsView</name>
+    <message>
+        <source>Yield by day</source>
+        <translation>Yield by day</translation>
+    </message>
+    <message>
+        <source>Failures by item</source>
+        <translation>Failures by item</translation>
+    </message>
+    <message>
+        <source>Measurement</source>
+        <translation>Measurement</translation>
+    </message>
+    <message>
+        <source>Duration of runs</source>
+        <translation>Duration of runs</translation>
+    </message>
+    <message>
+        <source>All together</source>
+        <translation>All together</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>Batch</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>What the plot shows</source>
+        <translation>What the plot shows</translation>
+    </message>
+    <message>
+        <source>Copy Pict&amp;ure</source>
+        <translation>Copy Pict&amp;ure</translation>
+    </message>
+    <message>
+        <source>Save Picture &amp;As…</source>
+        <translation>Save Picture &amp;As…</translation>
+    </message>
+    <message>
+        <source>&amp;Diagram</source>
+        <translation>&amp;Diagram</translation>
+    </message>
+    <message>
+        <source>B&amp;y</source>
+        <translation>B&amp;y</translation>
+    </message>
+    <message>
+        <source>Left out: %1 groups with fewer runs or without a name.</source>
+        <translation>Left out: %1 groups with fewer runs or without a name.</translation>
+    </message>
+    <message>
+        <source>Of the latest %1 values.</source>
+        <translation>Of the latest %1 values.</translation>
+    </message>
+    <message>
+        <source>MAC, serial, outcome and finding do not count here.</source>
+        <translation>MAC, serial, outcome and finding do not count here.</translation>
+    </message>
+    <message>
+        <source>The picture is in the clipboard</source>
+        <translation>The picture is in the clipboard</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>Save Picture</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png)</source>
+        <translation>Pictures (*.png)</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Saved: %1</translation>
+    </message>
+    <message>
+        <source>%1 was not saved: %2</source>
+        <translation>%1 was not saved: %2</translation>
+    </message>
 </context>
 <context>
     <name>StoreAddress</name>
@@ -1817,6 +2293,73 @@ The last one: %2, %3</translation>
 </source>
         <translation>The screenshot could not be saved: %1: %2
 </translation>
+    </message>
+</context>
+<context>
+    <name>UnitView</name>
+    <message>
+        <source>Runs of the camera, the latest one first</source>
+        <translation>Runs of the camera, the latest one first</translation>
+    </message>
+    <message>
+        <source>What changed</source>
+        <translation>What changed</translation>
+    </message>
+    <message>
+        <source>Runs of the camera along time</source>
+        <translation>Runs of the camera along time</translation>
+    </message>
+    <message>
+        <source>The chosen run names no camera.</source>
+        <translation>The chosen run names no camera.</translation>
+    </message>
+    <message>
+        <source>%1: %2 runs</source>
+        <translation>%1: %2 runs</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Begin</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Outcome</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Finding</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>Operator</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>What</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>After</translation>
+    </message>
+    <message>
+        <source>What changed from its last pass (%1) to its first failure after it (%2):</source>
+        <translation>What changed from its last pass (%1) to its first failure after it (%2):</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>Chart</name>
+    <message>
+        <source>There are no plots in this program: it was built without Qwt. The table tells the same.</source>
+        <translation>本程序没有图表：构建时没有Qwt。表格的内容与图表相同。</translation>
+    </message>
+    <message>
+        <source>No data</source>
+        <translation>没有数据</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>--%1: &quot;%2&quot; is not a whole number of %3 or more</source>
@@ -136,6 +147,207 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>--serial: &quot;%1&quot; does not match Station/serialPattern=&quot;%2&quot;</source>
         <translation>--serial：“%1”不符合Station/serialPattern=&quot;%2&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>FilterBar</name>
+    <message>
+        <source>All time</source>
+        <translation>全部时间</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>今天</translation>
+    </message>
+    <message>
+        <source>7 days</source>
+        <translation>7天</translation>
+    </message>
+    <message>
+        <source>30 days</source>
+        <translation>30天</translation>
+    </message>
+    <message>
+        <source>365 days</source>
+        <translation>365天</translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation>从…到…</translation>
+    </message>
+    <message>
+        <source>&amp;MAC</source>
+        <translation>&amp;MAC</translation>
+    </message>
+    <message>
+        <source>60:60:1F or 60601f</source>
+        <translation>60:60:1F或60601f</translation>
+    </message>
+    <message>
+        <source>Se&amp;rial</source>
+        <translation>序列号(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Outcome</source>
+        <translation>结果(&amp;O)</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>F&amp;inding</source>
+        <translation>问题项(&amp;I)</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>清除(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Period</source>
+        <translation>时段(&amp;P)</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>从</translation>
+    </message>
+    <message>
+        <source>to</source>
+        <translation>到</translation>
+    </message>
+    <message>
+        <source>S&amp;tation</source>
+        <translation>工作站(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Batch</source>
+        <translation>批次(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Firm&amp;ware</source>
+        <translation>固件(&amp;W)</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Passed</source>
+        <translation>通过</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>未通过</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Not tested</source>
+        <translation>未检测</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryWindow</name>
+    <message>
+        <source>%1 – History</source>
+        <translation>%1 – 检测历史</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>检测</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>相机</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>统计</translation>
+    </message>
+    <message>
+        <source>Try A&amp;gain</source>
+        <translation>重试(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Runs, the latest one first</source>
+        <translation>检测记录，最新的在最前</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>历史(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>搜索(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear Filters</source>
+        <translation>清除筛选(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Refresh</source>
+        <translation>刷新(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Ru&amp;n</source>
+        <translation>检测(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder</source>
+        <translation>打开文件夹(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Run</source>
+        <translation>复制检测记录(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>查看(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>放大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>缩小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Whole Plot</source>
+        <translation>整个图表(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Picture</source>
+        <translation>复制图片(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Picture…</source>
+        <translation>保存图片(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>%1 runs so far</source>
+        <translation>目前%1次检测</translation>
+    </message>
+    <message>
+        <source>%1 runs</source>
+        <translation>%1次检测</translation>
     </message>
 </context>
 <context>
@@ -431,6 +643,17 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>results: %1</source>
         <translation>结果：%1</translation>
+    </message>
+</context>
+<context>
+    <name>Plots</name>
+    <message>
+        <source>first-pass yield</source>
+        <translation>一次通过率</translation>
+    </message>
+    <message>
+        <source>final yield</source>
+        <translation>最终通过率</translation>
     </message>
 </context>
 <context>
@@ -1542,6 +1765,164 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
 </context>
 <context>
+    <name>RunTableModel</name>
+    <message>
+        <source>Begin</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>MAC</source>
+        <translation>MAC</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>问题项</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>用时</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>操作员</translation>
+    </message>
+</context>
+<context>
+    <name>RunView</name>
+    <message>
+        <source>Outside</source>
+        <translation>超出限值</translation>
+    </message>
+    <message>
+        <source>%1, %2 bytes, SHA-256 %3</source>
+        <translation>%1，%2字节，SHA-256 %3</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder</source>
+        <translation>打开文件夹(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Run</source>
+        <translation>复制检测记录(&amp;C)</translation>
+    </message>
+    <message>
+        <source>The run</source>
+        <translation>这次检测</translation>
+    </message>
+    <message>
+        <source>Components, items and measurements of the run</source>
+        <translation>这次检测的部件、项目和测量值</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>判定</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>值</translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation>限值</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>用时</translation>
+    </message>
+    <message>
+        <source>What the item reported</source>
+        <translation>项目的报告</translation>
+    </message>
+    <message>
+        <source>This run is not in the store any more.</source>
+        <translation>这次检测已不在存储中。</translation>
+    </message>
+    <message>
+        <source>No run is chosen.</source>
+        <translation>没有选中检测记录。</translation>
+    </message>
+    <message>
+        <source>Outcome: %1</source>
+        <translation>结果：%1</translation>
+    </message>
+    <message>
+        <source>MAC</source>
+        <translation>MAC</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>操作员</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>This run has no folder below %1: which folder was chosen for results at its station?</source>
+        <translation>%1下没有这次检测的文件夹：该工作站选择了哪个结果文件夹？</translation>
+    </message>
+    <message>
+        <source>There is no program to show %1</source>
+        <translation>没有可以显示%1的程序</translation>
+    </message>
+    <message>
+        <source>This run has no folder below %1</source>
+        <translation>%1下没有这次检测的文件夹</translation>
+    </message>
+    <message>
+        <source>The run is in the clipboard</source>
+        <translation>检测记录已复制到剪贴板</translation>
+    </message>
+</context>
+<context>
     <name>Safeguards</name>
     <message>
         <source>no component is ticked</source>
@@ -1707,6 +2088,101 @@ The last one: %2, %3</source>
         <translation>已检测次数：%1
 最近一次：%2，%3</translation>
     </message>
+    <message>
+        <source>History of this camera</source>
+        <translation>此相机的检测历史</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation>无法启动%1</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsView</name>
+    <message>
+        <source>Yield by day</source>
+        <translation>每日通过率</translation>
+    </message>
+    <message>
+        <source>Failures by item</source>
+        <translation>各项目的失败次数</translation>
+    </message>
+    <message>
+        <source>Measurement</source>
+        <translation>测量值</translation>
+    </message>
+    <message>
+        <source>Duration of runs</source>
+        <translation>检测用时</translation>
+    </message>
+    <message>
+        <source>All together</source>
+        <translation>全部合计</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>What the plot shows</source>
+        <translation>图表的内容</translation>
+    </message>
+    <message>
+        <source>Copy Pict&amp;ure</source>
+        <translation>复制图片(&amp;U)</translation>
+    </message>
+    <message>
+        <source>Save Picture &amp;As…</source>
+        <translation>图片另存为(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>&amp;Diagram</source>
+        <translation>图表(&amp;D)</translation>
+    </message>
+    <message>
+        <source>B&amp;y</source>
+        <translation>分组(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Left out: %1 groups with fewer runs or without a name.</source>
+        <translation>略去：检测次数较少或没有名称的%1组。</translation>
+    </message>
+    <message>
+        <source>Of the latest %1 values.</source>
+        <translation>最近的%1个值。</translation>
+    </message>
+    <message>
+        <source>MAC, serial, outcome and finding do not count here.</source>
+        <translation>MAC、序列号、结果和问题项在此不起作用。</translation>
+    </message>
+    <message>
+        <source>The picture is in the clipboard</source>
+        <translation>图片已复制到剪贴板</translation>
+    </message>
+    <message>
+        <source>Save Picture</source>
+        <translation>保存图片</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png)</source>
+        <translation>图片(*.png)</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>已保存：%1</translation>
+    </message>
+    <message>
+        <source>%1 was not saved: %2</source>
+        <translation>%1未保存：%2</translation>
+    </message>
 </context>
 <context>
     <name>StoreAddress</name>
@@ -1817,6 +2293,73 @@ The last one: %2, %3</source>
 </source>
         <translation>无法保存截图：%1：%2
 </translation>
+    </message>
+</context>
+<context>
+    <name>UnitView</name>
+    <message>
+        <source>Runs of the camera, the latest one first</source>
+        <translation>此相机的检测记录，最新的在最前</translation>
+    </message>
+    <message>
+        <source>What changed</source>
+        <translation>变化</translation>
+    </message>
+    <message>
+        <source>Runs of the camera along time</source>
+        <translation>此相机各次检测的时间分布</translation>
+    </message>
+    <message>
+        <source>The chosen run names no camera.</source>
+        <translation>选中的检测记录没有相机的MAC地址。</translation>
+    </message>
+    <message>
+        <source>%1: %2 runs</source>
+        <translation>%1：%2次检测</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>问题项</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>操作员</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>之前</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>之后</translation>
+    </message>
+    <message>
+        <source>What changed from its last pass (%1) to its first failure after it (%2):</source>
+        <translation>从最后一次通过(%1)到其后第一次失败(%2)的变化：</translation>
     </message>
 </context>
 <context>

@@ -20,8 +20,8 @@ QString endOf(const QString &beginning)
 
 /// Up to so many runs are found by an index, and then sorted, sooner than by looking at one after the other until there
 /// are enough of them.
-constexpr int fewInIndex = 20'000;
-constexpr int fewInTable = 3'000; ///< where the index does not hold all that is asked of them
+constexpr int fewInIndex = 20000;
+constexpr int fewInTable = 3000; ///< where the index does not hold all that is asked of them
 
 /// The runs whose `column` begins with a text. Where they are few, the column's index finds them, and they are to be
 /// sorted; where they are many, the first ones in the order of time are found sooner by looking at all.

@@ -23,7 +23,7 @@
 
 namespace {
 constexpr int mostParts = 6;        ///< as many as colours can tell apart
-constexpr int mostValues = 100'000; ///< of a measurement: read within a blink, and more tell nothing else
+constexpr int mostValues = 100000; ///< of a measurement: read within a blink, and more tell nothing else
 
 enum class Plot { Yield, Failures, Distribution, Duration };
 
