@@ -415,8 +415,8 @@ std::optional<Measurement> readReportLine(int component, int item, const QString
 
 std::optional<Measurement> readLimitLine(const QString &line)
 {
-    const int colon = line.indexOf(QLatin1String(": "));
-    const int bracket = line.lastIndexOf(QLatin1String(" ("));
+    const auto colon = static_cast<int>(line.indexOf(QLatin1String(": ")));
+    const auto bracket = static_cast<int>(line.lastIndexOf(QLatin1String(" (")));
     if (colon < 0 || bracket <= colon || !line.endsWith(QLatin1Char(')'))) {
         return {};
     }
