@@ -22,7 +22,7 @@
 #include <tuple>
 
 namespace {
-constexpr int mostParts = 6;        ///< as many as colours can tell apart
+constexpr int mostParts = 6;       ///< as many as colours can tell apart
 constexpr int mostValues = 100000; ///< of a measurement: read within a blink, and more tell nothing else
 
 enum class Plot { Yield, Failures, Distribution, Duration };
