@@ -5,6 +5,7 @@
 HistoryReader::HistoryReader(const StoreAddress &address, QObject *parent)
     : QObject(parent), m_address(address), m_thread([this] { work(); })
 {
+    connect(this, &HistoryReader::answerWaits, this, &HistoryReader::giveAnswer, Qt::QueuedConnection);
 }
 
 HistoryReader::~HistoryReader()
@@ -46,6 +47,26 @@ HistoryReader::Task HistoryReader::take()
     };
     m_posted.wait(lock, [&] { return m_isEnding || next() != m_tasks.end(); });
     return m_isEnding ? Task() : std::exchange(*next(), nullptr);
+}
+
+void HistoryReader::handBack(Answer answer)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_answers.push_back(std::move(answer));
+    }
+    emit answerWaits(QPrivateSignal());
+}
+
+void HistoryReader::giveAnswer()
+{
+    Answer answer;
+    {
+        const std::lock_guard lock(m_mutex);
+        answer = std::move(m_answers.front());
+        m_answers.pop_front();
+    }
+    answer();
 }
 
 void HistoryReader::work()

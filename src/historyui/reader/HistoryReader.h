@@ -52,27 +52,23 @@ public:
     {
         const quint64 number = ++m_asked[index(topic)];
         post(topic, [this, topic, number, question, take](Store *store, const StoreError &trouble) {
-            using Answer = decltype(question(*store));
-            Answer answer;
+            decltype(question(*store)) answer;
             StoreError error = trouble;
             if (store != nullptr) {
                 answer = question(*store);
                 error = answer ? StoreError() : store->error();
             }
-            QMetaObject::invokeMethod(
-                this,
-                [this, topic, number, take, answer = std::move(answer), error] {
-                    if (m_asked[index(topic)] != number) {
-                        return; // stale
-                    }
-                    if (answer) {
-                        emit answered();
-                        take(*answer);
-                    } else {
-                        emit failed(error);
-                    }
-                },
-                Qt::QueuedConnection);
+            handBack([this, topic, number, take, answer = std::move(answer), error] {
+                if (m_asked[index(topic)] != number) {
+                    return; // stale
+                }
+                if (answer) {
+                    emit answered();
+                    take(*answer);
+                } else {
+                    emit failed(error);
+                }
+            });
             return !error.isError();
         });
     }
@@ -86,16 +82,22 @@ signals:
     void answered();
     /// The store did not do what it was asked; the next question opens it anew.
     void failed(const StoreError &error);
+    /// From the reader's thread to its owner's, for each answer.
+    void answerWaits(QPrivateSignal);
 
 private:
     /// False: the store is better opened anew.
     using Task = std::function<bool(Store *store, const StoreError &trouble)>;
+    /// A task's answer, to be called on the owner's thread.
+    using Answer = std::function<void()>;
 
     static std::size_t index(Topic topic) { return static_cast<std::size_t>(topic); }
     void post(Topic topic, Task task);
     void work();
     /// The next task; none at the end.
     Task take();
+    void handBack(Answer answer);
+    void giveAnswer();
 
     const StoreAddress m_address;
     std::array<quint64, topics> m_asked{};
@@ -103,6 +105,7 @@ private:
     std::mutex m_mutex; ///< guards what follows
     std::condition_variable m_posted;
     std::array<Task, topics> m_tasks;
+    std::deque<Answer> m_answers;
     bool m_isEnding = false;
 
     std::thread m_thread; ///< last: it uses all of these
