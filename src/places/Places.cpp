@@ -32,7 +32,7 @@ Places::Places(const QString &programFolder)
 const Places &Places::ofProgram()
 {
     static const Places places = [] {
-        const Places found(QCoreApplication::applicationDirPath());
+        Places found(QCoreApplication::applicationDirPath());
         QDir().mkpath(found.state());
         return found;
     }();
