@@ -122,7 +122,7 @@ QJsonValue lasting(const QJsonValue &value)
     if (value.isArray()) {
         QJsonArray kept;
         const QJsonArray entries = value.toArray();
-        for (const QJsonValue entry : entries) {
+        for (const QJsonValue &entry : entries) {
             kept.append(lasting(entry));
         }
         return kept;

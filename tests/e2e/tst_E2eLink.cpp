@@ -379,7 +379,7 @@ std::vector<Story> eachStories()
             return QString();
         };
         for (int i = 0; i < 10; ++i) {
-            const QString problem = test({"60:60:1f:0b:5f:0" + QByteArray::number(i), i % 4 != 2});
+            QString problem = test({"60:60:1f:0b:5f:0" + QByteArray::number(i), i % 4 != 2});
             if (!problem.isEmpty()) {
                 return problem;
             }
@@ -388,7 +388,7 @@ std::vector<Story> eachStories()
         if (!scene.station.debugOutput().waitFor("sConnectIp", attempts + 1)) {
             return QStringLiteral("the loss of the last camera is not noticed");
         }
-        const QString problem = test({"60:60:1f:0b:5f:09", true});
+        QString problem = test({"60:60:1f:0b:5f:09", true});
         scene.station.signal(SIGINT); // no run is under way
         return problem;
     };
