@@ -86,7 +86,7 @@ void tst_recordLines::reads()
 
 void tst_recordLines::refusesALineThatIsTooLong()
 {
-    constexpr qint64 longest = 1024 * 1024;
+    constexpr qint64 longest = qint64{1024} * 1024;
     const QByteArray line = toJson(exampleRecord(), JsonLayout::Line);
     QByteArray content = QByteArray(longest + 100, 'x') + '\n' + line;
     QBuffer device(&content);

@@ -144,8 +144,8 @@ void tst_runFolders::records_data()
     QTest::addColumn<bool>("isRun");
     QTest::addColumn<int>("outcome");
     QTest::addColumn<QString>("reason");
-    const auto row = [](const char *title, const char *content, bool isRun, Outcome outcome, const char *reason) {
-        QTest::newRow(title) << QByteArray(content) << isRun << static_cast<int>(outcome) << QString::fromUtf8(reason);
+    const auto row = [](const char *title, const QByteArray &content, bool isRun, Outcome outcome, const char *reason) {
+        QTest::newRow(title) << content << isRun << static_cast<int>(outcome) << QString::fromUtf8(reason);
     };
     row("passed", "[Camera]:\n相机视频流OK\n\n", true, Outcome::Passed, "");
     row("failed", "[Camera]:\n相机视频流NG\n\n[Lens]:\n相机镜头连接失败\n\n", true, Outcome::Failed,
@@ -154,7 +154,7 @@ void tst_runFolders::records_data()
     row("a warning that does not", "[PCBA]:\n云台主控板工厂未检测\n\n", true, Outcome::Passed, "");
     row("stopped before the first item", "[Battery]:\n\n", true, Outcome::Stopped, "");
     row("nothing of a run", "", false, Outcome::Error, "");
-    row("no log", "\xFF\xFE\x00garbage", false, Outcome::Error, "");
+    row("no log", QByteArray("\xFF\xFE") + '\0' + "garbage", false, Outcome::Error, "");
 }
 
 void tst_runFolders::records()
