@@ -327,6 +327,7 @@ void tst_HistoryWriter::severalStationsShareAStore()
     {
         Told told;
         std::vector<std::unique_ptr<HistoryWriter>> writers;
+        writers.reserve(stations);
         for (int i = 0; i < stations; ++i) {
             writers.push_back(std::make_unique<HistoryWriter>(StoreAddress::file(path()), told.listener()));
         }

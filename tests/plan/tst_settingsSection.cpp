@@ -49,7 +49,8 @@ void tst_settingsSection::readsLines()
     QCOMPARE(file.write(content), content.size());
     file.close();
     Lines lines;
-    for (const SettingsLine &line : readSettingsSection(file.fileName(), QStringLiteral("RunPlan"))) {
+    const QList<SettingsLine> read = readSettingsSection(file.fileName(), QStringLiteral("RunPlan"));
+    for (const SettingsLine &line : read) {
         lines.append({line.key, line.value});
     }
     QTEST(lines, "lines");
