@@ -265,8 +265,8 @@ void tst_RunnerSteps::tasksAreSeparatedByThePause()
     }
     post(plan);
     finish();
-    QVERIFY2(clock.elapsed() >= tasks * 100, qPrintable(QString::number(clock.elapsed())));
-    QVERIFY2(clock.elapsed() < tasks * 250, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() >= qint64{tasks} * 100, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < qint64{tasks} * 250, qPrintable(QString::number(clock.elapsed())));
 }
 
 void tst_RunnerSteps::requestIsSeenWithinThePoll()
@@ -297,14 +297,15 @@ void tst_RunnerSteps::endOfARunInItsOrder()
             QFile::exists(logPath()) ? QStringLiteral("log") : QStringLiteral("no log"));
     };
     QStringList states;
+    const QObject here; // ends the connections before what they capture
     connect(
-        face, &Face::signal_setButtonEnable, this,
+        face, &Face::signal_setButtonEnable, &here,
         [&](bool enabled) {
             states.append((enabled ? QStringLiteral("enabled: ") : QStringLiteral("disabled: ")) + state());
         },
         Qt::DirectConnection);
     connect(
-        face, &Face::signal_showCheckResult, this, [&](bool) { states.append(QStringLiteral("result: ") + state()); },
+        face, &Face::signal_showCheckResult, &here, [&](bool) { states.append(QStringLiteral("result: ") + state()); },
         Qt::DirectConnection);
     post({{componentId::camera, {0}}, {componentId::battery, {0}}});
     finish();
@@ -411,8 +412,9 @@ void tst_RunnerSteps::stopRequestStopsAtTheTaskBoundary()
 void tst_RunnerSteps::stoppedRunHasNoResult()
 {
     QList<RunRecord> records;
+    const QObject here; // ends the connections before what they capture
     connect(
-        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
         [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
     work = [](const QList<int> &) {
         Face::Get()->run.stop();
@@ -710,8 +712,9 @@ void tst_RunnerSteps::recordIsHandedOutOnceBeforeTheRunCounts()
 {
     QList<RunRecord> records;
     QStringList states;
+    const QObject here; // ends the connections before what they capture
     connect(
-        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
         [&](const RunRecord &record) {
             records.append(record);
             states.append(QStringLiteral("%1 runs, %2, %3")
@@ -746,8 +749,9 @@ void tst_RunnerSteps::recordIsHandedOutOnceBeforeTheRunCounts()
 void tst_RunnerSteps::recordOfAStoppedRun()
 {
     QList<RunRecord> records;
+    const QObject here; // ends the connections before what they capture
     connect(
-        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
         [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
     work = [](const QList<int> &) {
         Face::Get()->requestStop();
@@ -778,8 +782,9 @@ void tst_RunnerSteps::filesAreReadOnlyForARecord()
     finish();
 
     QList<RunRecord> records;
+    const QObject here; // ends the connections before what they capture
     connect(
-        m_runner.get(), &KestDetectorRt::signal_runRecorded, this,
+        m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
         [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
     post({{componentId::log, {0}}});
     QTRY_VERIFY(m_events.count(QStringLiteral("enabled")) == 2); // nobody waits for the file
