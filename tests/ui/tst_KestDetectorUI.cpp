@@ -1042,12 +1042,8 @@ void tst_KestDetectorUI::wholeRunByKeyboard()
         }
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     } while (QApplication::focusWidget() != first && reached.size() < 100);
-    QStringList wanted = allBoxes();
-    wanted << "tbStart"
-           << "tbSavePath"
-           << "tbChooseAll"
-           << "tbNotChooseAll"
-           << "twCheckedLog";
+    const QStringList wanted =
+        allBoxes() + QStringList{"tbStart", "tbSavePath", "tbChooseAll", "tbNotChooseAll", "twCheckedLog"};
     for (const QString &name : wanted) {
         QVERIFY2(reached.contains(name), qPrintable(name));
     }
@@ -1267,7 +1263,8 @@ void tst_KestDetectorUI::otherCameraClearsTheResults()
     emit Face::Get()->signal_setMacAddress(macs.first());
     showResults();
     Face::Get()->notices.tell(Notices::results(QStringLiteral("/data")));
-    for (const QString &mac : macs.mid(1)) {
+    const QStringList others = macs.mid(1);
+    for (const QString &mac : others) {
         emit Face::Get()->signal_setMacAddress(mac);
     }
     QCOMPARE(Face::Get()->notices.current().isEmpty(), cleared);
