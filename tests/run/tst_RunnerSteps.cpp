@@ -300,12 +300,13 @@ void tst_RunnerSteps::endOfARunInItsOrder()
     const QObject here; // ends the connections before what they capture
     connect(
         face, &Face::signal_setButtonEnable, &here,
-        [&](bool enabled) {
-            states.append((enabled ? QStringLiteral("enabled: ") : QStringLiteral("disabled: ")) + state());
+        [state, states = &states](bool enabled) {
+            states->append((enabled ? QStringLiteral("enabled: ") : QStringLiteral("disabled: ")) + state());
         },
         Qt::DirectConnection);
     connect(
-        face, &Face::signal_showCheckResult, &here, [&](bool) { states.append(QStringLiteral("result: ") + state()); },
+        face, &Face::signal_showCheckResult, &here,
+        [state, states = &states](bool) { states->append(QStringLiteral("result: ") + state()); },
         Qt::DirectConnection);
     post({{componentId::camera, {0}}, {componentId::battery, {0}}});
     finish();
@@ -415,7 +416,7 @@ void tst_RunnerSteps::stoppedRunHasNoResult()
     const QObject here; // ends the connections before what they capture
     connect(
         m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
-        [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
+        [records = &records](const RunRecord &record) { records->append(record); }, Qt::DirectConnection);
     work = [](const QList<int> &) {
         Face::Get()->run.stop();
         return 3;
@@ -715,11 +716,11 @@ void tst_RunnerSteps::recordIsHandedOutOnceBeforeTheRunCounts()
     const QObject here; // ends the connections before what they capture
     connect(
         m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
-        [&](const RunRecord &record) {
-            records.append(record);
-            states.append(QStringLiteral("%1 runs, %2, %3")
-                              .arg(QString::number(m_runner->finishedRuns()),
-                                   QString::fromUtf8(savedLog()).simplified(), m_events.constLast()));
+        [this, records = &records, states = &states](const RunRecord &record) {
+            records->append(record);
+            states->append(QStringLiteral("%1 runs, %2, %3")
+                               .arg(QString::number(m_runner->finishedRuns()),
+                                    QString::fromUtf8(savedLog()).simplified(), m_events.constLast()));
         },
         Qt::DirectConnection);
     work = [](const QList<int> &items) { return items.constFirst(); };
@@ -752,7 +753,7 @@ void tst_RunnerSteps::recordOfAStoppedRun()
     const QObject here; // ends the connections before what they capture
     connect(
         m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
-        [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
+        [records = &records](const RunRecord &record) { records->append(record); }, Qt::DirectConnection);
     work = [](const QList<int> &) {
         Face::Get()->requestStop();
         return 0;
@@ -785,7 +786,7 @@ void tst_RunnerSteps::filesAreReadOnlyForARecord()
     const QObject here; // ends the connections before what they capture
     connect(
         m_runner.get(), &KestDetectorRt::signal_runRecorded, &here,
-        [&](const RunRecord &record) { records.append(record); }, Qt::DirectConnection);
+        [records = &records](const RunRecord &record) { records->append(record); }, Qt::DirectConnection);
     post({{componentId::log, {0}}});
     QTRY_VERIFY(m_events.count(QStringLiteral("enabled")) == 2); // nobody waits for the file
     QFile writer(pipe);
