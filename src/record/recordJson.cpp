@@ -302,7 +302,8 @@ private:
 
     static bool read(const QJsonValue &json, const Place &, QString *text)
     {
-        *text = json.toString();
+        // Qt makes half a pair of surrogates of some wrong escapes; as text, that is the replacement character.
+        *text = QString::fromUtf8(json.toString().toUtf8());
         return json.isString();
     }
 
