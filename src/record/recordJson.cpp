@@ -303,7 +303,10 @@ private:
     static bool read(const QJsonValue &json, const Place &, QString *text)
     {
         // Qt makes half a pair of surrogates of some wrong escapes; as text, that is the replacement character.
-        *text = QString::fromUtf8(json.toString().toUtf8());
+        *text = json.toString();
+        if (!text->isValidUtf16()) {
+            *text = QString::fromUtf8(text->toUtf8());
+        }
         return json.isString();
     }
 
