@@ -655,6 +655,9 @@ void tst_WindowLayout::refusedStartIsReadWhole()
     QTRY_VERIFY(isWhole() || !whole);
     QTRY_COMPARE(clipped(), QStringList());
     QCOMPARE(window.size(), size);
+    window.resize(size + QSize(40, 0)); // everything is laid out anew, whether the notice asked for it or not
+    QTRY_COMPARE(clipped(), QStringList());
+    QVERIFY(isWhole() || !whole);
 
     notices.withdrawRun();
     QTRY_COMPARE(bar->height(), height);

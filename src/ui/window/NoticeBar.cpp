@@ -51,6 +51,11 @@ NoticeBar::NoticeBar(Notices *notices, QWidget *parent)
     refresh();
 }
 
+bool NoticeBar::hasHeightForWidth() const
+{
+    return false;
+}
+
 void NoticeBar::refresh()
 {
     QStringList texts;
@@ -94,13 +99,16 @@ int NoticeBar::linesToSpare() const
 
 void NoticeBar::takeLines()
 {
-    const QFontMetrics metrics = m_text->fontMetrics();
+    const auto heightOf = [this](const QString &text) {
+        const QRect column(0, 0, m_text->width(), QWIDGETSIZE_MAX);
+        return m_text->fontMetrics().boundingRect(column, Qt::TextWordWrap, text).height();
+    };
     const int most = qMin(mostLines, linesToSpare());
     int height = 0;
     if (m_mayWrap && most > 1) {
-        const QRect column(0, 0, m_text->width(), QWIDGETSIZE_MAX);
-        const int needed = metrics.boundingRect(column, Qt::TextWordWrap, m_text->text()).height();
-        height = needed > metrics.height() ? qMin(needed, most * metrics.lineSpacing()) : 0;
+        const int needed = heightOf(m_text->text());
+        const int granted = heightOf(QStringLiteral("M") + QStringLiteral("\nM").repeated(most - 1));
+        height = needed > m_text->fontMetrics().height() ? qMin(needed, granted) : 0;
     }
     setMinimumHeight(height);
 }

@@ -20,6 +20,10 @@ public:
     /// `notices` outlives the bar.
     explicit NoticeBar(Notices *notices, QWidget *parent = nullptr);
 
+    /// No: a layout would grant a text that wraps its full height and take it from what stands above. The bar asks for
+    /// what the window can spare, as its minimum.
+    bool hasHeightForWidth() const override;
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
