@@ -2,6 +2,7 @@
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/Safeguards.h"
 #include "detector/store/verdict.h"
+#include "record/itemKeys.h"
 
 #include <QTest>
 
@@ -173,8 +174,8 @@ void tst_Safeguards::countsAsTested()
 {
     const QList<int> tested{componentId::camera, componentId::gimbal, componentId::battery, componentId::lens,
                             componentId::tfCard, componentId::pcba,   componentId::log};
-    for (int component = componentId::camera; component <= componentId::log; ++component) {
-        QCOMPARE(Safeguards::countsAsTested(component), tested.contains(component));
+    for (const ComponentKey &component : componentKeys) {
+        QVERIFY2(Safeguards::countsAsTested(component.id) == tested.contains(component.id), component.key);
     }
 }
 
