@@ -3,6 +3,7 @@
 #include "record/itemKeys.h"
 
 #include <algorithm>
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
@@ -19,6 +20,7 @@ class tst_logLines : public QObject
 private slots:
     void headings_data();
     void headings();
+    void namesWhateverLeavesLines();
     void verdicts_data();
     void verdicts();
     void measurements_data();
@@ -27,9 +29,24 @@ private slots:
     void limits();
     void knowsWhatTheChecksWrite_data();
     void knowsWhatTheChecksWrite();
+    void readsEverySourceOfTheChecks();
 };
 
 namespace {
+struct CheckSource
+{
+    const char *title;
+    const char *file; ///< below src/detector/checks
+    int component;
+    int least; ///< texts with a line break that it has
+};
+
+constexpr CheckSource checkSources[] = {
+    {"camera", "cameraChecks.cpp", 0, 24},   {"gimbal", "gimbalChecks.cpp", 1, 21},
+    {"battery", "batteryChecks.cpp", 2, 20}, {"lens", "lensChecks.cpp", 5, 3},
+    {"card", "tfCardChecks.cpp", 6, 10},     {"main board", "pcbaChecks.cpp", 8, 18},
+};
+
 /// Whether `line` is read as `written`, which is a line of the component or a form for one.
 bool meansTheSame(int component, QString line, const QString &written)
 {
@@ -79,6 +96,23 @@ void tst_logLines::headings()
     QFETCH(QString, line);
     QFETCH(int, component);
     QCOMPARE(componentOfHeading(line).value_or(-1), component);
+}
+
+void tst_logLines::namesWhateverLeavesLines()
+{
+    const QStringList noBlock{QStringLiteral("fan"), QStringLiteral("button"), QStringLiteral("audio"),
+                              QStringLiteral("log")};
+    for (const ComponentKey &component : componentKeys) {
+        const bool leavesNone = noBlock.contains(QLatin1String(component.key));
+        QVERIFY2(componentHeadingName(component.id).isEmpty() == leavesNone, component.key);
+    }
+    const QStringList onlyNamed{QStringLiteral("battery.charging"), QStringLiteral("lens.status"),
+                                QStringLiteral("pcba.lensDriver")};
+    for (const ItemKey &item : itemKeys) {
+        const bool leavesNone =
+            noBlock.contains(componentKey(item.component)) || onlyNamed.contains(QLatin1String(item.key));
+        QVERIFY2(loggedItemName(item.component, item.number).isEmpty() == leavesNone, item.key);
+    }
 }
 
 void tst_logLines::verdicts_data()
@@ -223,12 +257,9 @@ void tst_logLines::knowsWhatTheChecksWrite_data()
     QTest::addColumn<int>("component");
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("least");
-    QTest::newRow("camera") << 0 << QStringLiteral("cameraChecks.cpp") << 24;
-    QTest::newRow("gimbal") << 1 << QStringLiteral("gimbalChecks.cpp") << 21;
-    QTest::newRow("battery") << 2 << QStringLiteral("batteryChecks.cpp") << 20;
-    QTest::newRow("lens") << 5 << QStringLiteral("lensChecks.cpp") << 3;
-    QTest::newRow("card") << 6 << QStringLiteral("tfCardChecks.cpp") << 10;
-    QTest::newRow("main board") << 8 << QStringLiteral("pcbaChecks.cpp") << 18;
+    for (const CheckSource &source : checkSources) {
+        QTest::newRow(source.title) << source.component << QString::fromLatin1(source.file) << source.least;
+    }
 }
 
 /// Every text with a line break in a check's source is a verdict or a line of a report, and so are its translations.
@@ -251,6 +282,18 @@ void tst_logLines::knowsWhatTheChecksWrite()
         }
     }
     QVERIFY2(seen >= least, qPrintable(QString::number(seen)));
+}
+
+/// The placeholders write nothing.
+void tst_logLines::readsEverySourceOfTheChecks()
+{
+    QStringList read{QStringLiteral("placeholderChecks.cpp")};
+    for (const CheckSource &source : checkSources) {
+        read.append(QString::fromLatin1(source.file));
+    }
+    read.sort();
+    const QDir checks(QStringLiteral(KEST_PROJECT "/src/detector/checks"));
+    QCOMPARE(read, checks.entryList({QStringLiteral("*Checks.cpp")}, QDir::Files, QDir::Name));
 }
 
 QTEST_APPLESS_MAIN(tst_logLines)
