@@ -1,4 +1,7 @@
 #include "app/station/CommandLine.h"
+#include "detector/store/checkHelpers.h"
+#include "language/everyLanguage.h"
+#include "record/itemKeys.h"
 #include "support/fileContent.h"
 
 #include <QRegularExpression>
@@ -15,7 +18,8 @@ private slots:
     void allNamesEveryBox();
     void helpNamesEveryOption();
     void manualNamesWhatTheHelpDoes();
-    void manualAndCompletionNameEveryComponent();
+    void documentsNameEveryComponent_data();
+    void documentsNameEveryComponent();
     void versionIsTold();
     void itemsOfAComponent();
     void recordOptions();
@@ -77,7 +81,8 @@ void tst_CommandLine::helpNamesEveryOption()
 
 void tst_CommandLine::manualNamesWhatTheHelpDoes()
 {
-    const QByteArray manual = fileContent(QStringLiteral(KEST_PACKAGING "/man/KestDetector.1.in")).replace("\\-", "-");
+    const QByteArray manual =
+        fileContent(QStringLiteral(KEST_PROJECT "/packaging/man/KestDetector.1.in")).replace("\\-", "-");
     static const QRegularExpression option(QStringLiteral("--[a-z-]+"));
     const QString help = parse(QStringLiteral("--help")).message;
     int options = 0;
@@ -88,14 +93,36 @@ void tst_CommandLine::manualNamesWhatTheHelpDoes()
     QVERIFY(options > 0);
 }
 
-void tst_CommandLine::manualAndCompletionNameEveryComponent()
+/// In the order in which a run tests them; the window's boxes in the words of the window.
+void tst_CommandLine::documentsNameEveryComponent_data()
 {
-    const QString known = parse(QStringLiteral("--run nonsense")).message.section(QStringLiteral("any of: "), 1);
-    QVERIFY(known.startsWith(QLatin1String("camera, ")));
-    const QByteArray manual = fileContent(QStringLiteral(KEST_PACKAGING "/man/KestDetector.1.in"));
-    QVERIFY(manual.contains('\n' + known.toLatin1() + ".\n"));
-    const QByteArray completion = fileContent(QStringLiteral(KEST_PACKAGING "/completions/KestDetector"));
-    QVERIFY(completion.contains("'all " + known.toLatin1().replace(", ", " ") + '\''));
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("list");
+
+    const QStringList keys = parse(QStringLiteral("--run nonsense"))
+                                 .message.section(QStringLiteral("any of: "), 1)
+                                 .split(QStringLiteral(", "));
+    QStringList names;
+    QStringList chineseNames;
+    for (const QString &key : keys) {
+        names.append(getComponent(componentOfKey(key).value_or(-1)));
+        chineseNames.append(textInEveryLanguage("QObject", names.constLast()).constLast());
+    }
+    QTest::newRow("manual page") << "packaging/man/KestDetector.1.in"
+                                 << QStringLiteral("\n%1.\n").arg(keys.join(QStringLiteral(", ")));
+    QTest::newRow("completion") << "packaging/completions/KestDetector"
+                                << QStringLiteral("'all %1'").arg(keys.join(QLatin1Char(' ')));
+    QTest::newRow("options") << "docs/using.md" << QStringLiteral("`%1`").arg(keys.join(QStringLiteral("`, `")));
+    QTest::newRow("boxes") << "README.md" << QStringLiteral(" %1.").arg(names.join(QStringLiteral(", ")));
+    QTest::newRow("boxes, in Chinese") << "README.zh_CN.md"
+                                       << QStringLiteral("：%1。").arg(chineseNames.join(QStringLiteral("、")));
+}
+
+void tst_CommandLine::documentsNameEveryComponent()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QString, list);
+    QVERIFY2(QString::fromUtf8(fileContent(QStringLiteral(KEST_PROJECT "/") + file)).contains(list), qPrintable(list));
 }
 
 void tst_CommandLine::itemsOfAComponent()
