@@ -4,7 +4,7 @@
 #include <QString>
 #include <QtGlobal>
 
-/// The component's display name, translated; empty for an id outside 0 to 9.
+/// The component's display name, translated; empty for an id that there is not.
 QString getComponent(int index);
 
 /// The positions, in ascending order, of the status bits that are examined (`statusBitList`) and differ from what is
