@@ -302,11 +302,7 @@ private:
 
     static bool read(const QJsonValue &json, const Place &, QString *text)
     {
-        // Qt makes half a pair of surrogates of some wrong escapes; as text, that is the replacement character.
-        *text = json.toString();
-        if (!text->isValidUtf16()) {
-            *text = QString::fromUtf8(text->toUtf8());
-        }
+        *text = wellFormed(json.toString()); // an escape may name half a pair of surrogates
         return json.isString();
     }
 
@@ -338,14 +334,12 @@ private:
         return readWhole(json, -largestExact, largestExact, number);
     }
 
-    static bool read(const QJsonValue &json, const Place &, MeasuredValue *value)
+    static bool read(const QJsonValue &json, const Place &place, MeasuredValue *value)
     {
         if (json.isString()) {
-            *value = json.toString();
-        } else {
-            *value = json.toDouble();
+            return read(json, place, &value->emplace<QString>());
         }
-        return json.isString() || json.isDouble();
+        return read(json, place, &value->emplace<double>());
     }
 
     static bool read(const QJsonValue &json, const Place &, std::chrono::microseconds *duration)

@@ -53,6 +53,8 @@ private slots:
     void readsBackWhatItWrote();
     void keepsHostileTexts_data();
     void keepsHostileTexts();
+    void readsHalfACharacterAsReplacement_data();
+    void readsHalfACharacterAsReplacement();
     void writesWhatIsNotFiniteAsText();
     void refusesWhatIsNoRecord_data();
     void refusesWhatIsNoRecord();
@@ -185,6 +187,32 @@ void tst_recordJson::keepsHostileTexts()
     const ProgramEnd valid = runOutside(python, {validator, schema, file});
     QCOMPARE(valid.output, QString());
     QCOMPARE(valid.exitCode, 0);
+}
+
+void tst_recordJson::readsHalfACharacterAsReplacement_data()
+{
+    QTest::addColumn<QByteArray>("escaped");
+    QTest::addColumn<QString>("text");
+    const QString replacement = QChar(QChar::ReplacementCharacter);
+    QTest::newRow("the first half") << QByteArray(R"(\ud83d)") << replacement;
+    QTest::newRow("the second half") << QByteArray(R"(\ude00)") << replacement;
+    QTest::newRow("the first half before a letter") << QByteArray(R"(\ud83dx)") << replacement + QLatin1Char('x');
+    QTest::newRow("the halves in the wrong order") << QByteArray(R"(\ude00\ud83d)") << replacement + replacement;
+    QTest::newRow("both halves") << QByteArray(R"(\ud83d\ude00)") << QString::fromUtf8("\xF0\x9F\x98\x80");
+}
+
+void tst_recordJson::readsHalfACharacterAsReplacement()
+{
+    QFETCH(const QByteArray, escaped);
+    QFETCH(const QString, text);
+    const QByteArray json = toJson(recordWithText(QStringLiteral("@"))).replace("@", escaped);
+    QString error;
+    const std::optional<RunRecord> read = fromJson(json, &error);
+    QVERIFY2(read.has_value(), qPrintable(error));
+    QVERIFY(*read == recordWithText(text));
+    const std::optional<RunRecord> again = fromJson(toJson(*read), &error);
+    QVERIFY2(again.has_value(), qPrintable(error));
+    QVERIFY(*again == *read);
 }
 
 void tst_recordJson::writesWhatIsNotFiniteAsText()
