@@ -247,6 +247,7 @@ void tst_CommandLine::wrongUsage_data()
     row("each camera, and in time", "--run all --each --connect-timeout 9",
         "--connect-timeout does not go with --each");
     row("each camera, and one picture", "--run all --each --screenshot a.png", "--screenshot does not go with --each");
+    row("each camera, and one serial number", "--run all --each --serial KD1", "--serial does not go with --each");
     row("unknown language", "--language de --run all", "--language: \"de\" is neither en nor zh_CN");
     row("negative close time", "--run all --close-after -1",
         "--close-after: \"-1\" is not a whole number of 0 or more");

@@ -187,7 +187,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     const QStringList errors{
         readComponents(parser.value(runOption), &line),
         recordFilesProblem(parser, jsonOption, junitOption),
-        eachProblem(parser, eachOption, {repeatOption, timeoutOption, screenshotOption}),
+        eachProblem(parser, eachOption, {repeatOption, timeoutOption, screenshotOption, serialOption}),
         readNumber(parser, timeoutOption, 1, &line.connectTimeoutSeconds),
         readNumber(parser, repeatOption, 1, &line.repeat),
         readNumber(parser, closeAfterOption, 0, &line.closeAfterMs),
