@@ -341,13 +341,19 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
         <source>&amp;Save Picture…</source>
         <translation>&amp;Save Picture…</translation>
     </message>
-    <message>
-        <source>%1 runs so far</source>
-        <translation>%1 runs so far</translation>
+    <message numerus="yes">
+        <source>%Ln runs so far</source>
+        <translation>
+            <numerusform>%Ln run so far</numerusform>
+            <numerusform>%Ln runs so far</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 runs</source>
-        <translation>%1 runs</translation>
+    <message numerus="yes">
+        <source>%Ln runs</source>
+        <translation>
+            <numerusform>%Ln run</numerusform>
+            <numerusform>%Ln runs</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -654,6 +660,172 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>final yield</source>
         <translation>final yield</translation>
+    </message>
+    <message>
+        <source>runs</source>
+        <translation>runs</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n run</numerusform>
+            <numerusform>%n runs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 runs (%2 passed, %3 failed, %4 stopped, %5 errors) of %6 cameras. First-pass yield %7, final yield %8</source>
+        <translation>Runs: %1 (%2 passed, %3 failed, %4 stopped, %5 without answer). Cameras: %6. First-pass yield %7, final yield %8</translation>
+    </message>
+    <message>
+        <source>Yield by day</source>
+        <translation>Yield by day</translation>
+    </message>
+    <message>
+        <source>Yield of cameras</source>
+        <translation>Yield of cameras</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Day</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Runs</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>Passed</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Failed</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>Cameras</translation>
+    </message>
+    <message>
+        <source>First-pass yield</source>
+        <translation>First-pass yield</translation>
+    </message>
+    <message>
+        <source>Final yield</source>
+        <translation>Final yield</translation>
+    </message>
+    <message>
+        <source>Failures by item</source>
+        <translation>Failures by item</translation>
+    </message>
+    <message>
+        <source>Failed runs</source>
+        <translation>Failed runs</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>Ran</source>
+        <translation>Ran</translation>
+    </message>
+    <message>
+        <source>Warned</source>
+        <translation>Warned</translation>
+    </message>
+    <message>
+        <source>Failed of those that ran</source>
+        <translation>Failed of those that ran</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>failed</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: failed in %2 of %n runs</source>
+        <translation>
+            <numerusform>%1: failed in %2 of %n run</numerusform>
+            <numerusform>%1: failed in %2 of %n runs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Duration of runs by day</source>
+        <translation>Duration of runs by day</translation>
+    </message>
+    <message>
+        <source>Mean duration, s</source>
+        <translation>Mean duration, s</translation>
+    </message>
+    <message>
+        <source>mean duration</source>
+        <translation>mean duration</translation>
+    </message>
+    <message>
+        <source>values</source>
+        <translation>values</translation>
+    </message>
+    <message>
+        <source>least %1</source>
+        <translation>least %1</translation>
+    </message>
+    <message>
+        <source>most %1</source>
+        <translation>most %1</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Values</translation>
+    </message>
+    <message>
+        <source>Outside</source>
+        <translation>Outside</translation>
+    </message>
+    <message>
+        <source>Least</source>
+        <translation>Least</translation>
+    </message>
+    <message>
+        <source>Most</source>
+        <translation>Most</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>Mean</translation>
+    </message>
+    <message>
+        <source>Standard deviation</source>
+        <translation>Standard deviation</translation>
+    </message>
+    <message>
+        <source>Lower limit</source>
+        <translation>Lower limit</translation>
+    </message>
+    <message>
+        <source>Upper limit</source>
+        <translation>Upper limit</translation>
+    </message>
+    <message>
+        <source>Cpk</source>
+        <translation>Cpk</translation>
+    </message>
+    <message>
+        <source>Density</source>
+        <translation>Density</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>mean %1</source>
+        <translation>mean %1</translation>
+    </message>
+    <message>
+        <source>Runs of the camera</source>
+        <translation>Runs of the camera</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>Findings</translation>
     </message>
 </context>
 <context>
@@ -2152,10 +2324,6 @@ The last one: %2, %3</translation>
         <translation>B&amp;y</translation>
     </message>
     <message>
-        <source>Left out: %1 groups with fewer runs or without a name.</source>
-        <translation>Left out: %1 groups with fewer runs or without a name.</translation>
-    </message>
-    <message>
         <source>Of the latest %1 values.</source>
         <translation>Of the latest %1 values.</translation>
     </message>
@@ -2182,6 +2350,13 @@ The last one: %2, %3</translation>
     <message>
         <source>%1 was not saved: %2</source>
         <translation>%1 was not saved: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Left out: %n groups with fewer runs or without a name.</source>
+        <translation>
+            <numerusform>Left out: %n group with fewer runs or without a name.</numerusform>
+            <numerusform>Left out: %n groups with fewer runs or without a name.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2314,10 +2489,6 @@ The last one: %2, %3</translation>
         <translation>The chosen run names no camera.</translation>
     </message>
     <message>
-        <source>%1: %2 runs</source>
-        <translation>%1: %2 runs</translation>
-    </message>
-    <message>
         <source>Begin</source>
         <translation>Begin</translation>
     </message>
@@ -2360,6 +2531,13 @@ The last one: %2, %3</translation>
     <message>
         <source>What changed from its last pass (%1) to its first failure after it (%2):</source>
         <translation>What changed from its last pass (%1) to its first failure after it (%2):</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs</source>
+        <translation>
+            <numerusform>%1: %n run</numerusform>
+            <numerusform>%1: %n runs</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -341,13 +341,17 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
         <source>&amp;Save Picture…</source>
         <translation>保存图片(&amp;S)…</translation>
     </message>
-    <message>
-        <source>%1 runs so far</source>
-        <translation>目前%1次检测</translation>
+    <message numerus="yes">
+        <source>%Ln runs so far</source>
+        <translation>
+            <numerusform>目前%Ln次检测</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 runs</source>
-        <translation>%1次检测</translation>
+    <message numerus="yes">
+        <source>%Ln runs</source>
+        <translation>
+            <numerusform>%Ln次检测</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -654,6 +658,170 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>final yield</source>
         <translation>最终通过率</translation>
+    </message>
+    <message>
+        <source>runs</source>
+        <translation>检测次数</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n次检测</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 runs (%2 passed, %3 failed, %4 stopped, %5 errors) of %6 cameras. First-pass yield %7, final yield %8</source>
+        <translation>检测%1次（通过%2，未通过%3，已停止%4，出错%5），相机%6台。一次通过率%7，最终良率%8</translation>
+    </message>
+    <message>
+        <source>Yield by day</source>
+        <translation>每日良率</translation>
+    </message>
+    <message>
+        <source>Yield of cameras</source>
+        <translation>相机良率</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>日期</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>检测次数</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>通过</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>未通过</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>相机数</translation>
+    </message>
+    <message>
+        <source>First-pass yield</source>
+        <translation>一次通过率</translation>
+    </message>
+    <message>
+        <source>Final yield</source>
+        <translation>最终良率</translation>
+    </message>
+    <message>
+        <source>Failures by item</source>
+        <translation>各项目未通过次数（帕累托图）</translation>
+    </message>
+    <message>
+        <source>Failed runs</source>
+        <translation>未通过次数</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Ran</source>
+        <translation>已测</translation>
+    </message>
+    <message>
+        <source>Warned</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Failed of those that ran</source>
+        <translation>不良率</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>未通过</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: failed in %2 of %n runs</source>
+        <translation>
+            <numerusform>%1：%n次检测中%2次未通过</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Duration of runs by day</source>
+        <translation>每日检测用时</translation>
+    </message>
+    <message>
+        <source>Mean duration, s</source>
+        <translation>平均用时（秒）</translation>
+    </message>
+    <message>
+        <source>mean duration</source>
+        <translation>平均用时</translation>
+    </message>
+    <message>
+        <source>values</source>
+        <translation>数值</translation>
+    </message>
+    <message>
+        <source>least %1</source>
+        <translation>下限%1</translation>
+    </message>
+    <message>
+        <source>most %1</source>
+        <translation>上限%1</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>数值个数</translation>
+    </message>
+    <message>
+        <source>Outside</source>
+        <translation>超限</translation>
+    </message>
+    <message>
+        <source>Least</source>
+        <translation>最小值</translation>
+    </message>
+    <message>
+        <source>Most</source>
+        <translation>最大值</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>均值</translation>
+    </message>
+    <message>
+        <source>Standard deviation</source>
+        <translation>标准差</translation>
+    </message>
+    <message>
+        <source>Lower limit</source>
+        <translation>下限</translation>
+    </message>
+    <message>
+        <source>Upper limit</source>
+        <translation>上限</translation>
+    </message>
+    <message>
+        <source>Cpk</source>
+        <translation>Cpk</translation>
+    </message>
+    <message>
+        <source>Density</source>
+        <translation>密度</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>mean %1</source>
+        <translation>均值%1</translation>
+    </message>
+    <message>
+        <source>Runs of the camera</source>
+        <translation>该相机的检测</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>问题项数</translation>
     </message>
 </context>
 <context>
@@ -2152,10 +2320,6 @@ The last one: %2, %3</source>
         <translation>分组(&amp;Y)</translation>
     </message>
     <message>
-        <source>Left out: %1 groups with fewer runs or without a name.</source>
-        <translation>略去：检测次数较少或没有名称的%1组。</translation>
-    </message>
-    <message>
         <source>Of the latest %1 values.</source>
         <translation>最近的%1个值。</translation>
     </message>
@@ -2182,6 +2346,12 @@ The last one: %2, %3</source>
     <message>
         <source>%1 was not saved: %2</source>
         <translation>%1未保存：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Left out: %n groups with fewer runs or without a name.</source>
+        <translation>
+            <numerusform>未显示：%n个检测较少或没有名称的组。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2314,10 +2484,6 @@ The last one: %2, %3</source>
         <translation>选中的检测记录没有相机的MAC地址。</translation>
     </message>
     <message>
-        <source>%1: %2 runs</source>
-        <translation>%1：%2次检测</translation>
-    </message>
-    <message>
         <source>Begin</source>
         <translation>开始</translation>
     </message>
@@ -2360,6 +2526,12 @@ The last one: %2, %3</source>
     <message>
         <source>What changed from its last pass (%1) to its first failure after it (%2):</source>
         <translation>从最后一次通过(%1)到其后第一次失败(%2)的变化：</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs</source>
+        <translation>
+            <numerusform>%1：%n次检测</numerusform>
+        </translation>
     </message>
 </context>
 <context>

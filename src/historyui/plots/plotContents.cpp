@@ -10,10 +10,11 @@
 #include <QDate>
 
 namespace {
-QString tr(const char *text)
+/// `Plots::tr`: what stands on the plots and in the tables below them, in the program's language.
+struct Plots
 {
-    return QCoreApplication::translate("Plots", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(Plots)
+};
 
 double dayNumber(const RunGroup &day)
 {
@@ -74,12 +75,13 @@ PlotBars runsByDay(const Statistics &statistics)
 {
     constexpr double half = 0.4;
     PlotBars bars;
-    bars.name = tr("runs");
+    bars.name = Plots::tr("runs");
     bars.isBehind = true;
     for (const RunGroup &day : statistics.byDay) {
         const double at = dayNumber(day);
-        bars.bars.append({at - half, at + half, static_cast<double>(day.sums.runs),
-                          QStringLiteral("%1: %2").arg(day.name, tr("%1 runs").arg(day.sums.runs))});
+        bars.bars.append(
+            {at - half, at + half, static_cast<double>(day.sums.runs),
+             QStringLiteral("%1: %2").arg(day.name, Plots::tr("%n runs", nullptr, static_cast<int>(day.sums.runs)))});
     }
     return bars;
 }
@@ -128,8 +130,9 @@ QString boundText(const std::optional<double> &bound)
 QString figuresText(const Statistics &statistics)
 {
     const TallySums &total = statistics.total;
-    return tr("%1 runs (%2 passed, %3 failed, %4 stopped, %5 errors) of %6 cameras. First-pass yield %7, final yield "
-              "%8")
+    return Plots::tr(
+               "%1 runs (%2 passed, %3 failed, %4 stopped, %5 errors) of %6 cameras. First-pass yield %7, final yield "
+               "%8")
         .arg(QString::number(total.runs), QString::number(total.passed), QString::number(total.failed),
              QString::number(total.stopped), QString::number(total.error), QString::number(total.cameras),
              percentText(firstPassYield(total)), percentText(finalYield(total)));
@@ -138,23 +141,23 @@ QString figuresText(const Statistics &statistics)
 PlotContent yieldPlot(const QList<StatisticsPart> &parts, const QString &kind)
 {
     PlotContent plot;
-    plot.title = tr("Yield by day");
-    plot.upTitle = tr("Yield of cameras");
+    plot.title = Plots::tr("Yield by day");
+    plot.upTitle = Plots::tr("Yield of cameras");
     plot.scale = PlotContent::Scale::Days;
     plot.isShare = true;
     plot.upFrom = lowestShare(parts);
-    plot.table.columns = rowOf(
-        parts, kind,
-        {tr("Day"), tr("Runs"), tr("Passed"), tr("Failed"), tr("Cameras"), tr("First-pass yield"), tr("Final yield")});
+    plot.table.columns = rowOf(parts, kind,
+                               {Plots::tr("Day"), Plots::tr("Runs"), Plots::tr("Passed"), Plots::tr("Failed"),
+                                Plots::tr("Cameras"), Plots::tr("First-pass yield"), Plots::tr("Final yield")});
     if (!isSplit(parts) && !parts.isEmpty() && !parts.constFirst().statistics.byDay.isEmpty()) {
-        plot.behindTitle = tr("Runs");
+        plot.behindTitle = Plots::tr("Runs");
         plot.bars.append(runsByDay(parts.constFirst().statistics));
     }
     for (int i = 0; i < parts.size(); ++i) {
         const StatisticsPart &part = parts.at(i);
         for (const Yield &yield : yields) {
             PlotLine line;
-            line.name = nameOfLine(part.name, tr(yield.name));
+            line.name = nameOfLine(part.name, Plots::tr(yield.name));
             line.style = yield.style;
             line.colour = i;
             for (const RunGroup &day : part.statistics.byDay) {
@@ -162,7 +165,7 @@ PlotContent yieldPlot(const QList<StatisticsPart> &parts, const QString &kind)
                     line.points.append(
                         {dayNumber(day), *share,
                          hintOf(part.name,
-                                QStringLiteral("%1: %2 %3").arg(day.name, tr(yield.name), percentText(share)))});
+                                QStringLiteral("%1: %2 %3").arg(day.name, Plots::tr(yield.name), percentText(share)))});
                 }
             }
             if (!line.points.isEmpty()) {
@@ -186,12 +189,13 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
     constexpr double width = 0.8;
     const double share = width / static_cast<double>(std::max<qint64>(parts.size(), 1));
     PlotContent plot;
-    plot.title = tr("Failures by item");
-    plot.upTitle = tr("Failed runs");
+    plot.title = Plots::tr("Failures by item");
+    plot.upTitle = Plots::tr("Failed runs");
     plot.isCount = true;
     plot.scale = PlotContent::Scale::Names;
-    plot.table.columns =
-        rowOf(parts, kind, {tr("Item"), tr("Ran"), tr("Failed"), tr("Warned"), tr("Failed of those that ran")});
+    plot.table.columns = rowOf(parts, kind,
+                               {Plots::tr("Item"), Plots::tr("Ran"), Plots::tr("Failed"), Plots::tr("Warned"),
+                                Plots::tr("Failed of those that ran")});
     const QList<ItemGroup> items = allItems(parts);
     for (const ItemGroup &item : items) {
         if (item.sums.failed > 0 && plot.names.size() < mostBars) {
@@ -201,15 +205,15 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
     for (int i = 0; i < parts.size(); ++i) {
         const StatisticsPart &part = parts.at(i);
         PlotBars bars;
-        bars.name = part.name.isEmpty() ? tr("failed") : part.name;
+        bars.name = part.name.isEmpty() ? Plots::tr("failed") : part.name;
         bars.colour = i;
         for (int k = 0; k < plot.names.size(); ++k) {
             const ItemSums sums = sumsOfItem(part.statistics, plot.names.at(k));
             const double from = k - width / 2 + i * share;
-            bars.bars.append({from, from + share, static_cast<double>(sums.failed),
-                              hintOf(part.name, tr("%1: failed in %2 of %3 runs")
-                                                    .arg(plot.names.at(k), QString::number(sums.failed),
-                                                         QString::number(sums.ran)))});
+            bars.bars.append(
+                {from, from + share, static_cast<double>(sums.failed),
+                 hintOf(part.name, Plots::tr("%1: failed in %2 of %n runs", nullptr, static_cast<int>(sums.ran))
+                                       .arg(plot.names.at(k), QString::number(sums.failed)))});
         }
         if (!bars.bars.isEmpty()) {
             plot.bars.append(bars);
@@ -232,14 +236,14 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
 PlotContent durationPlot(const QList<StatisticsPart> &parts, const QString &kind)
 {
     PlotContent plot;
-    plot.title = tr("Duration of runs by day");
-    plot.upTitle = tr("Mean duration, s");
+    plot.title = Plots::tr("Duration of runs by day");
+    plot.upTitle = Plots::tr("Mean duration, s");
     plot.scale = PlotContent::Scale::Days;
-    plot.table.columns = rowOf(parts, kind, {tr("Day"), tr("Runs"), tr("Mean duration, s")});
+    plot.table.columns = rowOf(parts, kind, {Plots::tr("Day"), Plots::tr("Runs"), Plots::tr("Mean duration, s")});
     for (int i = 0; i < parts.size(); ++i) {
         const StatisticsPart &part = parts.at(i);
         PlotLine line;
-        line.name = part.name.isEmpty() ? tr("mean duration") : part.name;
+        line.name = part.name.isEmpty() ? Plots::tr("mean duration") : part.name;
         line.colour = i;
         for (const RunGroup &day : part.statistics.byDay) {
             if (day.sums.runs > 0) {
@@ -260,7 +264,7 @@ namespace {
 PlotBars countsOf(const Distribution &distribution)
 {
     PlotBars bars;
-    bars.name = tr("values");
+    bars.name = Plots::tr("values");
     for (int i = 0; i < distribution.bins.size(); ++i) {
         const double from = distribution.binBegin + i * distribution.binWidth;
         const double to = from + distribution.binWidth;
@@ -295,10 +299,10 @@ PlotLine densityOf(const DistributionPart &part, int colour)
 void addLimits(const Limit &limit, QList<PlotMark> *marks)
 {
     if (limit.least) {
-        marks->append({*limit.least, tr("least %1").arg(shortNumber(*limit.least)), true});
+        marks->append({*limit.least, Plots::tr("least %1").arg(shortNumber(*limit.least)), true});
     }
     if (limit.most) {
-        marks->append({*limit.most, tr("most %1").arg(shortNumber(*limit.most)), true});
+        marks->append({*limit.most, Plots::tr("most %1").arg(shortNumber(*limit.most)), true});
     }
 }
 } // namespace
@@ -306,14 +310,15 @@ void addLimits(const Limit &limit, QList<PlotMark> *marks)
 PlotContent distributionPlot(const QList<DistributionPart> &parts, const QString &kind)
 {
     PlotContent plot;
-    plot.table.columns = rowOf(parts, kind,
-                               {tr("Values"), tr("Outside"), tr("Least"), tr("Most"), tr("Mean"),
-                                tr("Standard deviation"), tr("Lower limit"), tr("Upper limit"), tr("Cpk")});
-    plot.upTitle = isSplit(parts) ? tr("Density") : tr("Values");
+    plot.table.columns =
+        rowOf(parts, kind,
+              {Plots::tr("Values"), Plots::tr("Outside"), Plots::tr("Least"), Plots::tr("Most"), Plots::tr("Mean"),
+               Plots::tr("Standard deviation"), Plots::tr("Lower limit"), Plots::tr("Upper limit"), Plots::tr("Cpk")});
+    plot.upTitle = isSplit(parts) ? Plots::tr("Density") : Plots::tr("Values");
     plot.isCount = !isSplit(parts);
     for (int i = 0; i < parts.size(); ++i) {
         const Distribution &distribution = parts.at(i).distribution;
-        plot.title = tr("%1 in %2").arg(distribution.name, distribution.item);
+        plot.title = Plots::tr("%1 in %2").arg(distribution.name, distribution.item);
         plot.acrossTitle = distribution.unit.isEmpty()
                                ? distribution.name
                                : QStringLiteral("%1, %2").arg(distribution.name, distribution.unit);
@@ -324,7 +329,7 @@ PlotContent distributionPlot(const QList<DistributionPart> &parts, const QString
             plot.lines.append(densityOf(parts.at(i), i));
         } else {
             plot.bars.append(countsOf(distribution));
-            plot.marks.append({distribution.mean, tr("mean %1").arg(shortNumber(distribution.mean)), false});
+            plot.marks.append({distribution.mean, Plots::tr("mean %1").arg(shortNumber(distribution.mean)), false});
         }
         if (plot.marks.size() < 2) {
             addLimits(distribution.limit, &plot.marks);
@@ -350,8 +355,8 @@ PlotContent unitPlot(const QList<RunSummary> &runs)
     constexpr std::array outcomes = {OutcomeLine{Outcome::Passed, 2}, OutcomeLine{Outcome::Failed, 1},
                                      OutcomeLine{Outcome::Stopped, 3}, OutcomeLine{Outcome::Error, 4}};
     PlotContent plot;
-    plot.title = tr("Runs of the camera");
-    plot.upTitle = tr("Findings");
+    plot.title = Plots::tr("Runs of the camera");
+    plot.upTitle = Plots::tr("Findings");
     plot.isCount = true;
     plot.scale = PlotContent::Scale::Moments;
     for (const OutcomeLine &row : outcomes) {

@@ -14,7 +14,6 @@
 #include <QHeaderView>
 #include <QKeySequence>
 #include <QLabel>
-#include <QLocale>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollBar>
@@ -202,8 +201,8 @@ void HistoryWindow::showTrouble(const StoreError &error)
 
 void HistoryWindow::showCount()
 {
-    const QString number = QLocale().toString(m_model.rowCount());
-    m_count->setText(m_model.isCounting() ? tr("%1 runs so far").arg(number) : tr("%1 runs").arg(number));
+    const int count = m_model.rowCount();
+    m_count->setText(m_model.isCounting() ? tr("%Ln runs so far", nullptr, count) : tr("%Ln runs", nullptr, count));
 }
 
 void HistoryWindow::choosePlace()

@@ -268,7 +268,7 @@ void StatisticsView::showNote()
 {
     QStringList notes;
     if (m_answer.partsLeftOut > 0) {
-        notes.append(tr("Left out: %1 groups with fewer runs or without a name.").arg(m_answer.partsLeftOut));
+        notes.append(tr("Left out: %n groups with fewer runs or without a name.", nullptr, m_answer.partsLeftOut));
     }
     const bool isCut = std::any_of(m_answer.distributions.constBegin(), m_answer.distributions.constEnd(),
                                    [](const DistributionPart &part) { return part.distribution.count >= mostValues; });

@@ -124,7 +124,7 @@ void UnitView::show(const Answer &answer)
 {
     m_runs = answer.runs;
     m_head->setText(m_mac.isEmpty() ? tr("The chosen run names no camera.")
-                                    : tr("%1: %2 runs").arg(m_mac, QString::number(m_runs.size())));
+                                    : tr("%1: %n runs", nullptr, static_cast<int>(m_runs.size())).arg(m_mac));
     m_chart->show(unitPlot(m_runs));
     QList<QStringList> rows;
     for (const RunSummary &run : qAsConst(m_runs)) {
