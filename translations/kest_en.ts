@@ -260,6 +260,566 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
 </context>
 <context>
+    <name>HistoryTexts</name>
+    <message numerus="yes">
+        <source>%n of these runs are not on the server yet; &quot;forward&quot; sends them, --unsent removes them all the same</source>
+        <translation>
+            <numerusform>%n of these runs is not on the server yet; &quot;forward&quot; sends it, --unsent removes it all the same</numerusform>
+            <numerusform>%n of these runs are not on the server yet; &quot;forward&quot; sends them, --unsent removes them all the same</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>prune</source>
+        <translation>prune</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 removed</translation>
+    </message>
+    <message>
+        <source>%1 names no store: give --store, or file= in its section [History]</source>
+        <translation>%1 names no store: give --store, or file= in its section [History]</translation>
+    </message>
+    <message>
+        <source>standard output</source>
+        <translation>standard output</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 cannot be written: %2</translation>
+    </message>
+    <message>
+        <source>run %1: %2</source>
+        <translation>run %1: %2</translation>
+    </message>
+    <message>
+        <source>export</source>
+        <translation>export</translation>
+    </message>
+    <message>
+        <source>no such runs</source>
+        <translation>no such runs</translation>
+    </message>
+    <message>
+        <source>%1 cannot be made</source>
+        <translation>%1 cannot be created</translation>
+    </message>
+    <message>
+        <source>%1 names no server: server= in its section [History]</source>
+        <translation>%1 names no server: server= in its section [History]</translation>
+    </message>
+    <message>
+        <source>forward</source>
+        <translation>forward</translation>
+    </message>
+    <message>
+        <source>%1 sent</source>
+        <translation>%1 sent</translation>
+    </message>
+    <message>
+        <source>the latest runs, the latest first</source>
+        <translation>the latest runs, the latest first</translation>
+    </message>
+    <message>
+        <source>a run with all that it found</source>
+        <translation>a run with all that it found</translation>
+    </message>
+    <message>
+        <source>every run of a camera, and what changed when it began to fail</source>
+        <translation>every run of a camera, and what changed when it began to fail</translation>
+    </message>
+    <message>
+        <source>yields, and what fails</source>
+        <translation>yields, and what fails</translation>
+    </message>
+    <message>
+        <source>the same as a page or on paper</source>
+        <translation>the same as a page or on paper</translation>
+    </message>
+    <message>
+        <source>records, the oldest first</source>
+        <translation>records, the oldest first</translation>
+    </message>
+    <message>
+        <source>records in JSON, and folders that earlier runs have left</source>
+        <translation>records in JSON, and folders that earlier runs have left</translation>
+    </message>
+    <message>
+        <source>what the store holds, and what the server does not have yet</source>
+        <translation>what the store holds, and what the server does not have yet</translation>
+    </message>
+    <message>
+        <source>send to the server what it does not have yet, now</source>
+        <translation>send to the server what it does not have yet, now</translation>
+    </message>
+    <message>
+        <source>remove all runs before a day, and give the space back</source>
+        <translation>remove all runs before a day, and give the space back</translation>
+    </message>
+    <message>
+        <source>A store&apos;s file, or postgresql://user@host/db (default: that of option.ini).</source>
+        <translation>A store&apos;s file, or postgresql://user@host/db (default: that of option.ini).</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s MAC address, or its beginning.</source>
+        <translation>The camera&apos;s MAC address, or its beginning.</translation>
+    </message>
+    <message>
+        <source>The serial number, or its beginning.</source>
+        <translation>The serial number, or its beginning.</translation>
+    </message>
+    <message>
+        <source>From this day on: 2026-11-21, or 7d for the last seven days.</source>
+        <translation>From this day on: 2026-11-21, or 7d for the last seven days.</translation>
+    </message>
+    <message>
+        <source>Up to this day, which is included.</source>
+        <translation>Up to this day, which is included.</translation>
+    </message>
+    <message>
+        <source>Runs of this station.</source>
+        <translation>Runs of this station.</translation>
+    </message>
+    <message>
+        <source>Runs of this batch.</source>
+        <translation>Runs of this batch.</translation>
+    </message>
+    <message>
+        <source>Runs of cameras with this firmware.</source>
+        <translation>Runs of cameras with this firmware.</translation>
+    </message>
+    <message>
+        <source>Only runs that failed.</source>
+        <translation>Only runs that failed.</translation>
+    </message>
+    <message>
+        <source>Only runs in which this item failed or warned, such as battery.info.</source>
+        <translation>Only runs in which this item failed or warned, such as battery.info.</translation>
+    </message>
+    <message>
+        <source>The most runs (list: 100, export: all; 0: all).</source>
+        <translation>At most this many runs (list: 100, export: all; 0: all).</translation>
+    </message>
+    <message>
+        <source>As JSON.</source>
+        <translation>As JSON.</translation>
+    </message>
+    <message>
+        <source>As comma-separated values, for spreadsheets.</source>
+        <translation>As comma-separated values, for spreadsheets.</translation>
+    </message>
+    <message>
+        <source>As JUnit reports, one file a run.</source>
+        <translation>As JUnit reports, one file a run.</translation>
+    </message>
+    <message>
+        <source>Into this file (JUnit: this folder), not to standard output.</source>
+        <translation>Into this file (JUnit: this folder), not to standard output.</translation>
+    </message>
+    <message>
+        <source>Window: the folder that was chosen for results at the station.</source>
+        <translation>Window: the folder that was chosen for results at the station.</translation>
+    </message>
+    <message>
+        <source>The first day whose runs stay.</source>
+        <translation>The first day whose runs stay.</translation>
+    </message>
+    <message>
+        <source>Also runs that the server does not have yet.</source>
+        <translation>Also runs that the server does not have yet.</translation>
+    </message>
+    <message>
+        <source>Keeps and finds the runs of KestDetector. Without a command it opens its window. Commands:</source>
+        <translation>Keeps and finds the runs of KestDetector. Without a command it opens its window. Commands:</translation>
+    </message>
+    <message>
+        <source>Exit codes: 0 done, 1 nothing found or not everything taken in, 2 wrong usage, 3 store, file or server failed, 130 interrupted.</source>
+        <translation>Exit codes: 0 done, 1 nothing found or not everything taken in, 2 wrong usage, 3 store, file or server failed, 130 interrupted.</translation>
+    </message>
+    <message>
+        <source>--%1 does not go with %2</source>
+        <translation>--%1 does not go with %2</translation>
+    </message>
+    <message>
+        <source>--%1 is given twice</source>
+        <translation>--%1 is given twice</translation>
+    </message>
+    <message>
+        <source>Unexpected argument &quot;%1&quot;</source>
+        <translation>Unexpected argument &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>%1 wants %2</source>
+        <translation>%1 wants %2</translation>
+    </message>
+    <message>
+        <source>--%1: &quot;%2&quot; is no day such as 2026-11-21 or 7d</source>
+        <translation>--%1: &quot;%2&quot; is no day such as 2026-11-21 or 7d</translation>
+    </message>
+    <message>
+        <source>--since lies behind --until</source>
+        <translation>--since is later than --until</translation>
+    </message>
+    <message>
+        <source>prune wants --before</source>
+        <translation>prune wants --before</translation>
+    </message>
+    <message>
+        <source>--item: &quot;%1&quot; is no key such as battery.info</source>
+        <translation>--item: &quot;%1&quot; is no key such as battery.info</translation>
+    </message>
+    <message>
+        <source>--limit: &quot;%1&quot; is not a whole number of 0 or more</source>
+        <translation>--limit: &quot;%1&quot; is not a whole number of 0 or more</translation>
+    </message>
+    <message>
+        <source>Only one of --json, --csv and --junit</source>
+        <translation>Only one of --json, --csv and --junit</translation>
+    </message>
+    <message>
+        <source>--junit wants --out with a folder</source>
+        <translation>--junit wants --out with a folder</translation>
+    </message>
+    <message>
+        <source>report wants --out with a file that ends in .html or .pdf</source>
+        <translation>report wants --out with a file that ends in .html or .pdf</translation>
+    </message>
+    <message>
+        <source>What to do.</source>
+        <translation>What to do.</translation>
+    </message>
+    <message>
+        <source>Show this text.</source>
+        <translation>Show this text.</translation>
+    </message>
+    <message>
+        <source>Show the program&apos;s version.</source>
+        <translation>Show the program&apos;s version.</translation>
+    </message>
+    <message>
+        <source>--%1 wants a command</source>
+        <translation>--%1 wants a command</translation>
+    </message>
+    <message>
+        <source>There is no command &quot;%1&quot;</source>
+        <translation>There is no command &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>import</source>
+        <translation>import</translation>
+    </message>
+    <message>
+        <source>%1 added, %2 already there, %3 refused</source>
+        <translation>%1 added, %2 already there, %3 refused</translation>
+    </message>
+    <message>
+        <source>run %1 has no time</source>
+        <translation>run %1 has no time</translation>
+    </message>
+    <message>
+        <source>%1: no DetectorLog.txt in folders such as 2024-05-06_60601F0A5F2A</source>
+        <translation>%1: no DetectorLog.txt in folders such as 2024-05-06_60601F0A5F2A</translation>
+    </message>
+    <message>
+        <source>larger than %1 MiB</source>
+        <translation>larger than %1 MiB</translation>
+    </message>
+    <message>
+        <source>names no component</source>
+        <translation>names no component</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n lines are not understood</source>
+        <translation>
+            <numerusform>%1: %n line is not understood</numerusform>
+            <numerusform>%1: %n lines are not understood</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>its record is not there</source>
+        <translation>its record is not there</translation>
+    </message>
+    <message>
+        <source>there is no run &quot;%1&quot;</source>
+        <translation>there is no run &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>there are several runs that begin with &quot;%1&quot;</source>
+        <translation>there are several runs that begin with &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>no runs of &quot;%1&quot;</source>
+        <translation>no runs of &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is the beginning of several cameras: %2, %3, ...</source>
+        <translation>&quot;%1&quot; is the beginning of several cameras: %2, %3, ...</translation>
+    </message>
+    <message>
+        <source>no runs in this period</source>
+        <translation>no runs in this period</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>never</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Store</source>
+        <translation>Store</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Runs</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>Queued</translation>
+    </message>
+    <message>
+        <source>Last sent</source>
+        <translation>Last sent</translation>
+    </message>
+    <message>
+        <source>Last error</source>
+        <translation>Last error</translation>
+    </message>
+    <message>
+        <source>report</source>
+        <translation>report</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 and %2 more</translation>
+    </message>
+    <message>
+        <source>OUTSIDE</source>
+        <translation>OUTSIDE</translation>
+    </message>
+    <message>
+        <source>request %1</source>
+        <translation>request %1</translation>
+    </message>
+    <message>
+        <source>%1 (code %2)</source>
+        <translation>%1 (code %2)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n attempts</source>
+        <translation>
+            <numerusform>%1, %n attempt</numerusform>
+            <numerusform>%1, %n attempts</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 (%3)</source>
+        <translation>%1: %2 (%3)</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(none)</translation>
+    </message>
+    <message>
+        <source>RUNS</source>
+        <translation>RUNS</translation>
+    </message>
+    <message>
+        <source>PASSED</source>
+        <translation>PASSED</translation>
+    </message>
+    <message>
+        <source>FAILED</source>
+        <translation>FAILED</translation>
+    </message>
+    <message>
+        <source>OTHER</source>
+        <translation>OTHER</translation>
+    </message>
+    <message>
+        <source>CAMERAS</source>
+        <translation>CAMERAS</translation>
+    </message>
+    <message>
+        <source>FIRST-PASS</source>
+        <translation>FIRST-PASS</translation>
+    </message>
+    <message>
+        <source>FINAL</source>
+        <translation>FINAL</translation>
+    </message>
+    <message>
+        <source>RUN</source>
+        <translation>RUN</translation>
+    </message>
+    <message>
+        <source>BEGIN</source>
+        <translation>BEGIN</translation>
+    </message>
+    <message>
+        <source>OUTCOME</source>
+        <translation>OUTCOME</translation>
+    </message>
+    <message>
+        <source>MAC</source>
+        <translation>MAC</translation>
+    </message>
+    <message>
+        <source>SERIAL</source>
+        <translation>SERIAL</translation>
+    </message>
+    <message>
+        <source>STATION</source>
+        <translation>STATION</translation>
+    </message>
+    <message>
+        <source>BATCH</source>
+        <translation>BATCH</translation>
+    </message>
+    <message>
+        <source>FIRMWARE</source>
+        <translation>FIRMWARE</translation>
+    </message>
+    <message>
+        <source>DURATION</source>
+        <translation>DURATION</translation>
+    </message>
+    <message>
+        <source>FAILURE</source>
+        <translation>FAILURE</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Run</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Outcome</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>Begin</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Duration</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>Serial</translation>
+    </message>
+    <message>
+        <source>WiFi name</source>
+        <translation>WiFi name</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>Operator</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>Batch</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Program</translation>
+    </message>
+    <message>
+        <source>WHAT</source>
+        <translation>WHAT</translation>
+    </message>
+    <message>
+        <source>LAST PASS</source>
+        <translation>LAST PASS</translation>
+    </message>
+    <message>
+        <source>FIRST FAILURE</source>
+        <translation>FIRST FAILURE</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Period</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 passed, %3 failed, %4 stopped, %5 without answer</source>
+        <translation>%1: %2 passed, %3 failed, %4 stopped, %5 without answer</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>Cameras</translation>
+    </message>
+    <message>
+        <source>First-pass</source>
+        <translation>First-pass</translation>
+    </message>
+    <message>
+        <source>Final</source>
+        <translation>Final</translation>
+    </message>
+    <message>
+        <source>ITEM</source>
+        <translation>ITEM</translation>
+    </message>
+    <message>
+        <source>SO FAR</source>
+        <translation>SO FAR</translation>
+    </message>
+    <message>
+        <source>WARNED</source>
+        <translation>WARNED</translation>
+    </message>
+    <message>
+        <source>TESTED</source>
+        <translation>TESTED</translation>
+    </message>
+    <message>
+        <source>DAY</source>
+        <translation>DAY</translation>
+    </message>
+    <message>
+        <source>Try --help.</source>
+        <translation>Try --help.</translation>
+    </message>
+    <message>
+        <source>there is no display for the window, and a command is missing</source>
+        <translation>there is no display for the window, and a command is missing</translation>
+    </message>
+</context>
+<context>
     <name>HistoryWindow</name>
     <message>
         <source>%1 – History</source>
@@ -665,13 +1225,6 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
         <source>runs</source>
         <translation>runs</translation>
     </message>
-    <message numerus="yes">
-        <source>%n runs</source>
-        <translation>
-            <numerusform>%n run</numerusform>
-            <numerusform>%n runs</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 runs (%2 passed, %3 failed, %4 stopped, %5 errors) of %6 cameras. First-pass yield %7, final yield %8</source>
         <translation>Runs: %1 (%2 passed, %3 failed, %4 stopped, %5 without answer). Cameras: %6. First-pass yield %7, final yield %8</translation>
@@ -739,13 +1292,6 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>failed</source>
         <translation>failed</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1: failed in %2 of %n runs</source>
-        <translation>
-            <numerusform>%1: failed in %2 of %n run</numerusform>
-            <numerusform>%1: failed in %2 of %n runs</numerusform>
-        </translation>
     </message>
     <message>
         <source>Duration of runs by day</source>
@@ -826,6 +1372,20 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>Findings</source>
         <translation>Findings</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n run</numerusform>
+            <numerusform>%n runs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: failed in %2 of %n runs</source>
+        <translation>
+            <numerusform>%1: failed in %2 of %n run</numerusform>
+            <numerusform>%1: failed in %2 of %n runs</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1884,10 +2444,398 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
 </context>
 <context>
+    <name>Record</name>
+    <message>
+        <source>longer than %1 MiB</source>
+        <translation>longer than %1 MiB</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>%1 is missing</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 cannot be read</translation>
+    </message>
+    <message>
+        <source>not JSON: %1 at byte %2</source>
+        <translation>not JSON: %1 at byte %2</translation>
+    </message>
+    <message>
+        <source>not a JSON object</source>
+        <translation>not a JSON object</translation>
+    </message>
+    <message>
+        <source>schema %1 is not known</source>
+        <translation>schema %1 is not known</translation>
+    </message>
+    <message>
+        <source>passed</source>
+        <translation>passed</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>failed</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>warning</translation>
+    </message>
+    <message>
+        <source>notTested</source>
+        <translation>not tested</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>stopped</translation>
+    </message>
+    <message>
+        <source>error</source>
+        <translation>error</translation>
+    </message>
+    <message>
+        <source>answered</source>
+        <translation>answered</translation>
+    </message>
+    <message>
+        <source>noReply</source>
+        <translation>not answered</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>refused</translation>
+    </message>
+    <message>
+        <source>wrongSize</source>
+        <translation>answered in the wrong size</translation>
+    </message>
+</context>
+<context>
     <name>RecordOutput</name>
     <message>
         <source>standard output</source>
         <translation>standard output</translation>
+    </message>
+</context>
+<context>
+    <name>ReportTexts</name>
+    <message>
+        <source>en</source>
+        <comment>the language of the page, as HTML names it</comment>
+        <translation>en</translation>
+    </message>
+    <message>
+        <source>No data</source>
+        <translation>No data</translation>
+    </message>
+    <message>
+        <source>Failures by item</source>
+        <translation>Failures by item</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of all so far)</source>
+        <translation>%1 (%2 of all so far)</translation>
+    </message>
+    <message>
+        <source>Yield and runs over time</source>
+        <translation>Yield and runs over time</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs, first-pass %2, final %3</source>
+        <translation>
+            <numerusform>%1: %n run, first-pass %2, final %3</numerusform>
+            <numerusform>%1: %n runs, first-pass %2, final %3</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n run</numerusform>
+            <numerusform>%n runs</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>first-pass yield</source>
+        <translation>first-pass yield</translation>
+    </message>
+    <message>
+        <source>final yield</source>
+        <translation>final yield</translation>
+    </message>
+    <message>
+        <source>runs</source>
+        <translation>runs</translation>
+    </message>
+    <message>
+        <source>Distribution of %1 in %2</source>
+        <translation>Distribution of %1 in %2</translation>
+    </message>
+    <message>
+        <source>least %1</source>
+        <translation>least %1</translation>
+    </message>
+    <message>
+        <source>most %1</source>
+        <translation>most %1</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(none)</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+    <message>
+        <source>No runs</source>
+        <translation>No runs</translation>
+    </message>
+    <message>
+        <source>%1, station %2</source>
+        <translation>%1, station %2</translation>
+    </message>
+    <message>
+        <source>%1, batch %2</source>
+        <translation>%1, batch %2</translation>
+    </message>
+    <message>
+        <source>%1, firmware %2</source>
+        <translation>%1, firmware %2</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>Cameras</translation>
+    </message>
+    <message>
+        <source>First-pass yield</source>
+        <translation>First-pass yield</translation>
+    </message>
+    <message>
+        <source>Final yield</source>
+        <translation>Final yield</translation>
+    </message>
+    <message>
+        <source>Mean duration</source>
+        <translation>Mean duration</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Runs</translation>
+    </message>
+    <message>
+        <source>passed</source>
+        <translation>passed</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>failed</translation>
+    </message>
+    <message>
+        <source>stopped or no answer</source>
+        <translation>stopped or no answer</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>Passed</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Failed</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Other</translation>
+    </message>
+    <message>
+        <source>First-pass</source>
+        <translation>First-pass</translation>
+    </message>
+    <message>
+        <source>Final</source>
+        <translation>Final</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>Tested</source>
+        <translation>Tested</translation>
+    </message>
+    <message>
+        <source>Warned</source>
+        <translation>Warned</translation>
+    </message>
+    <message>
+        <source>Failed of tested</source>
+        <translation>Failed of tested</translation>
+    </message>
+    <message>
+        <source>n = %1, mean %2, standard deviation %3, from %4 to %5, limit %6..%7, Cpk %8, %9 outside their limit</source>
+        <translation>n = %1, mean %2, standard deviation %3, from %4 to %5, limit %6..%7, Cpk %8, %9 outside their limit</translation>
+    </message>
+    <message>
+        <source>%1; %2 far off to the left and %3 to the right are not drawn</source>
+        <translation>%1; %2 far off to the left and %3 to the right are not drawn</translation>
+    </message>
+    <message>
+        <source>%1 (warning)</source>
+        <translation>%1 (warning)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Camera</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>Serial</translation>
+    </message>
+    <message>
+        <source>Last run</source>
+        <translation>Last run</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>Batch</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Failure: value (limit)</source>
+        <translation>Failure: value (limit)</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1 min %2 s</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>Test report, %1</source>
+        <translation>Test report, %1</translation>
+    </message>
+    <message>
+        <source>Test report</source>
+        <translation>Test report</translation>
+    </message>
+    <message>
+        <source>From %1, made %2 by %3</source>
+        <translation>From %1, made %2 by %3</translation>
+    </message>
+    <message>
+        <source>There are no runs in this period.</source>
+        <translation>There are no runs in this period.</translation>
+    </message>
+    <message>
+        <source>Yields count cameras, each on the day and at the station of its first judged run: by how that run ended (first-pass), and by how its last one ended (final).</source>
+        <translation>Yields count cameras, each on the day and at the station of its first judged run: by how that run ended (first-pass), and by how its last one ended (final).</translation>
+    </message>
+    <message>
+        <source>Yield over time</source>
+        <translation>Yield over time</translation>
+    </message>
+    <message>
+        <source>What fails</source>
+        <translation>What fails</translation>
+    </message>
+    <message>
+        <source>Measurements with limits</source>
+        <translation>Measurements with limits</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1 in %2</translation>
+    </message>
+    <message>
+        <source>%1 in %2, in %3</source>
+        <translation>%1 in %2, in %3</translation>
+    </message>
+    <message>
+        <source>Stations</source>
+        <translation>Stations</translation>
+    </message>
+    <message>
+        <source>Batches</source>
+        <translation>Batches</translation>
+    </message>
+    <message>
+        <source>Failed cameras (%1)</source>
+        <translation>Failed cameras (%1)</translation>
+    </message>
+    <message>
+        <source>Every camera passed in its last judged run.</source>
+        <translation>Every camera passed in its last judged run.</translation>
+    </message>
+</context>
+<context>
+    <name>RunComparison</name>
+    <message>
+        <source>station</source>
+        <translation>station</translation>
+    </message>
+    <message>
+        <source>location</source>
+        <translation>location</translation>
+    </message>
+    <message>
+        <source>operator</source>
+        <translation>operator</translation>
+    </message>
+    <message>
+        <source>batch</source>
+        <translation>batch</translation>
+    </message>
+    <message>
+        <source>serial</source>
+        <translation>serial</translation>
+    </message>
+    <message>
+        <source>program version</source>
+        <translation>program version</translation>
+    </message>
+    <message>
+        <source>firmware</source>
+        <translation>firmware</translation>
+    </message>
+    <message>
+        <source>wifi name</source>
+        <translation>WiFi name</translation>
+    </message>
+    <message>
+        <source>link</source>
+        <translation>link</translation>
+    </message>
+    <message>
+        <source>plan</source>
+        <translation>plan</translation>
+    </message>
+    <message>
+        <source>not run</source>
+        <translation>not run</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>not measured</source>
+        <translation>not measured</translation>
     </message>
 </context>
 <context>

@@ -244,7 +244,7 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
     <message>
         <source>Error</source>
-        <translation>错误</translation>
+        <translation>出错</translation>
     </message>
     <message>
         <source>Warning</source>
@@ -257,6 +257,563 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>Copy</source>
         <translation>复制</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryTexts</name>
+    <message numerus="yes">
+        <source>%n of these runs are not on the server yet; &quot;forward&quot; sends them, --unsent removes them all the same</source>
+        <translation>
+            <numerusform>其中%n次检测尚未发送到服务器；“forward”可发送，--unsent 则仍予删除</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>prune</source>
+        <translation>清理</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>已删除%1次检测</translation>
+    </message>
+    <message>
+        <source>%1 names no store: give --store, or file= in its section [History]</source>
+        <translation>%1没有指定历史库：请使用 --store，或在 [History] 一节中设置 file=</translation>
+    </message>
+    <message>
+        <source>standard output</source>
+        <translation>标准输出</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>无法写入%1: %2</translation>
+    </message>
+    <message>
+        <source>run %1: %2</source>
+        <translation>检测%1: %2</translation>
+    </message>
+    <message>
+        <source>export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>no such runs</source>
+        <translation>没有符合条件的检测</translation>
+    </message>
+    <message>
+        <source>%1 cannot be made</source>
+        <translation>无法创建%1</translation>
+    </message>
+    <message>
+        <source>%1 names no server: server= in its section [History]</source>
+        <translation>%1没有指定服务器：请在 [History] 一节中设置 server=</translation>
+    </message>
+    <message>
+        <source>forward</source>
+        <translation>发送</translation>
+    </message>
+    <message>
+        <source>%1 sent</source>
+        <translation>已发送%1次检测</translation>
+    </message>
+    <message>
+        <source>the latest runs, the latest first</source>
+        <translation>最近的检测，最新的在前</translation>
+    </message>
+    <message>
+        <source>a run with all that it found</source>
+        <translation>一次检测及其全部结果</translation>
+    </message>
+    <message>
+        <source>every run of a camera, and what changed when it began to fail</source>
+        <translation>一台相机的所有检测，以及开始不通过时发生的变化</translation>
+    </message>
+    <message>
+        <source>yields, and what fails</source>
+        <translation>良率及未通过项目</translation>
+    </message>
+    <message>
+        <source>the same as a page or on paper</source>
+        <translation>同样的内容，输出为网页或PDF</translation>
+    </message>
+    <message>
+        <source>records, the oldest first</source>
+        <translation>检测记录，最早的在前</translation>
+    </message>
+    <message>
+        <source>records in JSON, and folders that earlier runs have left</source>
+        <translation>JSON记录，以及以前检测留下的文件夹</translation>
+    </message>
+    <message>
+        <source>what the store holds, and what the server does not have yet</source>
+        <translation>历史库的内容，以及尚未发送到服务器的部分</translation>
+    </message>
+    <message>
+        <source>send to the server what it does not have yet, now</source>
+        <translation>立即把尚未发送的检测发送到服务器</translation>
+    </message>
+    <message>
+        <source>remove all runs before a day, and give the space back</source>
+        <translation>删除某日之前的所有检测并释放空间</translation>
+    </message>
+    <message>
+        <source>A store&apos;s file, or postgresql://user@host/db (default: that of option.ini).</source>
+        <translation>历史库文件，或postgresql://user@host/db（默认：option.ini中指定的）。</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s MAC address, or its beginning.</source>
+        <translation>相机的MAC地址或其开头部分。</translation>
+    </message>
+    <message>
+        <source>The serial number, or its beginning.</source>
+        <translation>序列号或其开头部分。</translation>
+    </message>
+    <message>
+        <source>From this day on: 2026-11-21, or 7d for the last seven days.</source>
+        <translation>从该日起：2026-11-21，或用7d表示最近七天。</translation>
+    </message>
+    <message>
+        <source>Up to this day, which is included.</source>
+        <translation>到该日为止（含该日）。</translation>
+    </message>
+    <message>
+        <source>Runs of this station.</source>
+        <translation>该工作站的检测。</translation>
+    </message>
+    <message>
+        <source>Runs of this batch.</source>
+        <translation>该批次的检测。</translation>
+    </message>
+    <message>
+        <source>Runs of cameras with this firmware.</source>
+        <translation>使用该固件的相机的检测。</translation>
+    </message>
+    <message>
+        <source>Only runs that failed.</source>
+        <translation>仅未通过的检测。</translation>
+    </message>
+    <message>
+        <source>Only runs in which this item failed or warned, such as battery.info.</source>
+        <translation>仅该项目未通过或警告的检测，如battery.info。</translation>
+    </message>
+    <message>
+        <source>The most runs (list: 100, export: all; 0: all).</source>
+        <translation>最多的检测次数（list：100，export：全部；0：全部）。</translation>
+    </message>
+    <message>
+        <source>As JSON.</source>
+        <translation>以JSON输出。</translation>
+    </message>
+    <message>
+        <source>As comma-separated values, for spreadsheets.</source>
+        <translation>以逗号分隔值（CSV）输出，供电子表格使用。</translation>
+    </message>
+    <message>
+        <source>As JUnit reports, one file a run.</source>
+        <translation>以JUnit报告输出，每次检测一个文件。</translation>
+    </message>
+    <message>
+        <source>Into this file (JUnit: this folder), not to standard output.</source>
+        <translation>写入该文件（JUnit：该文件夹），而不是标准输出。</translation>
+    </message>
+    <message>
+        <source>Window: the folder that was chosen for results at the station.</source>
+        <translation>窗口：在工作站上选定的结果文件夹。</translation>
+    </message>
+    <message>
+        <source>The first day whose runs stay.</source>
+        <translation>从该日起的检测予以保留。</translation>
+    </message>
+    <message>
+        <source>Also runs that the server does not have yet.</source>
+        <translation>包括尚未发送到服务器的检测。</translation>
+    </message>
+    <message>
+        <source>Keeps and finds the runs of KestDetector. Without a command it opens its window. Commands:</source>
+        <translation>保存和查找KestDetector的检测。不带命令时打开窗口。命令：</translation>
+    </message>
+    <message>
+        <source>Exit codes: 0 done, 1 nothing found or not everything taken in, 2 wrong usage, 3 store, file or server failed, 130 interrupted.</source>
+        <translation>退出码：0 完成，1 未找到或未能全部导入，2 用法错误，3 历史库、文件或服务器出错，130 被中断。</translation>
+    </message>
+    <message>
+        <source>--%1 does not go with %2</source>
+        <translation>--%1 不能用于%2</translation>
+    </message>
+    <message>
+        <source>--%1 is given twice</source>
+        <translation>--%1 重复出现</translation>
+    </message>
+    <message>
+        <source>Unexpected argument &quot;%1&quot;</source>
+        <translation>多余的参数“%1”</translation>
+    </message>
+    <message>
+        <source>%1 wants %2</source>
+        <translation>%1需要%2</translation>
+    </message>
+    <message>
+        <source>--%1: &quot;%2&quot; is no day such as 2026-11-21 or 7d</source>
+        <translation>--%1：“%2”不是日期，应如2026-11-21或7d</translation>
+    </message>
+    <message>
+        <source>--since lies behind --until</source>
+        <translation>--since 晚于 --until</translation>
+    </message>
+    <message>
+        <source>prune wants --before</source>
+        <translation>prune需要 --before</translation>
+    </message>
+    <message>
+        <source>--item: &quot;%1&quot; is no key such as battery.info</source>
+        <translation>--item：“%1”不是项目名，应如battery.info</translation>
+    </message>
+    <message>
+        <source>--limit: &quot;%1&quot; is not a whole number of 0 or more</source>
+        <translation>--limit：“%1”不是大于或等于0的整数</translation>
+    </message>
+    <message>
+        <source>Only one of --json, --csv and --junit</source>
+        <translation>--json、--csv 和 --junit 只能选一个</translation>
+    </message>
+    <message>
+        <source>--junit wants --out with a folder</source>
+        <translation>--junit 需要 --out 指定文件夹</translation>
+    </message>
+    <message>
+        <source>report wants --out with a file that ends in .html or .pdf</source>
+        <translation>report需要 --out 指定以.html或.pdf结尾的文件</translation>
+    </message>
+    <message>
+        <source>What to do.</source>
+        <translation>要执行的命令。</translation>
+    </message>
+    <message>
+        <source>Show this text.</source>
+        <translation>显示本说明。</translation>
+    </message>
+    <message>
+        <source>Show the program&apos;s version.</source>
+        <translation>显示程序版本。</translation>
+    </message>
+    <message>
+        <source>--%1 wants a command</source>
+        <translation>--%1 需要一个命令</translation>
+    </message>
+    <message>
+        <source>There is no command &quot;%1&quot;</source>
+        <translation>没有命令“%1”</translation>
+    </message>
+    <message>
+        <source>import</source>
+        <translation>导入</translation>
+    </message>
+    <message>
+        <source>%1 added, %2 already there, %3 refused</source>
+        <translation>新增%1，已存在%2，拒绝%3</translation>
+    </message>
+    <message>
+        <source>run %1 has no time</source>
+        <translation>检测%1没有时间</translation>
+    </message>
+    <message>
+        <source>%1: no DetectorLog.txt in folders such as 2024-05-06_60601F0A5F2A</source>
+        <translation>%1: 在形如2024-05-06_60601F0A5F2A的文件夹中没有DetectorLog.txt</translation>
+    </message>
+    <message>
+        <source>larger than %1 MiB</source>
+        <translation>大于%1 MiB</translation>
+    </message>
+    <message>
+        <source>names no component</source>
+        <translation>其中没有任何部件</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n lines are not understood</source>
+        <translation>
+            <numerusform>%1: 有%n行无法识别</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>its record is not there</source>
+        <translation>其记录不存在</translation>
+    </message>
+    <message>
+        <source>there is no run &quot;%1&quot;</source>
+        <translation>没有检测“%1”</translation>
+    </message>
+    <message>
+        <source>there are several runs that begin with &quot;%1&quot;</source>
+        <translation>有多次检测以“%1”开头</translation>
+    </message>
+    <message>
+        <source>no runs of &quot;%1&quot;</source>
+        <translation>没有“%1”的检测</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is the beginning of several cameras: %2, %3, ...</source>
+        <translation>“%1”是多台相机的开头：%2、%3等</translation>
+    </message>
+    <message>
+        <source>no runs in this period</source>
+        <translation>该时段内没有检测</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>从未</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Store</source>
+        <translation>历史库</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>检测次数</translation>
+    </message>
+    <message>
+        <source>Queued</source>
+        <translation>待发送</translation>
+    </message>
+    <message>
+        <source>Last sent</source>
+        <translation>上次发送</translation>
+    </message>
+    <message>
+        <source>Last error</source>
+        <translation>上次错误</translation>
+    </message>
+    <message>
+        <source>report</source>
+        <translation>报告</translation>
+    </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1及另外%2项</translation>
+    </message>
+    <message>
+        <source>OUTSIDE</source>
+        <translation>超限</translation>
+    </message>
+    <message>
+        <source>request %1</source>
+        <translation>请求%1</translation>
+    </message>
+    <message>
+        <source>%1 (code %2)</source>
+        <translation>%1（代码%2）</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n attempts</source>
+        <translation>
+            <numerusform>%1，尝试%n次</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>%1: %2 (%3)</source>
+        <translation>%1: %2（%3）</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>（无）</translation>
+    </message>
+    <message>
+        <source>RUNS</source>
+        <translation>次数</translation>
+    </message>
+    <message>
+        <source>PASSED</source>
+        <translation>通过</translation>
+    </message>
+    <message>
+        <source>FAILED</source>
+        <translation>未通过</translation>
+    </message>
+    <message>
+        <source>OTHER</source>
+        <translation>其他</translation>
+    </message>
+    <message>
+        <source>CAMERAS</source>
+        <translation>相机数</translation>
+    </message>
+    <message>
+        <source>FIRST-PASS</source>
+        <translation>一次通过率</translation>
+    </message>
+    <message>
+        <source>FINAL</source>
+        <translation>最终良率</translation>
+    </message>
+    <message>
+        <source>RUN</source>
+        <translation>检测</translation>
+    </message>
+    <message>
+        <source>BEGIN</source>
+        <translation>开始时间</translation>
+    </message>
+    <message>
+        <source>OUTCOME</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>MAC</source>
+        <translation>MAC</translation>
+    </message>
+    <message>
+        <source>SERIAL</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>STATION</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>BATCH</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>FIRMWARE</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>DURATION</source>
+        <translation>用时</translation>
+    </message>
+    <message>
+        <source>FAILURE</source>
+        <translation>未通过项目</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>检测</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
+    </message>
+    <message>
+        <source>Begin</source>
+        <translation>开始时间</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>用时</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>WiFi name</source>
+        <translation>WiFi名称</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>连接方式</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>操作员</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>程序版本</translation>
+    </message>
+    <message>
+        <source>WHAT</source>
+        <translation>变化内容</translation>
+    </message>
+    <message>
+        <source>LAST PASS</source>
+        <translation>最后一次通过</translation>
+    </message>
+    <message>
+        <source>FIRST FAILURE</source>
+        <translation>首次未通过</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>时段</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1至%2</translation>
+    </message>
+    <message>
+        <source>%1: %2 passed, %3 failed, %4 stopped, %5 without answer</source>
+        <translation>%1：通过%2，未通过%3，停止%4，无应答%5</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>相机数</translation>
+    </message>
+    <message>
+        <source>First-pass</source>
+        <translation>一次通过率</translation>
+    </message>
+    <message>
+        <source>Final</source>
+        <translation>最终良率</translation>
+    </message>
+    <message>
+        <source>ITEM</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>SO FAR</source>
+        <translation>累计</translation>
+    </message>
+    <message>
+        <source>WARNED</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>TESTED</source>
+        <translation>已测</translation>
+    </message>
+    <message>
+        <source>DAY</source>
+        <translation>日期</translation>
+    </message>
+    <message>
+        <source>Try --help.</source>
+        <translation>请参阅 --help。</translation>
+    </message>
+    <message>
+        <source>there is no display for the window, and a command is missing</source>
+        <translation>没有可显示窗口的屏幕，也没有给出命令</translation>
     </message>
 </context>
 <context>
@@ -657,17 +1214,11 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
     <message>
         <source>final yield</source>
-        <translation>最终通过率</translation>
+        <translation>最终良率</translation>
     </message>
     <message>
         <source>runs</source>
         <translation>检测次数</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n runs</source>
-        <translation>
-            <numerusform>%n次检测</numerusform>
-        </translation>
     </message>
     <message>
         <source>%1 runs (%2 passed, %3 failed, %4 stopped, %5 errors) of %6 cameras. First-pass yield %7, final yield %8</source>
@@ -736,12 +1287,6 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>failed</source>
         <translation>未通过</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1: failed in %2 of %n runs</source>
-        <translation>
-            <numerusform>%1：%n次检测中%2次未通过</numerusform>
-        </translation>
     </message>
     <message>
         <source>Duration of runs by day</source>
@@ -822,6 +1367,18 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>Findings</source>
         <translation>问题项数</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n次检测</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: failed in %2 of %n runs</source>
+        <translation>
+            <numerusform>%1：%n次检测中%2次未通过</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1880,10 +2437,396 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
 </context>
 <context>
+    <name>Record</name>
+    <message>
+        <source>longer than %1 MiB</source>
+        <translation>超过%1 MiB</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>缺少%1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>无法读取%1</translation>
+    </message>
+    <message>
+        <source>not JSON: %1 at byte %2</source>
+        <translation>不是JSON：%1，位于第%2字节</translation>
+    </message>
+    <message>
+        <source>not a JSON object</source>
+        <translation>不是JSON对象</translation>
+    </message>
+    <message>
+        <source>schema %1 is not known</source>
+        <translation>未知的格式版本%1</translation>
+    </message>
+    <message>
+        <source>passed</source>
+        <translation>通过</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>未通过</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>notTested</source>
+        <translation>未检测</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>error</source>
+        <translation>出错</translation>
+    </message>
+    <message>
+        <source>answered</source>
+        <translation>已应答</translation>
+    </message>
+    <message>
+        <source>noReply</source>
+        <translation>无应答</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>被拒绝</translation>
+    </message>
+    <message>
+        <source>wrongSize</source>
+        <translation>应答长度有误</translation>
+    </message>
+</context>
+<context>
     <name>RecordOutput</name>
     <message>
         <source>standard output</source>
         <translation>标准输出</translation>
+    </message>
+</context>
+<context>
+    <name>ReportTexts</name>
+    <message>
+        <source>en</source>
+        <comment>the language of the page, as HTML names it</comment>
+        <translation>zh-CN</translation>
+    </message>
+    <message>
+        <source>No data</source>
+        <translation>无数据</translation>
+    </message>
+    <message>
+        <source>Failures by item</source>
+        <translation>各项目未通过次数（帕累托图）</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of all so far)</source>
+        <translation>%1（累计占%2）</translation>
+    </message>
+    <message>
+        <source>Yield and runs over time</source>
+        <translation>良率与检测次数随时间的变化</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs, first-pass %2, final %3</source>
+        <translation>
+            <numerusform>%1：检测%n次，一次通过率%2，最终良率%3</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n次</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>first-pass yield</source>
+        <translation>一次通过率</translation>
+    </message>
+    <message>
+        <source>final yield</source>
+        <translation>最终良率</translation>
+    </message>
+    <message>
+        <source>runs</source>
+        <translation>检测次数</translation>
+    </message>
+    <message>
+        <source>Distribution of %1 in %2</source>
+        <translation>%2中%1的分布</translation>
+    </message>
+    <message>
+        <source>least %1</source>
+        <translation>下限%1</translation>
+    </message>
+    <message>
+        <source>most %1</source>
+        <translation>上限%1</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>（无）</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1至%2</translation>
+    </message>
+    <message>
+        <source>No runs</source>
+        <translation>没有检测</translation>
+    </message>
+    <message>
+        <source>%1, station %2</source>
+        <translation>%1，工作站%2</translation>
+    </message>
+    <message>
+        <source>%1, batch %2</source>
+        <translation>%1，批次%2</translation>
+    </message>
+    <message>
+        <source>%1, firmware %2</source>
+        <translation>%1，固件%2</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>相机数</translation>
+    </message>
+    <message>
+        <source>First-pass yield</source>
+        <translation>一次通过率</translation>
+    </message>
+    <message>
+        <source>Final yield</source>
+        <translation>最终良率</translation>
+    </message>
+    <message>
+        <source>Mean duration</source>
+        <translation>平均用时</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>检测次数</translation>
+    </message>
+    <message>
+        <source>passed</source>
+        <translation>通过</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>未通过</translation>
+    </message>
+    <message>
+        <source>stopped or no answer</source>
+        <translation>已停止或无应答</translation>
+    </message>
+    <message>
+        <source>Passed</source>
+        <translation>通过</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>未通过</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>其他</translation>
+    </message>
+    <message>
+        <source>First-pass</source>
+        <translation>一次通过率</translation>
+    </message>
+    <message>
+        <source>Final</source>
+        <translation>最终良率</translation>
+    </message>
+    <message>
+        <source>Item</source>
+        <translation>项目</translation>
+    </message>
+    <message>
+        <source>Tested</source>
+        <translation>已测</translation>
+    </message>
+    <message>
+        <source>Warned</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Failed of tested</source>
+        <translation>不良率</translation>
+    </message>
+    <message>
+        <source>n = %1, mean %2, standard deviation %3, from %4 to %5, limit %6..%7, Cpk %8, %9 outside their limit</source>
+        <translation>n = %1，均值%2，标准差%3，范围%4至%5，限值%6..%7，Cpk %8，超限%9个</translation>
+    </message>
+    <message>
+        <source>%1; %2 far off to the left and %3 to the right are not drawn</source>
+        <translation>%1；左侧远处的%2个值和右侧远处的%3个值未绘出</translation>
+    </message>
+    <message>
+        <source>%1 (warning)</source>
+        <translation>%1（警告）</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>相机</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>Last run</source>
+        <translation>最后检测</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>Batch</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Failure: value (limit)</source>
+        <translation>未通过项目：值（限值）</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1秒</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1分%2秒</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1小时%2分</translation>
+    </message>
+    <message>
+        <source>Test report, %1</source>
+        <translation>检测报告，%1</translation>
+    </message>
+    <message>
+        <source>Test report</source>
+        <translation>检测报告</translation>
+    </message>
+    <message>
+        <source>From %1, made %2 by %3</source>
+        <translation>数据来自%1，由%3于%2生成</translation>
+    </message>
+    <message>
+        <source>There are no runs in this period.</source>
+        <translation>该时段内没有检测。</translation>
+    </message>
+    <message>
+        <source>Yields count cameras, each on the day and at the station of its first judged run: by how that run ended (first-pass), and by how its last one ended (final).</source>
+        <translation>良率按相机统计，每台相机计入其首次得出结论的检测所在的日期和工作站：按该次检测的结果计算一次通过率，按最后一次检测的结果计算最终良率。</translation>
+    </message>
+    <message>
+        <source>Yield over time</source>
+        <translation>良率趋势</translation>
+    </message>
+    <message>
+        <source>What fails</source>
+        <translation>未通过项目</translation>
+    </message>
+    <message>
+        <source>Measurements with limits</source>
+        <translation>有限值的测量</translation>
+    </message>
+    <message>
+        <source>%1 in %2</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>%1 in %2, in %3</source>
+        <translation>%1（%2），单位%3</translation>
+    </message>
+    <message>
+        <source>Stations</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>Batches</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>Failed cameras (%1)</source>
+        <translation>未通过的相机（%1台）</translation>
+    </message>
+    <message>
+        <source>Every camera passed in its last judged run.</source>
+        <translation>每台相机在最后一次得出结论的检测中均通过。</translation>
+    </message>
+</context>
+<context>
+    <name>RunComparison</name>
+    <message>
+        <source>station</source>
+        <translation>工作站</translation>
+    </message>
+    <message>
+        <source>location</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>operator</source>
+        <translation>操作员</translation>
+    </message>
+    <message>
+        <source>batch</source>
+        <translation>批次</translation>
+    </message>
+    <message>
+        <source>serial</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>program version</source>
+        <translation>程序版本</translation>
+    </message>
+    <message>
+        <source>firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>wifi name</source>
+        <translation>WiFi名称</translation>
+    </message>
+    <message>
+        <source>link</source>
+        <translation>连接方式</translation>
+    </message>
+    <message>
+        <source>plan</source>
+        <translation>检测计划</translation>
+    </message>
+    <message>
+        <source>not run</source>
+        <translation>未执行</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>not measured</source>
+        <translation>未测量</translation>
     </message>
 </context>
 <context>
@@ -2027,7 +2970,7 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     </message>
     <message>
         <source>This run is not in the store any more.</source>
-        <translation>这次检测已不在存储中。</translation>
+        <translation>这次检测已不在历史库中。</translation>
     </message>
     <message>
         <source>No run is chosen.</source>
@@ -2269,11 +3212,11 @@ The last one: %2, %3</source>
     <name>StatisticsView</name>
     <message>
         <source>Yield by day</source>
-        <translation>每日通过率</translation>
+        <translation>每日良率</translation>
     </message>
     <message>
         <source>Failures by item</source>
-        <translation>各项目的失败次数</translation>
+        <translation>各项目未通过次数</translation>
     </message>
     <message>
         <source>Measurement</source>
@@ -2525,7 +3468,7 @@ The last one: %2, %3</source>
     </message>
     <message>
         <source>What changed from its last pass (%1) to its first failure after it (%2):</source>
-        <translation>从最后一次通过(%1)到其后第一次失败(%2)的变化：</translation>
+        <translation>从最后一次通过（%1）到其后首次未通过（%2）的变化：</translation>
     </message>
     <message numerus="yes">
         <source>%1: %n runs</source>

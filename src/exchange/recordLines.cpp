@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <QCoreApplication>
 
 namespace {
 struct Line
@@ -84,7 +85,8 @@ void forEachRecordLine(QIODevice &device, const std::function<bool(const RecordL
             bytes += rest.size();
         }
         if (line.isTooLong) {
-            const QString reason = QStringLiteral("longer than %1 MiB").arg(longest / 1024 / 1024);
+            const QString reason =
+                QCoreApplication::translate("Record", "longer than %1 MiB").arg(longest / 1024 / 1024);
             goesOn = take({number, {}, reason}, bytes);
         } else if (!line.text.trimmed().isEmpty()) {
             goesOn = take({number, line.text, {}}, bytes);

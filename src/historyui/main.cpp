@@ -1,6 +1,8 @@
 #include "historyui/commands/commands.h"
 #include "historyui/commands/HistoryCommandLine.h"
+#include "historyui/commands/HistoryTexts.h"
 #include "historyui/window/HistoryWindow.h"
+#include "language/Language.h"
 #include "places/Places.h"
 #include "platform/plainLocale.h"
 #include "platform/platformChoice.h"
@@ -26,7 +28,7 @@ void useUtf8InPlainLocale()
 /// Whether only options of the window, and of Qt, are given.
 bool isForWindow(int argc, char *argv[])
 {
-    constexpr std::array options = {"--store", "--mac", "--results", "-platform"};
+    constexpr std::array options = {"--store", "--language", "--mac", "--results", "-platform"};
     bool isValue = false;
     return std::all_of(argv + 1, argv + argc, [&](const char *argument) {
         const QByteArray text(argument);
@@ -65,6 +67,13 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char *argv[])
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
+int refuse(const QString &reason)
+{
+    std::fprintf(stderr, "KestHistory: %s\n%s\n", qUtf8Printable(reason),
+                 qUtf8Printable(HistoryTexts::tr("Try --help.")));
+    return historyExit::wrongUsage;
+}
+
 int openWindow(const HistoryCommandLine &line, const Places &places)
 {
     QString error;
@@ -97,20 +106,19 @@ int main(int argc, char *argv[])
     useUtf8InPlainLocale();
     // The station's, which is in the same folder.
     const Places places(QCoreApplication::applicationDirPath());
+    installLanguage(*application, chosenLanguage(QCoreApplication::arguments(), places.settings()));
     const HistoryCommandLine line = HistoryCommandLine::parse(QCoreApplication::arguments(), QDate::currentDate());
     switch (line.command) {
     case HistoryCommandLine::Command::Help:
         std::puts(qUtf8Printable(line.message));
         return historyExit::done;
     case HistoryCommandLine::Command::Wrong:
-        std::fprintf(stderr, "KestHistory: %s\nTry --help.\n", qUtf8Printable(line.message));
-        return historyExit::wrongUsage;
+        return refuse(line.message);
     case HistoryCommandLine::Command::None:
         if (qobject_cast<QApplication *>(application.get()) != nullptr) {
             return openWindow(line, places);
         }
-        std::fputs("KestHistory: there is no display for the window, and a command is missing\nTry --help.\n", stderr);
-        return historyExit::wrongUsage;
+        return refuse(HistoryTexts::tr("there is no display for the window, and a command is missing"));
     default:
         return runCommand(line, places);
     }

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -274,11 +275,11 @@ public:
         const Place place{m_place, name};
         const auto entry = m_object.constFind(QLatin1String(name));
         if (entry == m_object.constEnd()) {
-            *m_error = QStringLiteral("%1 is missing").arg(place.text());
+            *m_error = QCoreApplication::translate("Record", "%1 is missing").arg(place.text());
             return;
         }
         if (!read(*entry, place, &value) && m_error->isEmpty()) {
-            *m_error = QStringLiteral("%1 cannot be read").arg(place.text());
+            *m_error = QCoreApplication::translate("Record", "%1 cannot be read").arg(place.text());
         }
     }
 
@@ -381,7 +382,7 @@ private:
             const Place entry{&place, nullptr, i};
             if (!read(array.at(i), entry, &value)) {
                 if (m_error->isEmpty()) {
-                    *m_error = QStringLiteral("%1 cannot be read").arg(entry.text());
+                    *m_error = QCoreApplication::translate("Record", "%1 cannot be read").arg(entry.text());
                 }
                 return false;
             }
@@ -426,11 +427,13 @@ std::optional<RunRecord> fromJson(const QByteArray &json, QString *error)
     QJsonParseError parseError{};
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        *error = QStringLiteral("not JSON: %1 at byte %2").arg(parseError.errorString()).arg(parseError.offset);
+        *error = QCoreApplication::translate("Record", "not JSON: %1 at byte %2")
+                     .arg(parseError.errorString())
+                     .arg(parseError.offset);
         return {};
     }
     if (!document.isObject()) {
-        *error = QStringLiteral("not a JSON object");
+        *error = QCoreApplication::translate("Record", "not a JSON object");
         return {};
     }
     const QJsonObject object = document.object();
@@ -438,7 +441,7 @@ std::optional<RunRecord> fromJson(const QByteArray &json, QString *error)
     int schema = 0;
     reader(schemaKey.data(), schema);
     if (error->isEmpty() && schema != RunRecord::schemaVersion) {
-        *error = QStringLiteral("schema %1 is not known").arg(schema);
+        *error = QCoreApplication::translate("Record", "schema %1 is not known").arg(schema);
     }
     RunRecord run;
     Keys<RunRecord>::visit(run, reader);

@@ -1,7 +1,9 @@
 #include "report/Report.h"
 
+#include "record/recordNames.h"
 #include "record/RunRecord.h"
 #include "report/plots.h"
+#include "report/ReportTexts.h"
 
 #include <array>
 #include <cmath>
@@ -14,7 +16,7 @@ QString countText(qint64 count)
 
 QString nameText(const QString &name)
 {
-    return name.isEmpty() ? QStringLiteral("(none)") : name;
+    return name.isEmpty() ? ReportTexts::tr("(none)") : name;
 }
 
 QString dayText(const QDate &day)
@@ -27,13 +29,15 @@ QString periodText(const Report &report)
 {
     const QDate since = report.filter.since.isValid() ? report.filter.since : report.statistics.first;
     const QDate until = report.filter.until.isValid() ? report.filter.until : report.statistics.last;
-    QString text = since.isValid() && until.isValid() ? QStringLiteral("%1 to %2").arg(dayText(since), dayText(until))
-                                                      : QStringLiteral("No runs");
+    QString text = since.isValid() && until.isValid() ? ReportTexts::tr("%1 to %2").arg(dayText(since), dayText(until))
+                                                      : ReportTexts::tr("No runs");
     const std::array<std::pair<const char *, QString>, 3> bounds = {
-        {{"station", report.filter.station}, {"batch", report.filter.batch}, {"firmware", report.filter.firmware}}};
+        {{QT_TRANSLATE_NOOP("ReportTexts", "%1, station %2"), report.filter.station},
+         {QT_TRANSLATE_NOOP("ReportTexts", "%1, batch %2"), report.filter.batch},
+         {QT_TRANSLATE_NOOP("ReportTexts", "%1, firmware %2"), report.filter.firmware}}};
     for (const auto &bound : bounds) {
         if (!bound.second.isEmpty()) {
-            text += QStringLiteral(", %1 %2").arg(QLatin1String(bound.first), bound.second);
+            text = ReportTexts::tr(bound.first).arg(text, bound.second);
         }
     }
     return text;
@@ -46,27 +50,27 @@ std::chrono::microseconds meanDuration(const TallySums &sums)
 
 Figures summary(const TallySums &sums)
 {
-    return {{{QStringLiteral("Cameras"), countText(sums.cameras)},
-             {QStringLiteral("First-pass yield"), percentText(firstPassYield(sums))},
-             {QStringLiteral("Final yield"), percentText(finalYield(sums))},
-             {QStringLiteral("Mean duration"), durationText(meanDuration(sums))},
-             {QStringLiteral("Runs"), countText(sums.runs)},
-             {QStringLiteral("passed"), countText(sums.passed)},
-             {QStringLiteral("failed"), countText(sums.failed)},
-             {QStringLiteral("stopped or no answer"), countText(sums.stopped + sums.error)}}};
+    return {{{ReportTexts::tr("Cameras"), countText(sums.cameras)},
+             {ReportTexts::tr("First-pass yield"), percentText(firstPassYield(sums))},
+             {ReportTexts::tr("Final yield"), percentText(finalYield(sums))},
+             {ReportTexts::tr("Mean duration"), durationText(meanDuration(sums))},
+             {ReportTexts::tr("Runs"), countText(sums.runs)},
+             {ReportTexts::tr("passed"), countText(sums.passed)},
+             {ReportTexts::tr("failed"), countText(sums.failed)},
+             {ReportTexts::tr("stopped or no answer"), countText(sums.stopped + sums.error)}}};
 }
 
 Table groupTable(const QString &what, const QList<RunGroup> &groups)
 {
     Table table{{{what, false},
-                 {QStringLiteral("Runs"), true},
-                 {QStringLiteral("Passed"), true},
-                 {QStringLiteral("Failed"), true},
-                 {QStringLiteral("Other"), true},
-                 {QStringLiteral("Cameras"), true},
-                 {QStringLiteral("First-pass"), true},
-                 {QStringLiteral("Final"), true},
-                 {QStringLiteral("Mean duration"), true}},
+                 {ReportTexts::tr("Runs"), true},
+                 {ReportTexts::tr("Passed"), true},
+                 {ReportTexts::tr("Failed"), true},
+                 {ReportTexts::tr("Other"), true},
+                 {ReportTexts::tr("Cameras"), true},
+                 {ReportTexts::tr("First-pass"), true},
+                 {ReportTexts::tr("Final"), true},
+                 {ReportTexts::tr("Mean duration"), true}},
                 {}};
     for (const RunGroup &group : groups) {
         const TallySums &sums = group.sums;
@@ -80,11 +84,11 @@ Table groupTable(const QString &what, const QList<RunGroup> &groups)
 
 Table itemTable(const QList<ItemGroup> &items)
 {
-    Table table{{{QStringLiteral("Item"), false},
-                 {QStringLiteral("Tested"), true},
-                 {QStringLiteral("Failed"), true},
-                 {QStringLiteral("Warned"), true},
-                 {QStringLiteral("Failed of tested"), true}},
+    Table table{{{ReportTexts::tr("Item"), false},
+                 {ReportTexts::tr("Tested"), true},
+                 {ReportTexts::tr("Failed"), true},
+                 {ReportTexts::tr("Warned"), true},
+                 {ReportTexts::tr("Failed of tested"), true}},
                 {}};
     for (const ItemGroup &item : items) {
         const std::optional<double> share =
@@ -106,18 +110,18 @@ QString distributionText(const Distribution &distribution)
 {
     const std::optional<double> capability = cpk(distribution);
     QString text =
-        QStringLiteral("n = %1, mean %2, standard deviation %3, from %4 to %5, limit %6..%7, Cpk %8, "
-                       "%9 outside their limit")
+        ReportTexts::tr("n = %1, mean %2, standard deviation %3, from %4 to %5, limit %6..%7, Cpk %8, "
+                        "%9 outside their limit")
             .arg(QString::number(distribution.count), shortNumber(distribution.mean),
                  shortNumber(distribution.deviation), shortNumber(distribution.least), shortNumber(distribution.most),
                  boundText(distribution.limit.least), boundText(distribution.limit.most),
                  capability ? QString::number(*capability, 'f', 2) : QStringLiteral("-"),
                  QString::number(distribution.outside));
-    if (distribution.below + distribution.above > 0) {
-        text += QStringLiteral("; %1 far off to the left and %2 to the right are not drawn")
-                    .arg(QString::number(distribution.below), QString::number(distribution.above));
+    if (distribution.below + distribution.above == 0) {
+        return text;
     }
-    return text;
+    return ReportTexts::tr("%1; %2 far off to the left and %3 to the right are not drawn")
+        .arg(text, QString::number(distribution.below), QString::number(distribution.above));
 }
 
 /// "battery.info: battery.voltage 4.36 (3.6..4.35)", or the item's text where no limit tells more.
@@ -126,19 +130,20 @@ QString findingText(const FindingRow &finding)
     const QString text = finding.measurement.isEmpty()
                              ? finding.message
                              : QStringLiteral("%1 %2 (%3)").arg(finding.measurement, finding.value, finding.limits);
-    const QString verdict = finding.verdict == QLatin1String("warning") ? QStringLiteral(" (warning)") : QString();
-    return finding.item + verdict + (text.isEmpty() ? QString() : QLatin1String(": ") + text);
+    const QString item =
+        finding.verdict == nameOf(Verdict::Warning) ? ReportTexts::tr("%1 (warning)").arg(finding.item) : finding.item;
+    return text.isEmpty() ? item : ReportTexts::tr("%1: %2").arg(item, text);
 }
 
 Table failedTable(const QList<FailedCamera> &failed)
 {
-    Table table{{{QStringLiteral("Camera"), false},
-                 {QStringLiteral("Serial"), false},
-                 {QStringLiteral("Last run"), false},
-                 {QStringLiteral("Station"), false},
-                 {QStringLiteral("Batch"), false},
-                 {QStringLiteral("Firmware"), false},
-                 {QStringLiteral("Failure: value (limit)"), false}},
+    Table table{{{ReportTexts::tr("Camera"), false},
+                 {ReportTexts::tr("Serial"), false},
+                 {ReportTexts::tr("Last run"), false},
+                 {ReportTexts::tr("Station"), false},
+                 {ReportTexts::tr("Batch"), false},
+                 {ReportTexts::tr("Firmware"), false},
+                 {ReportTexts::tr("Failure: value (limit)"), false}},
                 {}};
     for (const FailedCamera &camera : failed) {
         QStringList findings;
@@ -155,11 +160,11 @@ Table failedTable(const QList<FailedCamera> &failed)
     return table;
 }
 
-void addGroups(const char *title, const char *what, const QList<RunGroup> &groups, Page *page)
+void addGroups(const QString &title, const QString &what, const QList<RunGroup> &groups, Page *page)
 {
     if (!groups.isEmpty()) {
-        page->parts.append(Heading{QString::fromLatin1(title)});
-        page->parts.append(groupTable(QString::fromLatin1(what), groups));
+        page->parts.append(Heading{title});
+        page->parts.append(groupTable(what, groups));
     }
 }
 } // namespace
@@ -169,57 +174,58 @@ QString durationText(std::chrono::microseconds duration)
     const double seconds = std::chrono::duration<double>(duration).count();
     constexpr double minute = 60;
     if (seconds < minute) {
-        return QStringLiteral("%1 s").arg(QString::number(seconds, 'f', seconds < 10 ? 2 : 1));
+        return ReportTexts::tr("%1 s").arg(QString::number(seconds, 'f', seconds < 10 ? 2 : 1));
     }
     const auto minutes = std::chrono::duration_cast<std::chrono::minutes>(duration).count();
     if (minutes < 60) {
-        return QStringLiteral("%1 min %2 s").arg(minutes).arg(static_cast<int>(seconds) % 60, 2, 10, QLatin1Char('0'));
+        return ReportTexts::tr("%1 min %2 s").arg(minutes).arg(static_cast<int>(seconds) % 60, 2, 10, QLatin1Char('0'));
     }
-    return QStringLiteral("%1 h %2 min").arg(minutes / 60).arg(minutes % 60, 2, 10, QLatin1Char('0'));
+    return ReportTexts::tr("%1 h %2 min").arg(minutes / 60).arg(minutes % 60, 2, 10, QLatin1Char('0'));
 }
 
 Page reportPage(const Report &report)
 {
     const QString period = periodText(report);
-    Page page{QStringLiteral("Test report, %1").arg(period), {}};
+    Page page{ReportTexts::tr("Test report, %1").arg(period), {}};
     const Statistics &statistics = report.statistics;
     page.parts = {
-        Heading{QStringLiteral("Test report"), 1}, Paragraph{period},
-        Paragraph{QStringLiteral("From %1, made %2 by %3").arg(report.store, timeText(report.made), report.programName),
-                  true}};
+        Heading{ReportTexts::tr("Test report"), 1}, Paragraph{period},
+        Paragraph{
+            ReportTexts::tr("From %1, made %2 by %3").arg(report.store, timeText(report.made), report.programName),
+            true}};
     if (statistics.total.runs == 0) {
-        page.parts.append(Paragraph{QStringLiteral("There are no runs in this period.")});
+        page.parts.append(Paragraph{ReportTexts::tr("There are no runs in this period.")});
         return page;
     }
     page.parts.append(summary(statistics.total));
-    page.parts.append(Paragraph{QStringLiteral("Yields count cameras, each on the day and at the station of its first "
-                                               "judged run: by how that run ended (first-pass), and by how its last "
-                                               "one ended (final)."),
+    page.parts.append(Paragraph{ReportTexts::tr("Yields count cameras, each on the day and at the station of its first "
+                                                "judged run: by how that run ended (first-pass), and by how its last "
+                                                "one ended (final)."),
                                 true});
-    page.parts.append(Heading{QStringLiteral("Yield over time")});
+    page.parts.append(Heading{ReportTexts::tr("Yield over time")});
     page.parts.append(Picture{yieldPlot(statistics.byDay), {}});
-    page.parts.append(Heading{QStringLiteral("What fails")});
+    page.parts.append(Heading{ReportTexts::tr("What fails")});
     page.parts.append(Picture{paretoPlot(statistics.items), {}});
     if (!statistics.items.isEmpty()) {
         page.parts.append(itemTable(statistics.items));
     }
     if (!report.distributions.isEmpty()) {
-        page.parts.append(Heading{QStringLiteral("Measurements with limits")});
+        page.parts.append(Heading{ReportTexts::tr("Measurements with limits")});
         for (const Distribution &distribution : report.distributions) {
-            QString name = QStringLiteral("%1 in %2").arg(distribution.name, distribution.item);
-            if (!distribution.unit.isEmpty()) {
-                name += QStringLiteral(", in %1").arg(distribution.unit);
-            }
+            const QString name =
+                distribution.unit.isEmpty()
+                    ? ReportTexts::tr("%1 in %2").arg(distribution.name, distribution.item)
+                    : ReportTexts::tr("%1 in %2, in %3").arg(distribution.name, distribution.item, distribution.unit);
             page.parts.append(Heading{name, 3});
             page.parts.append(Picture{distributionPlot(distribution), distributionText(distribution)});
         }
     }
-    addGroups("Stations", "Station", statistics.byStation, &page);
-    addGroups("Batches", "Batch", statistics.byBatch, &page);
-    addGroups("Firmware", "Firmware", statistics.byFirmware, &page);
-    page.parts.append(Heading{QStringLiteral("Failed cameras (%1)").arg(report.failed.size())});
+    addGroups(ReportTexts::tr("Stations"), ReportTexts::tr("Station"), statistics.byStation, &page);
+    addGroups(ReportTexts::tr("Batches"), ReportTexts::tr("Batch"), statistics.byBatch, &page);
+    addGroups(ReportTexts::tr("Firmware"), ReportTexts::tr("Firmware"), statistics.byFirmware, &page);
+    page.parts.append(Heading{ReportTexts::tr("Failed cameras (%1)").arg(report.failed.size())});
     if (report.failed.isEmpty()) {
-        page.parts.append(Paragraph{QStringLiteral("Every camera passed in its last judged run.")});
+        page.parts.append(Paragraph{ReportTexts::tr("Every camera passed in its last judged run.")});
     } else {
         page.parts.append(failedTable(report.failed));
     }

@@ -1,5 +1,6 @@
 #include "record/plainText.h"
 #include "report/Page.h"
+#include "report/ReportTexts.h"
 
 #include <array>
 #include <QXmlStreamWriter>
@@ -40,7 +41,8 @@ public:
         m_bytes = QByteArrayLiteral("<!DOCTYPE html>\n");
         m_xml.setAutoFormatting(false);
         begin("html");
-        m_xml.writeAttribute(QStringLiteral("lang"), QStringLiteral("en"));
+        m_xml.writeAttribute(QStringLiteral("lang"),
+                             ReportTexts::tr("en", "the language of the page, as HTML names it"));
         begin("head");
         meta("charset", QStringLiteral("utf-8"), {});
         meta("http-equiv", QStringLiteral("Content-Security-Policy"),

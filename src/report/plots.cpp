@@ -1,6 +1,7 @@
 #include "report/plots.h"
 
 #include "record/limitText.h"
+#include "report/ReportTexts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,7 +40,7 @@ Path line(const QPointF &from, const QPointF &to, const QColor &colour, double w
 Drawing emptyPlot(const QString &title)
 {
     Drawing drawing{{pageWidth, 40}, title, {}};
-    drawing.shapes.append(Label{{0, 24}, QStringLiteral("No data"), Label::Anchor::Begin, 12, axisColour});
+    drawing.shapes.append(Label{{0, 24}, ReportTexts::tr("No data"), Label::Anchor::Begin, 12, axisColour});
     return drawing;
 }
 
@@ -95,11 +96,6 @@ double lowestShare(const QList<RunGroup> &days)
     }
     return std::floor(lowest * 10 + 1e-9) / 10;
 }
-
-QString boundName(const char *name, double bound)
-{
-    return QStringLiteral("%1 %2").arg(QLatin1String(name), shortNumber(bound));
-}
 } // namespace
 
 QString percentText(const std::optional<double> &share)
@@ -116,7 +112,7 @@ QString shortNumber(double number)
 
 Drawing paretoPlot(const QList<ItemGroup> &items, int mostItems)
 {
-    const QString title = QStringLiteral("Failures by item");
+    const QString title = ReportTexts::tr("Failures by item");
     qint64 all = 0;
     QList<ItemGroup> failing;
     for (const ItemGroup &item : items) {
@@ -140,7 +136,7 @@ Drawing paretoPlot(const QList<ItemGroup> &items, int mostItems)
         soFar += item.sums.failed;
         const double top = 4 + i * row;
         const double end = x.at(static_cast<double>(item.sums.failed));
-        const QString count = QStringLiteral("%1 (%2 of all so far)")
+        const QString count = ReportTexts::tr("%1 (%2 of all so far)")
                                   .arg(QString::number(item.sums.failed),
                                        percentText(static_cast<double>(soFar) / static_cast<double>(all)));
         drawing.shapes.append(Label{{left - 8, top + 12}, item.item, Label::Anchor::End, 11});
@@ -153,7 +149,7 @@ Drawing paretoPlot(const QList<ItemGroup> &items, int mostItems)
 
 Drawing yieldPlot(const QList<RunGroup> &allDays)
 {
-    const QString title = QStringLiteral("Yield and runs over time");
+    const QString title = ReportTexts::tr("Yield and runs over time");
     const QList<RunGroup> days = groupDays(allDays);
     if (days.isEmpty()) {
         return emptyPlot(title);
@@ -174,10 +170,10 @@ Drawing yieldPlot(const QList<RunGroup> &allDays)
     for (int i = 0; i < days.size(); ++i) {
         const TallySums &sums = days.at(i).sums;
         const QPointF corner(x.at(i + gap), bars.at(static_cast<double>(sums.runs)));
-        drawing.shapes.append(Box{QRectF(corner, QPointF(x.at(i + 1 - gap), bottom)), paleColour,
-                                  QStringLiteral("%1: %2 runs, first-pass %3, final %4")
-                                      .arg(days.at(i).name, QString::number(sums.runs),
-                                           percentText(firstPassYield(sums)), percentText(finalYield(sums)))});
+        drawing.shapes.append(
+            Box{QRectF(corner, QPointF(x.at(i + 1 - gap), bottom)), paleColour,
+                ReportTexts::tr("%1: %n runs, first-pass %2, final %3", nullptr, static_cast<int>(sums.runs))
+                    .arg(days.at(i).name, percentText(firstPassYield(sums)), percentText(finalYield(sums)))});
     }
     addShareGrid(y, right, &drawing);
     addYieldLine(days, x, y, firstPassYield, firstPassColour, true, &drawing);
@@ -190,20 +186,20 @@ Drawing yieldPlot(const QList<RunGroup> &allDays)
             Label{{x.at(day + 0.5), bottom + 15}, days.at(day).name, Label::Anchor::Middle, smallSize});
     }
     drawing.shapes.append(Label{{pageWidth - 2, bars.at(static_cast<double>(busiest->sums.runs)) + 4},
-                                QStringLiteral("%1 runs").arg(busiest->sums.runs),
+                                ReportTexts::tr("%n runs", nullptr, static_cast<int>(busiest->sums.runs)),
                                 Label::Anchor::End,
                                 smallSize,
                                 axisColour});
-    addLegend({left, 10}, QStringLiteral("first-pass yield"), firstPassColour, true, &drawing);
-    addLegend({left + 140, 10}, QStringLiteral("final yield"), finalColour, false, &drawing);
+    addLegend({left, 10}, ReportTexts::tr("first-pass yield"), firstPassColour, true, &drawing);
+    addLegend({left + 140, 10}, ReportTexts::tr("final yield"), finalColour, false, &drawing);
     drawing.shapes.append(Box{{left + 260, 5, 12, 10}, paleColour, {}});
-    drawing.shapes.append(Label{{left + 277, 14}, QStringLiteral("runs"), Label::Anchor::Begin, smallSize});
+    drawing.shapes.append(Label{{left + 277, 14}, ReportTexts::tr("runs"), Label::Anchor::Begin, smallSize});
     return drawing;
 }
 
 Drawing distributionPlot(const Distribution &distribution)
 {
-    const QString title = QStringLiteral("Distribution of %1 in %2").arg(distribution.name, distribution.item);
+    const QString title = ReportTexts::tr("Distribution of %1 in %2").arg(distribution.name, distribution.item);
     if (distribution.bins.isEmpty()) {
         return emptyPlot(title);
     }
@@ -256,10 +252,12 @@ Drawing distributionPlot(const Distribution &distribution)
         drawing.shapes.append(Label{{at, top - 9}, text, anchor, smallSize, colour});
     };
     if (isNear(distribution.limit.least)) {
-        mark(*distribution.limit.least, boundName("least", *distribution.limit.least), failureColour, true);
+        mark(*distribution.limit.least, ReportTexts::tr("least %1").arg(shortNumber(*distribution.limit.least)),
+             failureColour, true);
     }
     if (isNear(distribution.limit.most)) {
-        mark(*distribution.limit.most, boundName("most", *distribution.limit.most), failureColour, true);
+        mark(*distribution.limit.most, ReportTexts::tr("most %1").arg(shortNumber(*distribution.limit.most)),
+             failureColour, true);
     }
     if (distribution.mean >= x.from && distribution.mean <= x.to) {
         const double at = x.at(distribution.mean);

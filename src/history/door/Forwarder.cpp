@@ -65,14 +65,14 @@ bool Forwarder::openServer()
     }
     StoreError error;
     m_server = Store::open(m_serverAddress, {}, &error);
-    return m_server != nullptr || fail(error.text);
+    return m_server != nullptr || fail(error);
 }
 
 std::optional<QList<QUuid>> Forwarder::next()
 {
     std::optional<QList<QUuid>> runs = m_local->unsent(runsPerTransaction + m_refused.size());
     if (!runs) {
-        fail(m_local->error().text);
+        fail(m_local->error());
         return {};
     }
     const auto refused = [this](const QUuid &run) { return m_refused.contains(run); };
@@ -85,10 +85,13 @@ bool Forwarder::send(const QList<QUuid> &runs)
     QVector<RunRows> rows;
     for (const QUuid &id : runs) {
         const QByteArray json = m_local->readJson(id);
-        QString reason = m_local->error().text;
-        const std::optional<RunRecord> run = json.isEmpty() ? std::nullopt : fromJson(json, &reason);
+        if (json.isEmpty()) {
+            return fail(m_local->error());
+        }
+        QString reason;
+        const std::optional<RunRecord> run = fromJson(json, &reason);
         if (!run) {
-            return fail(reason);
+            return fail(reason, reason);
         }
         rows.append(runRows(*run, json));
     }
@@ -96,11 +99,11 @@ bool Forwarder::send(const QList<QUuid> &runs)
     constexpr int mostAttempts = 5;
     for (int attempt = 1; !m_server->insert(rows, false); ++attempt) {
         if (!m_server->error().isPassing() || attempt == mostAttempts) {
-            return fail(m_server->error().text);
+            return fail(m_server->error());
         }
     }
     if (!m_local->setSent(runs, QDateTime::currentDateTimeUtc())) {
-        return fail(m_local->error().text);
+        return fail(m_local->error());
     }
     m_sent += runs.size();
     return true;
@@ -122,10 +125,15 @@ bool Forwarder::sendSingly(const QList<QUuid> &runs)
     return true;
 }
 
-bool Forwarder::fail(const QString &error)
+bool Forwarder::fail(const StoreError &error)
+{
+    return fail(error.text, error.keptText);
+}
+
+bool Forwarder::fail(const QString &error, const QString &keptError)
 {
     m_error = error;
     // Where this fails too, there is nobody left to tell.
-    m_local->setForwardError(error, QDateTime::currentDateTimeUtc());
+    m_local->setForwardError(keptError, QDateTime::currentDateTimeUtc());
     return false;
 }

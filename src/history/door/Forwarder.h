@@ -37,7 +37,8 @@ private:
     /// One after the other, so that one that is refused does not keep the others from being sent.
     bool sendSingly(const QList<QUuid> &runs);
     /// Notes the error, here and in the local store.
-    bool fail(const QString &error);
+    bool fail(const StoreError &error);
+    bool fail(const QString &error, const QString &keptError);
 
     const StoreAddress m_localAddress;
     const StoreAddress m_serverAddress;

@@ -2,6 +2,7 @@
 //     KestForward [--follow] FILE SERVER
 // Without --follow it sends what waits and ends: 0 everything was sent, 1 not, 2 wrong arguments. With it, it goes on
 // for as long as its standard input is open; each byte there says that there are new runs.
+// It has no language: what it leaves in the store is translated by who shows it.
 
 #include "history/address/StoreAddress.h"
 #include "history/door/Forwarder.h"

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <QCoreApplication>
 #include <QStringList>
 
 namespace {
@@ -28,16 +29,20 @@ QString planText(const RunRecord &run)
 }
 
 constexpr std::array surroundings = {
-    Surrounding{"station", [](const RunRecord &run) { return run.station.name; }},
-    Surrounding{"location", [](const RunRecord &run) { return run.station.location; }},
-    Surrounding{"operator", [](const RunRecord &run) { return run.operatorName; }},
-    Surrounding{"batch", [](const RunRecord &run) { return run.batch; }},
-    Surrounding{"serial", [](const RunRecord &run) { return run.serial; }},
-    Surrounding{"program version", [](const RunRecord &run) { return run.programVersion; }},
-    Surrounding{"firmware", [](const RunRecord &run) { return run.camera.firmware; }},
-    Surrounding{"wifi name", [](const RunRecord &run) { return run.camera.wifiName; }},
-    Surrounding{"link", [](const RunRecord &run) { return run.camera.link; }},
-    Surrounding{"plan", planText},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "station"), [](const RunRecord &run) { return run.station.name; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "location"),
+                [](const RunRecord &run) { return run.station.location; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "operator"), [](const RunRecord &run) { return run.operatorName; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "batch"), [](const RunRecord &run) { return run.batch; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "serial"), [](const RunRecord &run) { return run.serial; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "program version"),
+                [](const RunRecord &run) { return run.programVersion; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "firmware"),
+                [](const RunRecord &run) { return run.camera.firmware; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "wifi name"),
+                [](const RunRecord &run) { return run.camera.wifiName; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "link"), [](const RunRecord &run) { return run.camera.link; }},
+    Surrounding{QT_TRANSLATE_NOOP("RunComparison", "plan"), planText},
 };
 
 QList<ItemRecord> itemsOf(const RunRecord &run)
@@ -57,33 +62,18 @@ const typename Values::value_type *find(const Values &values, Is is)
     return found == values.end() ? nullptr : &*found;
 }
 
-QString endText(const ItemRecord *item)
-{
-    if (item == nullptr) {
-        return QStringLiteral("not run");
-    }
-    const QString message = item->message.simplified();
-    return message.isEmpty() ? nameOf(item->verdict) : nameOf(item->verdict) + QLatin1String(": ") + message;
-}
-
-QString measurementText(const Measurement *measurement)
-{
-    if (measurement == nullptr) {
-        return QStringLiteral("not measured");
-    }
-    QString text = valueText(measurement->value);
-    if (!measurement->unit.isEmpty()) {
-        text += QLatin1Char(' ') + measurement->unit;
-    }
-    if (measurement->limit) {
-        text += QStringLiteral(" (%1)").arg(limitText(*measurement->limit));
-    }
-    return text;
-}
-
 class Comparison
 {
 public:
+    explicit Comparison(Wording wording) : m_wording(wording) {}
+
+    /// `text`, which is marked for translation, as it is to be read.
+    QString inWords(const char *text) const
+    {
+        return m_wording == Wording::ForPeople ? QCoreApplication::translate("RunComparison", text)
+                                               : QString::fromLatin1(text);
+    }
+
     void compare(const QString &what, const QString &before, const QString &after)
     {
         if (before != after) {
@@ -106,6 +96,32 @@ public:
     QList<Difference> differences;
 
 private:
+    QString endText(const ItemRecord *item) const
+    {
+        if (item == nullptr) {
+            return inWords(QT_TRANSLATE_NOOP("RunComparison", "not run"));
+        }
+        const QString message = item->message.simplified();
+        const QString verdict = m_wording == Wording::ForPeople ? wordOf(item->verdict) : nameOf(item->verdict);
+        return message.isEmpty() ? verdict
+                                 : inWords(QT_TRANSLATE_NOOP("RunComparison", "%1: %2")).arg(verdict, message);
+    }
+
+    QString measurementText(const Measurement *measurement) const
+    {
+        if (measurement == nullptr) {
+            return inWords(QT_TRANSLATE_NOOP("RunComparison", "not measured"));
+        }
+        QString text = valueText(measurement->value);
+        if (!measurement->unit.isEmpty()) {
+            text += QLatin1Char(' ') + measurement->unit;
+        }
+        if (measurement->limit) {
+            text += QStringLiteral(" (%1)").arg(limitText(*measurement->limit));
+        }
+        return text;
+    }
+
     void compareMeasurements(const ItemRecord &before, const ItemRecord &after, bool all)
     {
         for (const Measurement &measurement : after.measurements) {
@@ -118,14 +134,16 @@ private:
             }
         }
     }
+
+    const Wording m_wording;
 };
 } // namespace
 
-QList<Difference> compareRuns(const RunRecord &before, const RunRecord &after)
+QList<Difference> compareRuns(const RunRecord &before, const RunRecord &after, Wording wording)
 {
-    Comparison comparison;
+    Comparison comparison(wording);
     for (const Surrounding &row : surroundings) {
-        comparison.compare(QString::fromLatin1(row.name), row.text(before), row.text(after));
+        comparison.compare(comparison.inWords(row.name), row.text(before), row.text(after));
     }
     const QList<ItemRecord> earlier = itemsOf(before);
     const QList<ItemRecord> later = itemsOf(after);

@@ -15,10 +15,13 @@ struct Difference
     QString after;
 };
 
+/// Who reads the differences: programs read names that no language changes.
+enum class Wording { ForPeople, ForPrograms };
+
 /// Surroundings first (station, program, firmware, ...), then items whose verdict or text differs, each followed by its
 /// measurements that differ. Measurements of items that ended the same way are left out, unless their limit differs: a
 /// voltage is never the same twice.
-QList<Difference> compareRuns(const RunRecord &before, const RunRecord &after);
+QList<Difference> compareRuns(const RunRecord &before, const RunRecord &after, Wording wording = Wording::ForPeople);
 
 /// Places in a list of outcomes.
 struct TurnForTheWorse

@@ -50,46 +50,66 @@ Kind kindOf(const QSqlError &error)
     return error.type() == QSqlError::ConnectionError ? Kind::Unreachable : Kind::Other;
 }
 
+struct Words
+{
+    Kind kind;
+    const char *text;
+};
+
+constexpr std::array allWords = {
+    Words{Kind::Busy, QT_TRANSLATE_NOOP("StoreError", "another program is writing to it")},
+    Words{Kind::Full, QT_TRANSLATE_NOOP("StoreError", "the disk is full")},
+    Words{Kind::Damaged, QT_TRANSLATE_NOOP("StoreError", "the file is damaged")},
+    Words{Kind::Newer, QT_TRANSLATE_NOOP("StoreError", "it was made by a newer version of this program")},
+    Words{Kind::Foreign, QT_TRANSLATE_NOOP("StoreError", "the file is a database of another program")},
+    Words{Kind::Forbidden, QT_TRANSLATE_NOOP("StoreError", "it cannot be opened or written to")},
+    Words{Kind::Missing, QT_TRANSLATE_NOOP("StoreError", "not there")},
+    Words{Kind::Unreachable, QT_TRANSLATE_NOOP("StoreError", "the server cannot be reached")},
+    Words{Kind::Unfit, QT_TRANSLATE_NOOP("StoreError", "the record cannot be kept")},
+    Words{Kind::Other, QT_TRANSLATE_NOOP("StoreError", "it does not work")},
+};
+
 const char *wordsOf(Kind kind)
 {
-    switch (kind) {
-    case Kind::Busy:
-        return QT_TRANSLATE_NOOP("StoreError", "another program is writing to it");
-    case Kind::Full:
-        return QT_TRANSLATE_NOOP("StoreError", "the disk is full");
-    case Kind::Damaged:
-        return QT_TRANSLATE_NOOP("StoreError", "the file is damaged");
-    case Kind::Newer:
-        return QT_TRANSLATE_NOOP("StoreError", "it was made by a newer version of this program");
-    case Kind::Foreign:
-        return QT_TRANSLATE_NOOP("StoreError", "the file is a database of another program");
-    case Kind::Forbidden:
-        return QT_TRANSLATE_NOOP("StoreError", "it cannot be opened or written to");
-    case Kind::Missing:
-        return QT_TRANSLATE_NOOP("StoreError", "not there");
-    case Kind::Unreachable:
-        return QT_TRANSLATE_NOOP("StoreError", "the server cannot be reached");
-    case Kind::Unfit:
-        return QT_TRANSLATE_NOOP("StoreError", "the record cannot be kept");
-    case Kind::None:
-    case Kind::Other:
-        break;
-    }
-    return QT_TRANSLATE_NOOP("StoreError", "it does not work");
+    const auto *const found =
+        std::find_if(allWords.begin(), allWords.end(), [kind](const Words &words) { return words.kind == kind; });
+    return found == allWords.end() ? allWords.back().text : found->text;
+}
+
+QString translated(const char *words)
+{
+    return QCoreApplication::translate("StoreError", words);
+}
+
+QString errorText(const QString &store, const QString &words, const QString &detail)
+{
+    const QString text = QStringLiteral("%1: %2").arg(store, words);
+    return detail.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, detail);
 }
 } // namespace
 
 StoreError storeError(Kind kind, const QString &store, const QString &detail)
 {
-    QString text = QStringLiteral("%1: %2").arg(store, QCoreApplication::translate("StoreError", wordsOf(kind)));
-    if (!detail.isEmpty()) {
-        text += QStringLiteral(" (%1)").arg(detail);
-    }
-    return {kind, text};
+    const char *const words = wordsOf(kind);
+    return {kind, errorText(store, translated(words), detail), errorText(store, QString::fromLatin1(words), detail)};
 }
 
 StoreError storeError(const QSqlError &error, const QString &store)
 {
     const QString words = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     return storeError(kindOf(error), store, words.simplified());
+}
+
+QString translatedError(const QString &keptText)
+{
+    for (const Words &words : allWords) {
+        const QString separator = QStringLiteral(": ");
+        const QString sought = separator + QLatin1String(words.text);
+        const auto begin = keptText.indexOf(sought);
+        const QString rest = begin < 0 ? QString() : keptText.mid(begin + sought.size());
+        if (begin >= 0 && (rest.isEmpty() || rest.startsWith(QLatin1String(" (")))) {
+            return keptText.left(begin) + separator + translated(words.text) + rest;
+        }
+    }
+    return keptText;
 }

@@ -21,7 +21,8 @@ struct StoreError
     };
 
     Kind kind = Kind::None;
-    QString text; ///< for people, of one line, translated; with the engine's own words where it has some
+    QString text;     ///< for people, of one line, translated; with the engine's own words where it has some
+    QString keptText; ///< the same not translated, to be kept where programs of every language read it
 
     bool isError() const { return kind != Kind::None; }
     /// Whether the same may succeed a moment later, without anybody's help.
@@ -32,3 +33,6 @@ struct StoreError
 StoreError storeError(const QSqlError &error, const QString &store);
 /// An error of this kind, in the words that are always used for it.
 StoreError storeError(StoreError::Kind kind, const QString &store, const QString &detail = {});
+
+/// An error that was kept, translated as far as it is in the words that are always used.
+QString translatedError(const QString &keptText);

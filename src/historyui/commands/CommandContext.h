@@ -15,7 +15,13 @@ struct CommandContext
     const Places &places;
     std::unique_ptr<Store> store;
 
-    /// "KestHistory: " and the text on standard error; the exit code of trouble.
+    /// A line on standard output, at once.
+    void say(const QString &text) const;
+    /// "KestHistory: " and the text on standard error.
+    void complain(const QString &text) const;
+    /// The same with the exit code of nothing found.
+    int nothing(const QString &text) const;
+    /// The same with the exit code of trouble.
     int trouble(const QString &text) const;
     /// The same with the store's error.
     int storeTrouble() const;

@@ -1,5 +1,7 @@
 #include "historyui/commands/HistoryCommandLine.h"
 
+#include "historyui/commands/HistoryTexts.h"
+#include "language/languageOption.h"
 #include "record/itemKeys.h"
 
 #include <algorithm>
@@ -23,19 +25,26 @@ struct CommandRow
 
 constexpr std::array commandRows = {
     CommandRow{Command::List, "list", "", "mac serial since until station batch firmware failed item limit json csv",
-               "the latest runs, the latest first"},
-    CommandRow{Command::Show, "show", "RUN", "json junit", "a run with all that it found"},
-    CommandRow{Command::Unit, "unit", "MAC", "json", "every run of a camera, and what changed when it began to fail"},
-    CommandRow{Command::Stats, "stats", "", "since until station batch firmware json", "yields, and what fails"},
+               QT_TRANSLATE_NOOP("HistoryTexts", "the latest runs, the latest first")},
+    CommandRow{Command::Show, "show", "RUN", "json junit",
+               QT_TRANSLATE_NOOP("HistoryTexts", "a run with all that it found")},
+    CommandRow{Command::Unit, "unit", "MAC", "json",
+               QT_TRANSLATE_NOOP("HistoryTexts", "every run of a camera, and what changed when it began to fail")},
+    CommandRow{Command::Stats, "stats", "", "since until station batch firmware json",
+               QT_TRANSLATE_NOOP("HistoryTexts", "yields, and what fails")},
     CommandRow{Command::Report, "report", "", "since until station batch firmware out",
-               "the same as a page or on paper"},
+               QT_TRANSLATE_NOOP("HistoryTexts", "the same as a page or on paper")},
     CommandRow{Command::Export, "export", "",
                "mac serial since until station batch firmware failed item limit json csv junit out",
-               "records, the oldest first"},
-    CommandRow{Command::Import, "import", "PATH...", "", "records in JSON, and folders that earlier runs have left"},
-    CommandRow{Command::Status, "status", "", "json", "what the store holds, and what the server does not have yet"},
-    CommandRow{Command::Forward, "forward", "", "", "send to the server what it does not have yet, now"},
-    CommandRow{Command::Prune, "prune", "", "before unsent", "remove all runs before a day, and give the space back"},
+               QT_TRANSLATE_NOOP("HistoryTexts", "records, the oldest first")},
+    CommandRow{Command::Import, "import", "PATH...", "",
+               QT_TRANSLATE_NOOP("HistoryTexts", "records in JSON, and folders that earlier runs have left")},
+    CommandRow{Command::Status, "status", "", "json",
+               QT_TRANSLATE_NOOP("HistoryTexts", "what the store holds, and what the server does not have yet")},
+    CommandRow{Command::Forward, "forward", "", "",
+               QT_TRANSLATE_NOOP("HistoryTexts", "send to the server what it does not have yet, now")},
+    CommandRow{Command::Prune, "prune", "", "before unsent",
+               QT_TRANSLATE_NOOP("HistoryTexts", "remove all runs before a day, and give the space back")},
 };
 
 struct OptionRow
@@ -46,48 +55,56 @@ struct OptionRow
 };
 
 constexpr std::array optionRows = {
-    OptionRow{"store", "store", "A store's file, or postgresql://user@host/db (default: that of option.ini)."},
-    OptionRow{"mac", "mac", "The camera's MAC address, or its beginning."},
-    OptionRow{"serial", "text", "The serial number, or its beginning."},
-    OptionRow{"since", "day", "From this day on: 2026-11-21, or 7d for the last seven days."},
-    OptionRow{"until", "day", "Up to this day, which is included."},
-    OptionRow{"station", "name", "Runs of this station."},
-    OptionRow{"batch", "text", "Runs of this batch."},
-    OptionRow{"firmware", "version", "Runs of cameras with this firmware."},
-    OptionRow{"failed", nullptr, "Only runs that failed."},
-    OptionRow{"item", "key", "Only runs in which this item failed or warned, such as battery.info."},
-    OptionRow{"limit", "count", "The most runs (list: 100, export: all; 0: all)."},
-    OptionRow{"json", nullptr, "As JSON."},
-    OptionRow{"csv", nullptr, "As comma-separated values, for spreadsheets."},
-    OptionRow{"junit", nullptr, "As JUnit reports, one file a run."},
-    OptionRow{"out", "path", "Into this file (JUnit: this folder), not to standard output."},
-    OptionRow{"results", "folder", "Window: the folder that was chosen for results at the station."},
-    OptionRow{"before", "day", "The first day whose runs stay."},
-    OptionRow{"unsent", nullptr, "Also runs that the server does not have yet."},
+    OptionRow{"store", "store",
+              QT_TRANSLATE_NOOP("HistoryTexts",
+                                "A store's file, or postgresql://user@host/db (default: that of option.ini).")},
+    OptionRow{"mac", "mac", QT_TRANSLATE_NOOP("HistoryTexts", "The camera's MAC address, or its beginning.")},
+    OptionRow{"serial", "text", QT_TRANSLATE_NOOP("HistoryTexts", "The serial number, or its beginning.")},
+    OptionRow{"since", "day",
+              QT_TRANSLATE_NOOP("HistoryTexts", "From this day on: 2026-11-21, or 7d for the last seven days.")},
+    OptionRow{"until", "day", QT_TRANSLATE_NOOP("HistoryTexts", "Up to this day, which is included.")},
+    OptionRow{"station", "name", QT_TRANSLATE_NOOP("HistoryTexts", "Runs of this station.")},
+    OptionRow{"batch", "text", QT_TRANSLATE_NOOP("HistoryTexts", "Runs of this batch.")},
+    OptionRow{"firmware", "version", QT_TRANSLATE_NOOP("HistoryTexts", "Runs of cameras with this firmware.")},
+    OptionRow{"failed", nullptr, QT_TRANSLATE_NOOP("HistoryTexts", "Only runs that failed.")},
+    OptionRow{
+        "item", "key",
+        QT_TRANSLATE_NOOP("HistoryTexts", "Only runs in which this item failed or warned, such as battery.info.")},
+    OptionRow{"limit", "count", QT_TRANSLATE_NOOP("HistoryTexts", "The most runs (list: 100, export: all; 0: all).")},
+    OptionRow{"json", nullptr, QT_TRANSLATE_NOOP("HistoryTexts", "As JSON.")},
+    OptionRow{"csv", nullptr, QT_TRANSLATE_NOOP("HistoryTexts", "As comma-separated values, for spreadsheets.")},
+    OptionRow{"junit", nullptr, QT_TRANSLATE_NOOP("HistoryTexts", "As JUnit reports, one file a run.")},
+    OptionRow{"out", "path",
+              QT_TRANSLATE_NOOP("HistoryTexts", "Into this file (JUnit: this folder), not to standard output.")},
+    OptionRow{"results", "folder",
+              QT_TRANSLATE_NOOP("HistoryTexts", "Window: the folder that was chosen for results at the station.")},
+    OptionRow{"before", "day", QT_TRANSLATE_NOOP("HistoryTexts", "The first day whose runs stay.")},
+    OptionRow{"unsent", nullptr, QT_TRANSLATE_NOOP("HistoryTexts", "Also runs that the server does not have yet.")},
 };
 
 /// Go with every command.
 const QStringList commonOptions()
 {
-    return {QStringLiteral("store"), QStringLiteral("help"), QStringLiteral("version")};
+    return {QStringLiteral("store"), QStringLiteral("language"), QStringLiteral("help"), QStringLiteral("version")};
 }
 
 /// Go with the window, which opens without a command.
 const QStringList windowOptions()
 {
-    return {QStringLiteral("store"), QStringLiteral("mac"), QStringLiteral("results")};
+    return {QStringLiteral("store"), QStringLiteral("language"), QStringLiteral("mac"), QStringLiteral("results")};
 }
 
 QString usage()
 {
-    QString text = QStringLiteral("Keeps and finds the runs of KestDetector. Without a command it opens its window. "
-                                  "Commands:\n");
+    QString text = HistoryTexts::tr("Keeps and finds the runs of KestDetector. Without a command it opens its window. "
+                                    "Commands:") +
+                   QLatin1Char('\n');
     for (const CommandRow &row : commandRows) {
         const QString name = QStringLiteral("%1 %2").arg(QLatin1String(row.name), QLatin1String(row.targets));
-        text += QStringLiteral("  %1 %2\n").arg(name, -15).arg(QLatin1String(row.meaning));
+        text += QStringLiteral("  %1 %2\n").arg(name, -15).arg(HistoryTexts::tr(row.meaning));
     }
-    return text + QStringLiteral("Exit codes: 0 done, 1 nothing found or not everything taken in, 2 wrong usage, "
-                                 "3 store, file or server failed, 130 interrupted.");
+    return text + HistoryTexts::tr("Exit codes: 0 done, 1 nothing found or not everything taken in, 2 wrong usage, "
+                                   "3 store, file or server failed, 130 interrupted.");
 }
 
 const CommandRow *findCommand(const QString &name)
@@ -108,6 +125,8 @@ QDate readDay(const QString &text, const QDate &today)
 
 class Reading
 {
+    Q_DECLARE_TR_FUNCTIONS(HistoryTexts)
+
 public:
     Reading(const QCommandLineParser &parser, QDate today) : m_parser(parser), m_today(today) {}
 
@@ -141,9 +160,9 @@ private:
         const QStringList given = m_parser.optionNames();
         for (const QString &option : given) {
             if (!allowed.contains(option)) {
-                wrong(QStringLiteral("--%1 does not go with %2").arg(option, QLatin1String(row.name)));
+                wrong(tr("--%1 does not go with %2").arg(option, QLatin1String(row.name)));
             } else if (given.count(option) > 1) {
-                wrong(QStringLiteral("--%1 is given twice").arg(option));
+                wrong(tr("--%1 is given twice").arg(option));
             }
         }
     }
@@ -154,11 +173,11 @@ private:
         m_line->targets = m_parser.positionalArguments().mid(1);
         const int count = m_line->targets.size();
         if (wanted.isEmpty() && count > 0) {
-            wrong(QStringLiteral("Unexpected argument \"%1\"").arg(m_line->targets.constFirst()));
+            wrong(tr("Unexpected argument \"%1\"").arg(m_line->targets.constFirst()));
         } else if (!wanted.isEmpty() && count == 0) {
-            wrong(QStringLiteral("%1 wants %2").arg(QLatin1String(row.name), wanted));
+            wrong(tr("%1 wants %2").arg(QLatin1String(row.name), wanted));
         } else if (!wanted.isEmpty() && !wanted.endsWith(QLatin1String("...")) && count > 1) {
-            wrong(QStringLiteral("Unexpected argument \"%1\"").arg(m_line->targets.at(1)));
+            wrong(tr("Unexpected argument \"%1\"").arg(m_line->targets.at(1)));
         }
     }
 
@@ -167,7 +186,7 @@ private:
         const QString text = value(option);
         const QDate day = text.isEmpty() ? QDate() : readDay(text, m_today);
         if (m_parser.isSet(QString::fromLatin1(option)) && !day.isValid()) {
-            wrong(QStringLiteral("--%1: \"%2\" is no day such as 2026-11-21 or 7d").arg(QLatin1String(option), text));
+            wrong(tr("--%1: \"%2\" is no day such as 2026-11-21 or 7d").arg(QLatin1String(option), text));
         }
         return day;
     }
@@ -181,11 +200,11 @@ private:
         period.batch = value("batch");
         period.firmware = value("firmware");
         if (period.since.isValid() && period.until.isValid() && period.since > period.until) {
-            wrong(QStringLiteral("--since lies behind --until"));
+            wrong(tr("--since lies behind --until"));
         }
         m_line->before = readDayOption("before");
         if (m_line->command == Command::Prune && !m_parser.isSet(QStringLiteral("before"))) {
-            wrong(QStringLiteral("prune wants --before"));
+            wrong(tr("prune wants --before"));
         }
 
         RunFilter &filter = m_line->filter;
@@ -213,7 +232,7 @@ private:
         static const QRegularExpression key(QStringLiteral(R"(\A[A-Za-z][A-Za-z0-9]*(\.[A-Za-z0-9]+)+\z)"));
         filter->item = value("item");
         if (m_parser.isSet(QStringLiteral("item")) && !key.match(filter->item).hasMatch()) {
-            wrong(QStringLiteral("--item: \"%1\" is no key such as battery.info").arg(filter->item));
+            wrong(tr("--item: \"%1\" is no key such as battery.info").arg(filter->item));
         }
     }
 
@@ -225,7 +244,7 @@ private:
             bool isNumber = false;
             filter->limit = value("limit").toInt(&isNumber);
             if (!isNumber || filter->limit < 0) {
-                wrong(QStringLiteral("--limit: \"%1\" is not a whole number of 0 or more").arg(value("limit")));
+                wrong(tr("--limit: \"%1\" is not a whole number of 0 or more").arg(value("limit")));
             }
         }
     }
@@ -242,7 +261,7 @@ private:
         for (const FormatRow &entry : formats) {
             if (m_parser.isSet(QString::fromLatin1(entry.option))) {
                 if (m_line->format != Format::Text) {
-                    wrong(QStringLiteral("Only one of --json, --csv and --junit"));
+                    wrong(tr("Only one of --json, --csv and --junit"));
                 }
                 m_line->format = entry.format;
             }
@@ -252,12 +271,12 @@ private:
             m_line->format = Format::Json;
         }
         if (row.command == Command::Export && m_line->format == Format::Junit && m_line->out.isEmpty()) {
-            wrong(QStringLiteral("--junit wants --out with a folder"));
+            wrong(tr("--junit wants --out with a folder"));
         }
         const bool isReport = m_line->out.endsWith(QLatin1String(".html"), Qt::CaseInsensitive) ||
                               m_line->out.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
         if (row.command == Command::Report && !isReport) {
-            wrong(QStringLiteral("report wants --out with a file that ends in .html or .pdf"));
+            wrong(tr("report wants --out with a file that ends in .html or .pdf"));
         }
     }
 
@@ -272,13 +291,15 @@ HistoryCommandLine HistoryCommandLine::parse(const QStringList &arguments, const
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(usage());
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("What to do."));
+    parser.addPositionalArgument(QStringLiteral("command"), HistoryTexts::tr("What to do."));
     for (const OptionRow &row : optionRows) {
-        parser.addOption({QString::fromLatin1(row.name), QString::fromLatin1(row.meaning),
+        parser.addOption({QString::fromLatin1(row.name), HistoryTexts::tr(row.meaning),
                           row.value == nullptr ? QString() : QString::fromLatin1(row.value)});
     }
-    parser.addOption({{QStringLiteral("help"), QStringLiteral("h")}, QStringLiteral("Show this text.")});
-    parser.addOption({QStringLiteral("version"), QStringLiteral("Show the program's version.")});
+    const QCommandLineOption language = languageOption();
+    parser.addOption(language);
+    parser.addOption({{QStringLiteral("help"), QStringLiteral("h")}, HistoryTexts::tr("Show this text.")});
+    parser.addOption({QStringLiteral("version"), HistoryTexts::tr("Show the program's version.")});
 
     HistoryCommandLine line;
     const auto end = [&line](Command what, const QString &text) {
@@ -295,12 +316,16 @@ HistoryCommandLine HistoryCommandLine::parse(const QStringList &arguments, const
     if (parser.isSet(QStringLiteral("version"))) {
         return end(Command::Help, QStringLiteral("KestHistory " KEST_VERSION));
     }
+    const QString wrongLanguage = languageProblem(parser, language);
+    if (!wrongLanguage.isEmpty()) {
+        return end(Command::Wrong, wrongLanguage);
+    }
     const QString name = parser.positionalArguments().value(0);
     if (name.isEmpty()) {
         const QStringList given = parser.optionNames();
         for (const QString &option : given) {
             if (!windowOptions().contains(option)) {
-                return end(Command::Wrong, QStringLiteral("--%1 wants a command").arg(option));
+                return end(Command::Wrong, HistoryTexts::tr("--%1 wants a command").arg(option));
             }
         }
         line.store = parser.value(QStringLiteral("store"));
@@ -310,7 +335,7 @@ HistoryCommandLine HistoryCommandLine::parse(const QStringList &arguments, const
     }
     const CommandRow *row = findCommand(name);
     if (row == nullptr) {
-        return end(Command::Wrong, QStringLiteral("There is no command \"%1\"").arg(name));
+        return end(Command::Wrong, HistoryTexts::tr("There is no command \"%1\"").arg(name));
     }
     line.command = row->command;
     const QString error = Reading(parser, today).read(*row, &line);

@@ -1,10 +1,9 @@
 #include "history/query/pruneRuns.h"
 #include "historyui/commands/CommandContext.h"
 #include "historyui/commands/commands.h"
+#include "historyui/commands/HistoryTexts.h"
 #include "historyui/commands/Progress.h"
 #include "platform/Interruption.h"
-
-#include <cstdio>
 
 int removeRuns(CommandContext &context)
 {
@@ -15,11 +14,11 @@ int removeRuns(CommandContext &context)
     }
     const bool hasServer = readHistoryPlaces(context.places).server.has_value();
     if (*unsent > 0 && hasServer && !line.removesUnsent) {
-        return context.trouble(QStringLiteral("%1 of these runs are not on the server yet; \"forward\" sends them, "
-                                              "--unsent removes them all the same")
-                                   .arg(*unsent));
+        return context.trouble(HistoryTexts::tr("%n of these runs are not on the server yet; \"forward\" sends them, "
+                                                "--unsent removes them all the same",
+                                                nullptr, static_cast<int>(*unsent)));
     }
-    Progress progress(QStringLiteral("prune"));
+    Progress progress(HistoryTexts::tr("prune"));
     const std::optional<qint64> removed = pruneRuns(*context.store, line.before, {[&progress](qint64 done, qint64 all) {
         progress.show(done, all);
         return !Interruption::isWanted();
@@ -28,7 +27,6 @@ int removeRuns(CommandContext &context)
     if (!removed) {
         return context.storeTrouble();
     }
-    std::printf("%lld removed\n", static_cast<long long>(*removed));
-    std::fflush(stdout);
+    context.say(HistoryTexts::tr("%1 removed").arg(*removed));
     return Interruption::isWanted() ? historyExit::interrupted : historyExit::done;
 }

@@ -1,6 +1,7 @@
 #include "historyui/commands/commands.h"
 
 #include "historyui/commands/CommandContext.h"
+#include "historyui/commands/HistoryTexts.h"
 #include "plan/settingsSection.h"
 #include "platform/Interruption.h"
 
@@ -48,15 +49,32 @@ std::optional<StoreAddress> chooseStore(const HistoryCommandLine &line, const Pl
         return {};
     }
     if (!named.file && !named.server) {
-        *error =
-            QStringLiteral("%1 names no store: give --store, or file= in its section [History]").arg(places.settings());
+        *error = HistoryTexts::tr("%1 names no store: give --store, or file= in its section [History]")
+                     .arg(places.settings());
     }
     return named.file ? named.file : named.server;
 }
 
-int CommandContext::trouble(const QString &text) const
+void CommandContext::say(const QString &text) const
+{
+    std::printf("%s\n", qUtf8Printable(text));
+    std::fflush(stdout);
+}
+
+void CommandContext::complain(const QString &text) const
 {
     std::fprintf(stderr, "KestHistory: %s\n", qUtf8Printable(text));
+}
+
+int CommandContext::nothing(const QString &text) const
+{
+    complain(text);
+    return historyExit::nothing;
+}
+
+int CommandContext::trouble(const QString &text) const
+{
+    complain(text);
     return historyExit::trouble;
 }
 
@@ -69,8 +87,8 @@ int CommandContext::finish(Output *output, int code) const
 {
     output->finish();
     if (!output->error().isEmpty()) {
-        const QString name = line.out.isEmpty() ? QStringLiteral("standard output") : line.out;
-        return trouble(QStringLiteral("%1 cannot be written: %2").arg(name, output->error()));
+        const QString name = line.out.isEmpty() ? HistoryTexts::tr("standard output") : line.out;
+        return trouble(HistoryTexts::tr("%1 cannot be written: %2").arg(name, output->error()));
     }
     return code;
 }

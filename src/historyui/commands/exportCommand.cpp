@@ -1,6 +1,7 @@
 #include "exchange/csv.h"
 #include "history/query/questions.h"
 #include "historyui/commands/CommandContext.h"
+#include "historyui/commands/HistoryTexts.h"
 #include "historyui/commands/Progress.h"
 #include "platform/Interruption.h"
 #include "record/recordJson.h"
@@ -8,7 +9,6 @@
 #include "record/wholeFile.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <QDir>
 #include <QUuid>
 
@@ -69,7 +69,7 @@ public:
         QString error;
         const std::optional<RunRecord> run = fromJson(json, &error);
         if (!run) {
-            return QStringLiteral("run %1: %2").arg(id.toString(QUuid::WithoutBraces), error);
+            return HistoryTexts::tr("run %1: %2").arg(id.toString(QUuid::WithoutBraces), error);
         }
         if (m_format == Format::Csv) {
             m_output.write(csvLines(*run));
@@ -78,7 +78,7 @@ public:
         const QString path =
             QDir(m_context->line.out).filePath(QStringLiteral("%1.xml").arg(id.toString(QUuid::WithoutBraces)));
         error = writeWholeFile(path, toJunit(*run));
-        return error.isEmpty() ? QString() : QStringLiteral("%1 cannot be written: %2").arg(path, error);
+        return error.isEmpty() ? QString() : HistoryTexts::tr("%1 cannot be written: %2").arg(path, error);
     }
 
     int finish() { return m_context->finish(&m_output, historyExit::done); }
@@ -92,17 +92,16 @@ private:
 
 int exportRuns(CommandContext &context)
 {
-    Progress progress(QStringLiteral("export"));
+    Progress progress(HistoryTexts::tr("export"));
     const std::optional<QVector<QUuid>> ids = findIds(context);
     if (!ids) {
         return context.storeTrouble();
     }
     if (ids->isEmpty() && !Interruption::isWanted()) {
-        std::fputs("KestHistory: no such runs\n", stderr);
-        return historyExit::nothing;
+        return context.nothing(HistoryTexts::tr("no such runs"));
     }
     if (context.line.format == Format::Junit && !QDir().mkpath(context.line.out)) {
-        return context.trouble(QStringLiteral("%1 cannot be made").arg(context.line.out));
+        return context.trouble(HistoryTexts::tr("%1 cannot be made").arg(context.line.out));
     }
     Export runs(&context);
     for (int i = static_cast<int>(ids->size()) - 1; i >= 0; --i) {

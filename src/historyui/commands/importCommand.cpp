@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <deque>
 #include <future>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <thread>
@@ -52,8 +53,10 @@ ReadPiece readPiece(const Piece &piece)
 /// then is in the store, and the next import passes over it.
 class Import
 {
+    Q_DECLARE_TR_FUNCTIONS(HistoryTexts)
+
 public:
-    explicit Import(CommandContext *context) : m_context(context), m_progress(QStringLiteral("import")) {}
+    explicit Import(CommandContext *context) : m_context(context), m_progress(tr("import")) {}
 
     /// False: it cannot go on.
     bool take(const QString &path)
@@ -75,9 +78,7 @@ public:
     int finish()
     {
         m_progress.clear();
-        std::printf("%lld added, %lld already there, %lld refused\n", static_cast<long long>(m_added),
-                    static_cast<long long>(m_known), static_cast<long long>(m_refused));
-        std::fflush(stdout);
+        m_context->say(tr("%1 added, %2 already there, %3 refused").arg(m_added).arg(m_known).arg(m_refused));
         if (Interruption::isWanted()) {
             return historyExit::interrupted;
         }
@@ -88,7 +89,7 @@ private:
     void tell(const QString &text)
     {
         m_progress.clear();
-        std::fprintf(stderr, "KestHistory: %s\n", qUtf8Printable(text));
+        m_context->complain(text);
     }
 
     bool insert(const QVector<RunRows> &rows)
@@ -99,7 +100,7 @@ private:
                 fit.append(run);
             } else {
                 ++m_refused;
-                tell(QStringLiteral("run %1 has no time").arg(run.id.toString(QUuid::WithoutBraces)));
+                tell(tr("run %1 has no time").arg(run.id.toString(QUuid::WithoutBraces)));
             }
         }
         if (fit.isEmpty()) {
@@ -162,7 +163,7 @@ private:
         constexpr int pieceSize = 200;
         const QList<FoundLog> logs = findLogs(path);
         if (logs.isEmpty()) {
-            tell(QStringLiteral("%1: no DetectorLog.txt in folders such as 2024-05-06_60601F0A5F2A").arg(path));
+            tell(tr("%1: no DetectorLog.txt in folders such as 2024-05-06_60601F0A5F2A").arg(path));
             ++m_refused;
         }
         QVector<RunRows> rows;
@@ -203,7 +204,7 @@ private:
         }
         const QByteArray content = file.read(largest + 1);
         if (content.size() > largest) {
-            refuse(QStringLiteral("larger than %1 MiB").arg(largest / 1024 / 1024));
+            refuse(tr("larger than %1 MiB").arg(largest / 1024 / 1024));
             return;
         }
         const RunFolderName folder = readRunFolderName(log.folderName).value_or(RunFolderName{});
@@ -213,11 +214,11 @@ private:
             recordOfLog(folder, content, logTime(folder, log.timeName, QFileInfo(file).lastModified()),
                         runIdOfLog(log.folderName, content, same), &unknownLines);
         if (!run) {
-            refuse(QStringLiteral("names no component"));
+            refuse(tr("names no component"));
             return;
         }
         if (unknownLines > 0) {
-            tell(QStringLiteral("%1: %2 lines are not understood").arg(log.path).arg(unknownLines));
+            tell(tr("%1: %n lines are not understood", nullptr, unknownLines).arg(log.path));
         }
         rows->append(runRows(*run));
     }

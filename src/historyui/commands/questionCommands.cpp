@@ -1,32 +1,26 @@
 #include "history/query/questions.h"
 #include "historyui/commands/CommandContext.h"
+#include "historyui/commands/HistoryTexts.h"
 #include "historyui/commands/runTexts.h"
 #include "record/recordJson.h"
 #include "record/recordJunit.h"
 #include "record/recordNames.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <QJsonArray>
 #include <QJsonDocument>
 
 namespace {
 using Format = HistoryCommandLine::Format;
 
-int nothing(const QString &text)
-{
-    std::fprintf(stderr, "KestHistory: %s\n", qUtf8Printable(text));
-    return historyExit::nothing;
-}
-
 /// The record of a run that the store has; an error is told.
 std::optional<RunRecord> readRecord(CommandContext &context, const QUuid &id)
 {
     std::optional<RunRecord> run = context.store->read(id);
     if (!run) {
-        const QString reason =
-            context.store->error().isError() ? context.store->error().text : QStringLiteral("its record is not there");
-        context.trouble(QStringLiteral("run %1: %2").arg(id.toString(QUuid::WithoutBraces), reason));
+        const QString reason = context.store->error().isError() ? context.store->error().text
+                                                                : HistoryTexts::tr("its record is not there");
+        context.trouble(HistoryTexts::tr("run %1: %2").arg(id.toString(QUuid::WithoutBraces), reason));
     }
     return run;
 }
@@ -53,7 +47,7 @@ int listRuns(CommandContext &context)
     case Format::Junit:
         break;
     }
-    return runs->isEmpty() ? nothing(QStringLiteral("no such runs")) : context.print(listText(*runs));
+    return runs->isEmpty() ? context.nothing(HistoryTexts::tr("no such runs")) : context.print(listText(*runs));
 }
 
 int showRun(CommandContext &context)
@@ -64,10 +58,10 @@ int showRun(CommandContext &context)
         return context.storeTrouble();
     }
     if (ids->isEmpty()) {
-        return nothing(QStringLiteral("there is no run \"%1\"").arg(wanted));
+        return context.nothing(HistoryTexts::tr("there is no run \"%1\"").arg(wanted));
     }
     if (ids->size() > 1) {
-        return nothing(QStringLiteral("there are several runs that begin with \"%1\"").arg(wanted));
+        return context.nothing(HistoryTexts::tr("there are several runs that begin with \"%1\"").arg(wanted));
     }
     const std::optional<RunRecord> run = readRecord(context, ids->constFirst());
     if (!run) {
@@ -95,14 +89,14 @@ int showUnit(CommandContext &context)
         return context.storeTrouble();
     }
     if (runs->isEmpty()) {
-        return nothing(QStringLiteral("no runs of \"%1\"").arg(filter.mac));
+        return context.nothing(HistoryTexts::tr("no runs of \"%1\"").arg(filter.mac));
     }
     std::reverse(runs->begin(), runs->end());
     QList<Outcome> outcomes;
     for (const RunSummary &run : qAsConst(*runs)) {
         if (run.mac != runs->constFirst().mac) {
-            return nothing(QStringLiteral("\"%1\" is the beginning of several cameras: %2, %3, ...")
-                               .arg(filter.mac, runs->constFirst().mac, run.mac));
+            return context.nothing(HistoryTexts::tr("\"%1\" is the beginning of several cameras: %2, %3, ...")
+                                       .arg(filter.mac, runs->constFirst().mac, run.mac));
         }
         outcomes.append(run.outcome);
     }
@@ -114,7 +108,8 @@ int showUnit(CommandContext &context)
         if (!before || !after) {
             return historyExit::trouble;
         }
-        differences = compareRuns(*before, *after);
+        differences = compareRuns(*before, *after,
+                                  context.line.format == Format::Json ? Wording::ForPrograms : Wording::ForPeople);
     }
     if (context.line.format == Format::Json) {
         QJsonArray all;
@@ -153,7 +148,8 @@ int showStatistics(CommandContext &context)
     if (context.line.format == Format::Json) {
         return context.print(statisticsJson(*statistics), isEmpty ? historyExit::nothing : historyExit::done);
     }
-    return isEmpty ? nothing(QStringLiteral("no runs in this period")) : context.print(statisticsText(*statistics));
+    return isEmpty ? context.nothing(HistoryTexts::tr("no runs in this period"))
+                   : context.print(statisticsText(*statistics));
 }
 
 int showStatus(CommandContext &context)
@@ -175,14 +171,14 @@ int showStatus(CommandContext &context)
                                        {QStringLiteral("lastError"), state->lastError},
                                        {QStringLiteral("lastErrorTime"), momentText(state->lastErrorTime)}}));
     }
-    const auto orNever = [](const QString &text) { return text.isEmpty() ? QStringLiteral("never") : text; };
-    QString text = QStringLiteral("Store       %1\nRuns        %2\nQueued      %3\nLast sent   %4\n")
-                       .arg(name)
-                       .arg(statistics->total.runs)
-                       .arg(state->queued)
-                       .arg(orNever(momentText(state->lastSent)));
-    text += state->lastError.isEmpty()
-                ? QStringLiteral("Last error  none\n")
-                : QStringLiteral("Last error  %1: %2\n").arg(momentText(state->lastErrorTime), state->lastError);
-    return context.print(text);
+    const auto orNever = [](const QString &text) { return text.isEmpty() ? HistoryTexts::tr("never") : text; };
+    const QString lastError =
+        state->lastError.isEmpty()
+            ? HistoryTexts::tr("none")
+            : HistoryTexts::tr("%1: %2").arg(momentText(state->lastErrorTime), translatedError(state->lastError));
+    return context.print(namedLine(HistoryTexts::tr("Store"), name) +
+                         namedLine(HistoryTexts::tr("Runs"), QString::number(statistics->total.runs)) +
+                         namedLine(HistoryTexts::tr("Queued"), QString::number(state->queued)) +
+                         namedLine(HistoryTexts::tr("Last sent"), orNever(momentText(state->lastSent))) +
+                         namedLine(HistoryTexts::tr("Last error"), lastError));
 }

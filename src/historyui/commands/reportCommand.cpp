@@ -1,15 +1,14 @@
 #include "history/query/questions.h"
 #include "historyui/commands/CommandContext.h"
+#include "historyui/commands/HistoryTexts.h"
 #include "historyui/commands/Progress.h"
 #include "platform/Interruption.h"
 #include "report/Report.h"
 
-#include <cstdio>
-
 int writeReport(CommandContext &context)
 {
     constexpr int steps = 4;
-    Progress progress(QStringLiteral("report"));
+    Progress progress(HistoryTexts::tr("report"));
     Report report;
     report.store = context.store->connection().address().name;
     report.programName = QStringLiteral("KestHistory " KEST_VERSION);
@@ -42,7 +41,7 @@ int writeReport(CommandContext &context)
     const bool isEmpty = report.statistics.total.runs == 0;
     if (isEmpty) {
         progress.clear();
-        std::fputs("KestHistory: no runs in this period\n", stderr);
+        context.complain(HistoryTexts::tr("no runs in this period"));
     }
     const int code = isEmpty ? historyExit::nothing : historyExit::done;
     if (context.line.out.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
@@ -50,7 +49,7 @@ int writeReport(CommandContext &context)
         progress.clear();
         return error.isEmpty()
                    ? code
-                   : context.trouble(QStringLiteral("%1 cannot be written: %2").arg(context.line.out, error));
+                   : context.trouble(HistoryTexts::tr("%1 cannot be written: %2").arg(context.line.out, error));
     }
     progress.clear();
     return context.print(toHtml(page), code);

@@ -1,6 +1,7 @@
 #include "historyui/commands/runTexts.h"
 
 #include "exchange/csv.h"
+#include "historyui/commands/HistoryTexts.h"
 #include "historyui/commands/terminalText.h"
 #include "record/limitText.h"
 #include "record/plainText.h"
@@ -38,16 +39,8 @@ QString findingText(const RunSummary &run)
     if (run.firstFinding.isEmpty()) {
         return run.reason;
     }
-    return run.failedItems > 1 ? QStringLiteral("%1 and %2 more").arg(run.firstFinding).arg(run.failedItems - 1)
+    return run.failedItems > 1 ? HistoryTexts::tr("%1 and %2 more").arg(run.firstFinding).arg(run.failedItems - 1)
                                : run.firstFinding;
-}
-
-/// A line of a heading and a text, left out where there is no text.
-QString named(const char *name, const QString &text)
-{
-    constexpr int width = 11;
-    const QString shown = terminalText(text);
-    return shown.isEmpty() ? QString() : QStringLiteral("%1 %2\n").arg(QLatin1String(name), -width).arg(shown);
 }
 
 QString measurementText(const Measurement &measurement)
@@ -58,28 +51,35 @@ QString measurementText(const Measurement &measurement)
     }
     if (measurement.limit) {
         text += QStringLiteral(" (%1)").arg(limitText(*measurement.limit));
-        text += measurement.limit->admits(measurement.value) ? QString() : QStringLiteral("  OUTSIDE");
+        if (!measurement.limit->admits(measurement.value)) {
+            text += QLatin1String("  ") + HistoryTexts::tr("OUTSIDE");
+        }
     }
     return text;
 }
 
+/// What its request came to, where that is worth telling.
 QString requestText(const ItemRecord &item)
 {
     if (!item.request || (item.request->kind == RequestEnd::Kind::Answered && item.request->attempts == 1)) {
         return {};
     }
-    QString text = QStringLiteral(", request %1").arg(nameOf(item.request->kind));
+    QString text = HistoryTexts::tr("request %1").arg(wordOf(item.request->kind));
     if (item.request->code != 0) {
-        text += QStringLiteral(" (code %1)").arg(item.request->code);
+        text = HistoryTexts::tr("%1 (code %2)").arg(text).arg(item.request->code);
     }
-    return item.request->attempts > 1 ? text + QStringLiteral(", %1 attempts").arg(item.request->attempts) : text;
+    return item.request->attempts > 1 ? HistoryTexts::tr("%1, %n attempts", nullptr, item.request->attempts).arg(text)
+                                      : text;
 }
 
 QString itemText(const ItemRecord &item)
 {
-    QString text =
-        QStringLiteral("\n%1: %2 (%3%4)\n")
-            .arg(terminalText(item.key), nameOf(item.verdict), durationText(item.duration), requestText(item));
+    const QString duration = durationText(item.duration);
+    const QString request = requestText(item);
+    const QString details = request.isEmpty() ? duration : HistoryTexts::tr("%1, %2").arg(duration, request);
+    QString text = QLatin1Char('\n') +
+                   HistoryTexts::tr("%1: %2 (%3)").arg(terminalText(item.key), wordOf(item.verdict), details) +
+                   QLatin1Char('\n');
     const QString message = terminalLines(item.message.trimmed());
     if (!message.isEmpty()) {
         text += QStringLiteral("    ") + QString(message).replace(QLatin1Char('\n'), QLatin1String("\n    ")) +
@@ -103,24 +103,24 @@ int urgency(Verdict verdict)
     return static_cast<int>(std::find(order.begin(), order.end(), verdict) - order.begin());
 }
 
-QString groupsText(const char *name, const QList<RunGroup> &groups)
+QString groupsText(const QString &name, const QList<RunGroup> &groups)
 {
     QVector<QStringList> rows;
     for (const RunGroup &group : groups) {
         const TallySums &sums = group.sums;
-        rows.append({group.name.isEmpty() ? QStringLiteral("(none)") : group.name, QString::number(sums.runs),
+        rows.append({group.name.isEmpty() ? HistoryTexts::tr("(none)") : group.name, QString::number(sums.runs),
                      QString::number(sums.passed), QString::number(sums.failed),
                      QString::number(sums.stopped + sums.error), QString::number(sums.cameras),
                      percentText(firstPassYield(sums)), percentText(finalYield(sums))});
     }
-    return QLatin1Char('\n') + textTable({{QString::fromLatin1(name), false},
-                                          {QStringLiteral("RUNS"), true},
-                                          {QStringLiteral("PASSED"), true},
-                                          {QStringLiteral("FAILED"), true},
-                                          {QStringLiteral("OTHER"), true},
-                                          {QStringLiteral("CAMERAS"), true},
-                                          {QStringLiteral("FIRST-PASS"), true},
-                                          {QStringLiteral("FINAL"), true}},
+    return QLatin1Char('\n') + textTable({{name, false},
+                                          {HistoryTexts::tr("RUNS"), true},
+                                          {HistoryTexts::tr("PASSED"), true},
+                                          {HistoryTexts::tr("FAILED"), true},
+                                          {HistoryTexts::tr("OTHER"), true},
+                                          {HistoryTexts::tr("CAMERAS"), true},
+                                          {HistoryTexts::tr("FIRST-PASS"), true},
+                                          {HistoryTexts::tr("FINAL"), true}},
                                          rows);
 }
 
@@ -156,23 +156,30 @@ QJsonArray groupsJson(const QList<RunGroup> &groups)
 }
 } // namespace
 
+QString namedLine(const QString &name, const QString &text)
+{
+    constexpr int width = 11;
+    const QString shown = terminalText(text);
+    return shown.isEmpty() ? QString() : QStringLiteral("%1 %2\n").arg(terminalColumn(name, width), shown);
+}
+
 QString listText(const QList<RunSummary> &runs)
 {
     QVector<QStringList> rows;
     for (const RunSummary &run : runs) {
-        rows.append({shortId(run.id), clockText(run.begin), nameOf(run.outcome), run.mac, run.serial, run.station,
+        rows.append({shortId(run.id), clockText(run.begin), wordOf(run.outcome), run.mac, run.serial, run.station,
                      run.batch, run.firmware, durationText(run.duration), findingText(run)});
     }
-    return textTable({{QStringLiteral("RUN"), false},
-                      {QStringLiteral("BEGIN"), false},
-                      {QStringLiteral("OUTCOME"), false},
-                      {QStringLiteral("MAC"), false},
-                      {QStringLiteral("SERIAL"), false},
-                      {QStringLiteral("STATION"), false},
-                      {QStringLiteral("BATCH"), false},
-                      {QStringLiteral("FIRMWARE"), false},
-                      {QStringLiteral("DURATION"), true},
-                      {QStringLiteral("FAILURE"), false}},
+    return textTable({{HistoryTexts::tr("RUN"), false},
+                      {HistoryTexts::tr("BEGIN"), false},
+                      {HistoryTexts::tr("OUTCOME"), false},
+                      {HistoryTexts::tr("MAC"), false},
+                      {HistoryTexts::tr("SERIAL"), false},
+                      {HistoryTexts::tr("STATION"), false},
+                      {HistoryTexts::tr("BATCH"), false},
+                      {HistoryTexts::tr("FIRMWARE"), false},
+                      {HistoryTexts::tr("DURATION"), true},
+                      {HistoryTexts::tr("FAILURE"), false}},
                      rows);
 }
 
@@ -227,13 +234,19 @@ QByteArray jsonText(const QJsonObject &object)
 
 QString runText(const RunRecord &run)
 {
-    QString text = named("Run", idText(run.id)) + named("Outcome", nameOf(run.outcome)) + named("Reason", run.reason) +
-                   named("Begin", timeText(run.begin)) + named("Duration", durationText(run.duration)) +
-                   named("MAC", run.camera.mac) + named("Serial", run.serial) +
-                   named("WiFi name", run.camera.wifiName) + named("Link", run.camera.link) +
-                   named("Firmware", run.camera.firmware) + named("Station", run.station.name) +
-                   named("Location", run.station.location) + named("Operator", run.operatorName) +
-                   named("Batch", run.batch) + named("Program", run.programVersion);
+    QString text =
+        namedLine(HistoryTexts::tr("Run"), idText(run.id)) +
+        namedLine(HistoryTexts::tr("Outcome"), wordOf(run.outcome)) +
+        namedLine(HistoryTexts::tr("Reason"), run.reason) + namedLine(HistoryTexts::tr("Begin"), timeText(run.begin)) +
+        namedLine(HistoryTexts::tr("Duration"), durationText(run.duration)) +
+        namedLine(HistoryTexts::tr("MAC"), run.camera.mac) + namedLine(HistoryTexts::tr("Serial"), run.serial) +
+        namedLine(HistoryTexts::tr("WiFi name"), run.camera.wifiName) +
+        namedLine(HistoryTexts::tr("Link"), run.camera.link) +
+        namedLine(HistoryTexts::tr("Firmware"), run.camera.firmware) +
+        namedLine(HistoryTexts::tr("Station"), run.station.name) +
+        namedLine(HistoryTexts::tr("Location"), run.station.location) +
+        namedLine(HistoryTexts::tr("Operator"), run.operatorName) + namedLine(HistoryTexts::tr("Batch"), run.batch) +
+        namedLine(HistoryTexts::tr("Program"), run.programVersion);
     QList<ItemRecord> items;
     for (const ComponentRecord &component : run.components) {
         items += component.items;
@@ -253,9 +266,9 @@ QString differencesText(const QList<Difference> &differences)
     for (const Difference &difference : differences) {
         rows.append({difference.what, difference.before, difference.after});
     }
-    return textTable({{QStringLiteral("WHAT"), false},
-                      {QStringLiteral("LAST PASS"), false},
-                      {QStringLiteral("FIRST FAILURE"), false}},
+    return textTable({{HistoryTexts::tr("WHAT"), false},
+                      {HistoryTexts::tr("LAST PASS"), false},
+                      {HistoryTexts::tr("FIRST FAILURE"), false}},
                      rows);
 }
 
@@ -263,16 +276,18 @@ QString statisticsText(const Statistics &statistics)
 {
     const TallySums &total = statistics.total;
     QString text =
-        named("Period", QStringLiteral("%1 to %2")
-                            .arg(statistics.first.toString(Qt::ISODate), statistics.last.toString(Qt::ISODate))) +
-        named("Runs", QStringLiteral("%1: %2 passed, %3 failed, %4 stopped, %5 without answer")
-                          .arg(total.runs)
-                          .arg(total.passed)
-                          .arg(total.failed)
-                          .arg(total.stopped)
-                          .arg(total.error)) +
-        named("Cameras", QString::number(total.cameras)) + named("First-pass", percentText(firstPassYield(total))) +
-        named("Final", percentText(finalYield(total)));
+        namedLine(HistoryTexts::tr("Period"),
+                  HistoryTexts::tr("%1 to %2")
+                      .arg(statistics.first.toString(Qt::ISODate), statistics.last.toString(Qt::ISODate))) +
+        namedLine(HistoryTexts::tr("Runs"), HistoryTexts::tr("%1: %2 passed, %3 failed, %4 stopped, %5 without answer")
+                                                .arg(total.runs)
+                                                .arg(total.passed)
+                                                .arg(total.failed)
+                                                .arg(total.stopped)
+                                                .arg(total.error)) +
+        namedLine(HistoryTexts::tr("Cameras"), QString::number(total.cameras)) +
+        namedLine(HistoryTexts::tr("First-pass"), percentText(firstPassYield(total))) +
+        namedLine(HistoryTexts::tr("Final"), percentText(finalYield(total)));
     qint64 failures = 0;
     for (const ItemGroup &item : statistics.items) {
         failures += item.sums.failed;
@@ -287,14 +302,16 @@ QString statisticsText(const Statistics &statistics)
                                      : std::nullopt),
                      QString::number(item.sums.warned), QString::number(item.sums.ran)});
     }
-    text += QLatin1Char('\n') + textTable({{QStringLiteral("ITEM"), false},
-                                           {QStringLiteral("FAILED"), true},
-                                           {QStringLiteral("SO FAR"), true},
-                                           {QStringLiteral("WARNED"), true},
-                                           {QStringLiteral("TESTED"), true}},
+    text += QLatin1Char('\n') + textTable({{HistoryTexts::tr("ITEM"), false},
+                                           {HistoryTexts::tr("FAILED"), true},
+                                           {HistoryTexts::tr("SO FAR"), true},
+                                           {HistoryTexts::tr("WARNED"), true},
+                                           {HistoryTexts::tr("TESTED"), true}},
                                           rows);
-    return text + groupsText("STATION", statistics.byStation) + groupsText("BATCH", statistics.byBatch) +
-           groupsText("FIRMWARE", statistics.byFirmware) + groupsText("DAY", statistics.byDay);
+    return text + groupsText(HistoryTexts::tr("STATION"), statistics.byStation) +
+           groupsText(HistoryTexts::tr("BATCH"), statistics.byBatch) +
+           groupsText(HistoryTexts::tr("FIRMWARE"), statistics.byFirmware) +
+           groupsText(HistoryTexts::tr("DAY"), statistics.byDay);
 }
 
 QByteArray statisticsJson(const Statistics &statistics)

@@ -12,6 +12,9 @@
 
 // What KestHistory prints. Pure functions; texts of runs are shown as data, see terminalText.h.
 
+/// A line of a heading and a text, left out where there is no text.
+QString namedLine(const QString &name, const QString &text);
+
 QString listText(const QList<RunSummary> &runs);
 QByteArray listCsv(const QList<RunSummary> &runs);
 QByteArray listJson(const QList<RunSummary> &runs);

@@ -56,12 +56,6 @@ QString harmless(const QString &text, bool keepsLines)
     }
     return result;
 }
-
-QString padded(const QString &text, int width, bool atLeft)
-{
-    const QString blanks(std::max(0, width - terminalWidth(text)), QLatin1Char(' '));
-    return atLeft ? blanks + text : text + blanks;
-}
 } // namespace
 
 QString terminalText(const QString &text)
@@ -82,6 +76,12 @@ int terminalWidth(const QString &text)
         width += columnsOf(character);
     }
     return width;
+}
+
+QString terminalColumn(const QString &text, int width, bool isNumber)
+{
+    const QString blanks(std::max(0, width - terminalWidth(text)), QLatin1Char(' '));
+    return isNumber ? blanks + text : text + blanks;
 }
 
 QString textTable(const QVector<TextColumn> &columns, const QVector<QStringList> &rows)
@@ -108,7 +108,7 @@ QString textTable(const QVector<TextColumn> &columns, const QVector<QStringList>
             }
             const int width = std::max(widths.at(i), terminalWidth(columns.at(i).name));
             line += (line.isEmpty() ? QString() : QStringLiteral("  ")) +
-                    padded(cells.at(i), width, columns.at(i).isNumber);
+                    terminalColumn(cells.at(i), width, columns.at(i).isNumber);
         }
         while (line.endsWith(QLatin1Char(' '))) {
             line.chop(1);

@@ -14,6 +14,9 @@ QString terminalLines(const QString &text);
 /// How many columns it takes: Chinese characters take two, accents none.
 int terminalWidth(const QString &text);
 
+/// `text` with blanks up to a width of so many columns; in front of it, if it is a number.
+QString terminalColumn(const QString &text, int width, bool isNumber = false);
+
 struct TextColumn
 {
     QString name;
