@@ -1,6 +1,7 @@
 #include "history/store/schema.h"
 #include "history/store/Store.h"
 #include "hostileTexts.h"
+#include "language/Language.h"
 #include "manyRuns.h"
 #include "PostgresServer.h"
 
@@ -13,6 +14,7 @@
 #include <QSqlRecord>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -49,6 +51,8 @@ private slots:
     void bringsEverySchemaUpToDate();
     void looksWithoutWriting();
     void tellsOfADamagedRecord();
+    void keepsErrorsInNoLanguage_data();
+    void keepsErrorsInNoLanguage();
 
 private:
     static void addEngines();
@@ -525,6 +529,33 @@ void tst_Store::tellsOfADamagedRecord()
     QVERIFY(store->connection().execute(QStringLiteral("UPDATE record SET body = x'FFFFFFFF' || substr(body, 5)")));
     QVERIFY(!store->read(exampleRecord().id));
     QCOMPARE(store->error().kind, StoreError::Kind::Damaged);
+}
+
+void tst_Store::keepsErrorsInNoLanguage_data()
+{
+    QTest::addColumn<QString>("kept");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("without the engine's words")
+        << QStringLiteral("C: /runs: the disk is full") << QStringLiteral("C: /runs: 磁盘已满");
+    QTest::newRow("with the engine's words") << QStringLiteral("runs: the server cannot be reached (no route: 5)")
+                                             << QStringLiteral("runs: 无法连接服务器 (no route: 5)");
+    QTest::newRow("as nobody says it") << QStringLiteral("runs: not therefore")
+                                       << QStringLiteral("runs: not therefore");
+    QTest::newRow("nothing") << QString() << QString();
+}
+
+void tst_Store::keepsErrorsInNoLanguage()
+{
+    QFETCH(const QString, kept);
+    installLanguage(*QCoreApplication::instance(), Language::Chinese);
+    const StoreError error =
+        storeError(StoreError::Kind::Full, QStringLiteral("runs.sqlite"), QStringLiteral("no room"));
+    const QString shown = translatedError(kept);
+    qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator *>());
+    QCOMPARE(error.text, QStringLiteral("runs.sqlite: 磁盘已满 (no room)"));
+    QCOMPARE(error.keptText, QStringLiteral("runs.sqlite: the disk is full (no room)"));
+    QTEST(shown, "shown");
+    QCOMPARE(translatedError(kept), kept);
 }
 
 QTEST_GUILESS_MAIN(tst_Store)

@@ -40,6 +40,8 @@ void tst_HistoryCommandLine::refuses_data()
     row("lst", "There is no command \"lst\"");
     row("--failed", "--failed wants a command");
     row("list --colour", "Unknown option 'colour'.");
+    row("list --language de", "--language: \"de\" is neither en nor zh_CN");
+    row("--language= list", "--language: \"\" is neither en nor zh_CN");
     row("list all", "Unexpected argument \"all\"");
     row("stats --failed", "--failed does not go with stats");
     row("list --before 2026-01-01", "--before does not go with list");
@@ -133,11 +135,13 @@ void tst_HistoryCommandLine::understandsTheRest()
 {
     QCOMPARE(parsed({}).command, Command::None);
     QCOMPARE(parsed(QStringLiteral("--store x")).command, Command::None);
-    const HistoryCommandLine window = parsed(QStringLiteral("--mac 60:60:1F:00:00:01 --results /srv/results"));
+    QCOMPARE(parsed(QStringLiteral("--language zh_CN")).command, Command::None);
+    const HistoryCommandLine window =
+        parsed(QStringLiteral("--mac 60:60:1F:00:00:01 --results /srv/results --language en"));
     QCOMPARE(window.command, Command::None);
     QCOMPARE(window.filter.mac, QStringLiteral("60:60:1F:00:00:01"));
     QCOMPARE(window.results, QStringLiteral("/srv/results"));
-    QCOMPARE(parsed(QStringLiteral("--store x list")).store, QStringLiteral("x"));
+    QCOMPARE(parsed(QStringLiteral("--store x list --language en")).store, QStringLiteral("x"));
     const HistoryCommandLine import = parsed(QStringLiteral("import a - b"));
     QCOMPARE(import.command, Command::Import);
     QCOMPARE(import.targets, QStringList({QStringLiteral("a"), QStringLiteral("-"), QStringLiteral("b")}));

@@ -1,4 +1,5 @@
 #include "hostileTexts.h"
+#include "language/Language.h"
 #include "outsideProgram.h"
 #include "report/plots.h"
 #include "report/Report.h"
@@ -11,8 +12,11 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTranslator>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
+
+Q_DECLARE_METATYPE(Language)
 
 /// The report: what stands in it, that nothing from a camera is markup in it, and that a browser shows it without
 /// network.
@@ -26,6 +30,10 @@ private slots:
     void plots_data();
     void plots();
     void tellsWhatWasFound();
+    void speaksALanguage_data();
+    void speaksALanguage();
+    void leavesNoEnglishInChinese();
+    void cleanup();
     void durations_data();
     void durations();
     void escapesHostileTexts_data();
@@ -194,6 +202,81 @@ void tst_Report::tellsWhatWasFound()
     Report empty;
     empty.made = exampleReport().made;
     QVERIFY(textsOf(toHtml(reportPage(empty)), &error).contains(QStringLiteral("There are no runs in this period.")));
+}
+
+void tst_Report::cleanup()
+{
+    qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator *>());
+}
+
+void tst_Report::speaksALanguage_data()
+{
+    QTest::addColumn<Language>("language");
+    QTest::addColumn<QString>("html"); // the begin of its element
+    QTest::addColumn<QStringList>("texts");
+    const auto row = [](const char *title, Language language, const char *html, const QStringList &texts) {
+        QTest::newRow(title) << language << QString::fromLatin1(html) << texts;
+    };
+    const QStringList english = {
+        QStringLiteral("Test report"),
+        QStringLiteral("2026-11-20 to 2026-11-21"),
+        QStringLiteral("From line-2, made 2026-11-21T18:00:00.000+01:00 by KestHistory 1.0.3"),
+        QStringLiteral("First-pass yield"),
+        QStringLiteral("7 runs"),
+        QStringLiteral("least 3.6"),
+        QStringLiteral("1.50 s"),
+        QStringLiteral("battery.info: battery.voltage 4.4 (3.6..4.35)\npcba.sensor (warning): line-2")};
+    row("as written", Language::AsWritten, "<html lang=\"en\">", english);
+    row("English", Language::English, "<html lang=\"en\">", english);
+    row("Chinese", Language::Chinese, "<html lang=\"zh-CN\">",
+        {QStringLiteral("检测报告"), QStringLiteral("2026-11-20至2026-11-21"),
+         QStringLiteral("数据来自line-2，由KestHistory 1.0.3于2026-11-21T18:00:00.000+01:00生成"),
+         QStringLiteral("一次通过率"), QStringLiteral("7次"), QStringLiteral("下限3.6"), QStringLiteral("1.50秒"),
+         QStringLiteral("battery.info: battery.voltage 4.4 (3.6..4.35)\npcba.sensor（警告）: line-2")});
+}
+
+void tst_Report::speaksALanguage()
+{
+    QFETCH(const Language, language);
+    QFETCH(const QString, html);
+    QFETCH(const QStringList, texts);
+    installLanguage(*QCoreApplication::instance(), language);
+    const QByteArray page = toHtml(reportPage(exampleReport()));
+    QVERIFY2(page.contains(html.toUtf8()), page.left(200).constData());
+    QString error;
+    const QStringList shown = textsOf(page, &error);
+    QCOMPARE(error, QString());
+    for (const QString &text : texts) {
+        QVERIFY2(shown.contains(text), qPrintable(text + QLatin1Char('\n') + shown.join(QLatin1Char('\n'))));
+    }
+}
+
+/// But for keys, names, and what every engineer calls so.
+void tst_Report::leavesNoEnglishInChinese()
+{
+    installLanguage(*QCoreApplication::instance(), Language::Chinese);
+    Report empty;
+    empty.made = exampleReport().made;
+    empty.programName = exampleReport().programName;
+    Report sound = exampleReport();
+    sound.failed.clear();
+    sound.distributions[0].below = 1;
+    sound.statistics.byDay.clear();
+    sound.statistics.items.clear();
+    for (const Report &report : {exampleReport(), sound, empty}) {
+        QString html = QString::fromUtf8(toHtml(reportPage(report)));
+        html.remove(
+            QRegularExpression(QStringLiteral("<style>.*</style>"), QRegularExpression::DotMatchesEverythingOption));
+        html.replace(QRegularExpression(QStringLiteral("aria-label=\"([^\"]*)\"")), QStringLiteral(">\\1<"));
+        html.remove(QRegularExpression(QStringLiteral("<[^>]*>")));
+        for (const char *name : {"battery.info", "battery.voltage", "pcba.sensor", "line-2", "KestHistory", "Cpk",
+                                 "60:60:1F:0A:5F:2A", "2026-11-21T18:00"}) {
+            html.remove(QLatin1String(name));
+        }
+        const QRegularExpressionMatch english = QRegularExpression(QStringLiteral("[A-Za-z]{2}.*")).match(html);
+        QVERIFY2(!english.hasMatch(), qPrintable(english.captured()));
+        QVERIFY(html.contains(QStringLiteral("检测报告")));
+    }
 }
 
 void tst_Report::durations_data()
