@@ -93,6 +93,10 @@ FilterBar::FilterBar(QWidget *parent) : QWidget(parent)
     m_station = addChoice(source, tr("S&tation"), QStringLiteral("cbStation"), tr("All"));
     m_batch = addChoice(source, tr("&Batch"), QStringLiteral("cbBatch"), tr("All"));
     m_firmware = addChoice(source, tr("Firm&ware"), QStringLiteral("cbFirmware"), tr("All"));
+    for (QComboBox *choice : {m_outcome, m_period}) {
+        choice->setSizeAdjustPolicy(QComboBox::AdjustToContents); // of words that are known, and short
+        choice->setMinimumContentsLength(0);                      // else its least width would be that of so many
+    }
     connect(m_period, qOverload<int>(&QComboBox::currentIndexChanged), this, &FilterBar::choosePeriod);
     choosePeriod();
 }

@@ -105,6 +105,10 @@ StatisticsView::StatisticsView(HistoryReader *reader, QWidget *parent)
     for (const Split &split : splits) {
         m_split->addItem(tr(split.name));
     }
+    for (QComboBox *choice : {m_plot, m_split}) {
+        choice->setSizeAdjustPolicy(QComboBox::AdjustToContents); // of words that are known, and short
+        choice->setMinimumContentsLength(0);                      // else its least width would be that of so many
+    }
     for (QComboBox *choice : {m_plot, m_measurement, m_split}) {
         connect(choice, qOverload<int>(&QComboBox::currentIndexChanged), this, &StatisticsView::refresh);
     }
