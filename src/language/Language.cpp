@@ -74,16 +74,22 @@ void installLanguage(QCoreApplication &application, Language language)
     if (language == Language::AsWritten) {
         return;
     }
-    const auto *const row =
-        std::find_if(std::begin(languages), std::end(languages),
-                     [language](const NamedLanguage &candidate) { return candidate.language == language; });
+    const QString name = installedLanguageName();
     // The one that is installed last is asked first.
     for (const auto load : {loadQtTranslation, loadTranslation}) {
         auto translator = std::make_unique<QTranslator>(&application);
-        if (load(QLatin1String(row->name), translator.get())) {
+        if (load(name, translator.get())) {
             QCoreApplication::installTranslator(translator.release());
         }
     }
+}
+
+QString installedLanguageName()
+{
+    const auto *const row =
+        std::find_if(std::begin(languages), std::end(languages),
+                     [](const NamedLanguage &candidate) { return candidate.language == installedLanguage; });
+    return QString::fromLatin1(row->name);
 }
 
 QLocale shownLocale()

@@ -25,6 +25,10 @@ Language chosenLanguage(const QStringList &arguments, const QString &settingsFil
 /// Once, in main(), before the first text is made and before there is another thread.
 void installLanguage(QCoreApplication &application, Language language);
 
+/// The name of the language that was installed, for a program that this one starts; empty for AsWritten. From any
+/// thread.
+QString installedLanguageName();
+
 /// In which people are shown a date: that of the language that was installed, else the system's. Nothing else in the
 /// program follows it. From any thread.
 QLocale shownLocale();

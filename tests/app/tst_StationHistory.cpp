@@ -2,6 +2,7 @@
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/KestDetectorFace.h"
 #include "exampleRecord.h"
+#include "language/Language.h"
 #include "ui/window/KestDetectorUI.h"
 
 #include <memory>
@@ -12,8 +13,11 @@
 #include <QLocale>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTranslator>
 
 using Face = KestDetectorFace;
+
+Q_DECLARE_METATYPE(Language)
 
 /// What the station tells of the camera's history, with the real store, and a camera and runs that are only told of.
 class tst_StationHistory : public QObject
@@ -87,6 +91,8 @@ void tst_StationHistory::cleanup()
 {
     m_window.reset();
     QFile::remove(historyProgram());
+    installLanguage(*QCoreApplication::instance(), Language::AsWritten);
+    qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator *>());
     Face::Get()->notices.withdraw(Notice::Kind::History);
 }
 
@@ -163,15 +169,27 @@ void tst_StationHistory::toolTipGoesWithTheCamera()
 void tst_StationHistory::opensItsWindow_data()
 {
     QTest::addColumn<QString>("mac");
+    QTest::addColumn<Language>("language");
+    QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("arguments"); // before those of the folder
-    QTest::newRow("of the camera") << camera << QStringList{"--mac", "AA:BB:CC:DD:EE:01"};
-    QTest::newRow("before there is a camera") << QString() << QStringList();
+    QTest::addColumn<QStringList>("moreArguments");
+    const QStringList ofCamera{"--mac", "AA:BB:CC:DD:EE:01"};
+    QTest::newRow("of the camera") << camera << Language::AsWritten << "History of this camera" << ofCamera
+                                   << QStringList();
+    QTest::newRow("before there is a camera")
+        << QString() << Language::AsWritten << "History of this camera" << QStringList() << QStringList();
+    QTest::newRow("in the station's language")
+        << camera << Language::Chinese << "此相机的检测历史" << ofCamera << QStringList{"--language", "zh_CN"};
 }
 
 void tst_StationHistory::opensItsWindow()
 {
     QFETCH(const QString, mac);
+    QFETCH(const Language, language);
+    QFETCH(const QString, text);
     QFETCH(QStringList, arguments);
+    QFETCH(const QStringList, moreArguments);
+    installLanguage(*QCoreApplication::instance(), language);
     // A program in its place that notes what it was called with, all at once.
     const QString noted = m_folder->filePath(QStringLiteral("arguments"));
     {
@@ -186,7 +204,7 @@ void tst_StationHistory::opensItsWindow()
     cameraComes(mac);
     auto *action = m_window->findChild<QAction *>(QStringLiteral("actionHistory"));
     QVERIFY(action != nullptr);
-    QCOMPARE(action->text(), QStringLiteral("History of this camera"));
+    QCOMPARE(action->text(), text);
     QCOMPARE(action->shortcut(), QKeySequence(QStringLiteral("Ctrl+H")));
     QVERIFY(m_window->actions().contains(action)); // the context menu shows these
     action->trigger();
@@ -194,6 +212,7 @@ void tst_StationHistory::opensItsWindow()
     QFile file(noted);
     QVERIFY(file.open(QIODevice::ReadOnly));
     arguments += {QStringLiteral("--results"), m_folder->path()};
+    arguments += moreArguments;
     QCOMPARE(QString::fromUtf8(file.readAll()), arguments.join(QLatin1Char('\n')) + QLatin1Char('\n'));
 }
 

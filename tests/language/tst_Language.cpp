@@ -125,22 +125,25 @@ void tst_Language::textsOfALanguage_data()
 {
     const QDate someDay(2026, 11, 21);
     QTest::addColumn<Language>("language");
+    QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("answered");
     QTest::addColumn<QString>("yaw");
     QTest::addColumn<QString>("pitch");
     QTest::addColumn<QString>("unknown");
     QTest::addColumn<QString>("date");
 
-    QTest::newRow("as written") << Language::AsWritten << "获取电池信息成功\n"
+    QTest::newRow("as written") << Language::AsWritten << QString() << "获取电池信息成功\n"
                                 << "Pitch轴运动检测NG\n"
                                 << "Pitch轴运动检测NG\n"
                                 << "a text of nobody" << QLocale().toString(someDay, QLocale::ShortFormat);
-    QTest::newRow("English") << Language::English << "Battery information read\n"
+    QTest::newRow("English") << Language::English << "en"
+                             << "Battery information read\n"
                              << "Yaw axis motion NG\n"
                              << "Pitch axis motion NG\n"
                              << "a text of nobody"
                              << "21 Nov 2026";
-    QTest::newRow("Chinese") << Language::Chinese << "获取电池信息成功\n"
+    QTest::newRow("Chinese") << Language::Chinese << "zh_CN"
+                             << "获取电池信息成功\n"
                              << "偏航轴运动检测NG\n"
                              << "俯仰轴运动检测NG\n"
                              << "a text of nobody"
@@ -151,6 +154,7 @@ void tst_Language::textsOfALanguage()
 {
     QFETCH(const Language, language);
     installLanguage(*QCoreApplication::instance(), language);
+    QTEST(installedLanguageName(), "name");
     QTEST(QCoreApplication::translate("QObject", "获取电池信息成功\n"), "answered");
     QTEST(QCoreApplication::translate("QObject", "Pitch轴运动检测NG\n", "of the yaw axis"), "yaw");
     QTEST(QCoreApplication::translate("QObject", "Pitch轴运动检测NG\n"), "pitch");

@@ -90,6 +90,10 @@ void StationHistory::openWindow() const
         arguments = QStringList{QStringLiteral("--mac"), m_mac};
     }
     arguments += {QStringLiteral("--results"), KestDetectorFace::Get()->savePath.get()};
+    const QString language = installedLanguageName();
+    if (!language.isEmpty()) {
+        arguments += {QStringLiteral("--language"), language};
+    }
     if (!QProcess::startDetached(program, arguments)) {
         KestDetectorFace::Get()->notices.tell(Notices::history(tr("%1 cannot be started").arg(program)));
     }
