@@ -374,9 +374,28 @@ def start():
                            Peer("empty window", empty), 1.5, "<= 1.5")
 
 
+@contextlib.contextmanager
+def without_history():
+    """Takes the section [History] out of the probed station's settings for a while."""
+    settings = program("probedStation").parent / "option.ini"
+    before = settings.read_text()
+    kept, inside = [], False
+    for line in before.splitlines(keepends=True):
+        inside = line.strip() == "[History]" if line.startswith("[") else inside
+        if not inside:
+            kept.append(line)
+    if len(kept) == len(before.splitlines()):
+        raise RuntimeError("the shipped settings have no history")
+    settings.write_text("".join(kept))
+    try:
+        yield
+    finally:
+        settings.write_text(before)
+
+
 def memory():
     station_sizes, empty_sizes = [], []
-    with camera():
+    with camera(), without_history():
         for _ in range(REPETITIONS):
             with Probed("probedStation") as station, Probed("emptyWindow") as empty:
                 station.wait_for("linked", 30)
@@ -427,25 +446,6 @@ def log():
                     values(found[f"{case}/{size}"], "items_per_second"),
                     Peer("plain append", values(found[f"plainAppend/{size}"], "items_per_second")),
                     Goal("no step over 50 ms", max(slowest) <= 50))
-
-
-@contextlib.contextmanager
-def without_history():
-    """Takes the section [History] out of the probed station's settings for a while."""
-    settings = program("probedStation").parent / "option.ini"
-    before = settings.read_text()
-    kept, inside = [], False
-    for line in before.splitlines(keepends=True):
-        inside = line.strip() == "[History]" if line.startswith("[") else inside
-        if not inside:
-            kept.append(line)
-    if len(kept) == len(before.splitlines()):
-        raise RuntimeError("the shipped settings have no history")
-    settings.write_text("".join(kept))
-    try:
-        yield
-    finally:
-        settings.write_text(before)
 
 
 def history_run():
