@@ -44,6 +44,7 @@ private slots:
     void statisticsOfParts();
     void plotIsZoomedByKeys();
     void plotTellsWhatThePointerStandsOn();
+    void plotOfNothingNamesNoDays();
     void pictureIsCopiedAndSaved();
     void everythingHasAName();
     void keyboardReachesEverything();
@@ -373,6 +374,28 @@ void tst_HistoryWindow::plotTellsWhatThePointerStandsOn()
         hints.insert(chart->hintAt(QPoint(x, chart->height() / 2)));
     }
     QCOMPARE(hints, (QSet<QString>{QString(), QStringLiteral("battery.info: failed in 80 of 400 runs")}));
+}
+
+void tst_HistoryWindow::plotOfNothingNamesNoDays()
+{
+    if (!Chart::canDraw()) {
+        QSKIP("Built without plots");
+    }
+    PlotContent days;
+    days.scale = PlotContent::Scale::Days;
+    PlotContent filled = days;
+    filled.lines = {{}};
+    constexpr double day = 2461367; // 22 November 2026
+    filled.lines[0].points = {{day, 1, QString()}};
+    Chart chart;
+    chart.show(days);
+    chart.QWidget::show();
+    const auto *scale = find<QWidget>(chart, "QwtPlotAxisXBottom");
+    QVERIFY(!scale->isVisible());
+    chart.show(filled);
+    QVERIFY(scale->isVisible());
+    chart.show(days);
+    QVERIFY(!scale->isVisible());
 }
 
 void tst_HistoryWindow::pictureIsCopiedAndSaved()

@@ -245,6 +245,7 @@ void Chart::show(const PlotContent &content)
     plot.detachItems(QwtPlotItem::Rtti_PlotItem, true);
     // Where it is seen, what stands around it tells what it is.
     plot.setTitle(content.isEmpty() ? scaleTitle(tr("No data"), font()) : QwtText());
+    plot.enableAxis(QwtPlot::xBottom, !content.isEmpty()); // where there is nothing is at no time
     plot.setAxisTitle(QwtPlot::xBottom, scaleTitle(content.acrossTitle, font()));
     plot.setAxisTitle(QwtPlot::yLeft, scaleTitle(content.upTitle, font()));
     plot.enableAxis(QwtPlot::yRight, !content.behindTitle.isEmpty());
