@@ -65,8 +65,8 @@ private:
 };
 } // namespace
 
-void forEachRecordLine(QIODevice &device, const std::function<bool(const RecordLine &line, qint64 bytes)> &take,
-                       qint64 longest)
+qint64 forEachRecordLine(QIODevice &device, const std::function<bool(const RecordLine &line, qint64 bytes)> &take,
+                         qint64 longest)
 {
     LineReader lines(&device);
     qint64 number = 0;
@@ -75,7 +75,7 @@ void forEachRecordLine(QIODevice &device, const std::function<bool(const RecordL
     while (goesOn) {
         Line line = lines.next(longest);
         if (line.bytes == 0) {
-            return;
+            break;
         }
         ++number;
         bytes += line.bytes;
@@ -92,22 +92,27 @@ void forEachRecordLine(QIODevice &device, const std::function<bool(const RecordL
             goesOn = take({number, line.text, {}}, bytes);
         }
     }
+    return bytes;
 }
 
 void readRecordLines(QIODevice &device, const RecordSink &sink, qint64 longest)
 {
-    forEachRecordLine(
+    qint64 told = 0;
+    bool goesOn = true;
+    const qint64 all = forEachRecordLine(
         device,
-        [&sink](const RecordLine &line, qint64 bytes) {
+        [&](const RecordLine &line, qint64 bytes) {
             QString error = line.error;
             const std::optional<RunRecord> run = error.isEmpty() ? fromJson(line.json, &error) : std::nullopt;
-            if (run && !sink.take(*run)) {
-                return false;
-            }
             if (!run) {
                 sink.refuse(line.number, error);
             }
-            return sink.progress(bytes);
+            told = bytes;
+            goesOn = (!run || sink.take(*run)) && sink.progress(bytes);
+            return goesOn;
         },
         longest);
+    if (goesOn && all > told) {
+        sink.progress(all);
+    }
 }

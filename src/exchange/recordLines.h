@@ -21,7 +21,8 @@ struct RecordSink
     std::function<bool(const RunRecord &run)> take;
     /// What stands in that line is no record. Lines count from 1.
     std::function<void(qint64 line, const QString &reason)> refuse;
-    /// After each, with the bytes that were read: false ends the reading.
+    /// After each, and at the end where empty lines are the last, with the bytes that were read: false ends the
+    /// reading.
     std::function<bool(qint64 bytes)> progress;
 };
 
@@ -31,8 +32,9 @@ inline constexpr qint64 longestRecordLine = qint64{64} * 1024 * 1024;
 
 /// Gives the lines that should hold a record each to `take`, with the bytes that were read so far; false from it ends
 /// the reading. A device whose first line is a bare "{" holds one record over several lines, which is given as one.
-void forEachRecordLine(QIODevice &device, const std::function<bool(const RecordLine &line, qint64 bytes)> &take,
-                       qint64 longest = longestRecordLine);
+/// Returns the bytes that were read.
+qint64 forEachRecordLine(QIODevice &device, const std::function<bool(const RecordLine &line, qint64 bytes)> &take,
+                         qint64 longest = longestRecordLine);
 
 /// Likewise, and reads them as records.
 void readRecordLines(QIODevice &device, const RecordSink &sink, qint64 longest = longestRecordLine);

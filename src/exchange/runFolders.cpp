@@ -45,7 +45,7 @@ std::optional<RunFolderName> readRunFolderName(const QString &name)
         return {};
     }
     constexpr int digitsOfByte = 2;
-    for (int at = read.mac.size() - digitsOfByte; at > 0; at -= digitsOfByte) {
+    for (int at = static_cast<int>(read.mac.size()) - digitsOfByte; at > 0; at -= digitsOfByte) {
         read.mac.insert(at, QLatin1Char(':'));
     }
     return read;

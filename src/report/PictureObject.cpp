@@ -12,7 +12,7 @@ PictureObject::~PictureObject() = default;
 int PictureObject::add(const Drawing &drawing)
 {
     m_drawings.append(drawing);
-    return m_drawings.size() - 1;
+    return static_cast<int>(m_drawings.size()) - 1;
 }
 
 QSizeF PictureObject::intrinsicSize(QTextDocument *document, int, const QTextFormat &format)

@@ -58,7 +58,7 @@ public:
     void operator()(const Figures &figures)
     {
         constexpr int columns = 4;
-        const int rows = (figures.figures.size() + columns - 1) / columns;
+        const int rows = (static_cast<int>(figures.figures.size()) + columns - 1) / columns;
         QTextTable *table = beginTable(rows, columns, 0);
         for (int i = 0; i < figures.figures.size(); ++i) {
             QTextCursor cell = table->cellAt(i / columns, i % columns).firstCursorPosition();
@@ -71,7 +71,8 @@ public:
 
     void operator()(const Table &content)
     {
-        QTextTable *table = beginTable(content.rows.size() + 1, content.columns.size(), 1);
+        QTextTable *table =
+            beginTable(static_cast<int>(content.rows.size()) + 1, static_cast<int>(content.columns.size()), 1);
         for (int column = 0; column < content.columns.size(); ++column) {
             const Table::Column &shown = content.columns.at(column);
             write(table->cellAt(0, column), shown.name, shown.isNumber, true);

@@ -128,7 +128,7 @@ Drawing paretoPlot(const QList<ItemGroup> &items, int mostItems)
     constexpr double barHeight = 15;
     constexpr double left = 165;
     constexpr double right = 540;
-    Drawing drawing{{pageWidth, failing.size() * row + 8}, title, {}};
+    Drawing drawing{{pageWidth, static_cast<int>(failing.size()) * row + 8}, title, {}};
     const Scale x{0, static_cast<double>(failing.constFirst().sums.failed), left, right};
     qint64 soFar = 0;
     for (int i = 0; i < failing.size(); ++i) {
@@ -179,9 +179,10 @@ Drawing yieldPlot(const QList<RunGroup> &allDays)
     addYieldLine(days, x, y, firstPassYield, firstPassColour, true, &drawing);
     addYieldLine(days, x, y, finalYield, finalColour, false, &drawing);
     drawing.shapes.append(line({left, bottom}, {right, bottom}, axisColour));
-    const int labels = std::min(days.size(), 7);
+    const int last = static_cast<int>(days.size()) - 1;
+    const int labels = std::min(last + 1, 7);
     for (int i = 0; i < labels; ++i) {
-        const int day = labels == 1 ? 0 : i * (days.size() - 1) / (labels - 1);
+        const int day = labels == 1 ? 0 : i * last / (labels - 1);
         drawing.shapes.append(
             Label{{x.at(day + 0.5), bottom + 15}, days.at(day).name, Label::Anchor::Middle, smallSize});
     }
@@ -207,7 +208,7 @@ Drawing distributionPlot(const Distribution &distribution)
     constexpr double top = 24;
     constexpr double bottom = height - 22;
     Drawing drawing{{pageWidth, height}, title, {}};
-    const double binsEnd = distribution.binBegin + distribution.bins.size() * distribution.binWidth;
+    const double binsEnd = distribution.binBegin + static_cast<int>(distribution.bins.size()) * distribution.binWidth;
     const double reach = (binsEnd - distribution.binBegin) * 2;
     double from = distribution.binBegin;
     double to = binsEnd;

@@ -56,7 +56,8 @@ private:
         const ssize_t count = ::read(STDIN_FILENO, bytes, sizeof bytes);
         m_input.setEnabled(count > 0);
         m_orders.append(bytes, static_cast<int>(std::max<ssize_t>(count, 0)));
-        for (int end = m_orders.indexOf('\n'); end >= 0; end = static_cast<int>(m_orders.indexOf('\n'))) {
+        for (int end = static_cast<int>(m_orders.indexOf('\n')); end >= 0;
+             end = static_cast<int>(m_orders.indexOf('\n'))) {
             const QString order = QString::fromUtf8(m_orders.left(end));
             m_orders.remove(0, end + 1);
             obey(order.section(QLatin1Char(' '), 0, 0), order.section(QLatin1Char(' '), 1));

@@ -60,6 +60,8 @@ void tst_recordLines::reads_data()
     row("two", line + line, 2);
     row("the last one without its line break", line + line.chopped(1), 2);
     row("empty lines between", "\n" + line + "\r\n  \n" + line, 2);
+    row("empty lines at the end", line + "\n  ", 1);
+    row("nothing but empty lines", "\n \r\n", 0);
     row("lines that end in CR LF", line.chopped(1) + "\r\n" + line.chopped(1) + "\r\n", 2);
     row("an indented one", toJson(exampleRecord()), 1);
     row("something else between", line + "hello\n" + line, 2, {QStringLiteral("2: not JSON: illegal value at byte 1")});

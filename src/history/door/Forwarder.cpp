@@ -70,7 +70,7 @@ bool Forwarder::openServer()
 
 std::optional<QList<QUuid>> Forwarder::next()
 {
-    std::optional<QList<QUuid>> runs = m_local->unsent(runsPerTransaction + m_refused.size());
+    std::optional<QList<QUuid>> runs = m_local->unsent(runsPerTransaction + static_cast<int>(m_refused.size()));
     if (!runs) {
         fail(m_local->error());
         return {};
@@ -105,7 +105,7 @@ bool Forwarder::send(const QList<QUuid> &runs)
     if (!m_local->setSent(runs, QDateTime::currentDateTimeUtc())) {
         return fail(m_local->error());
     }
-    m_sent += runs.size();
+    m_sent += static_cast<int>(runs.size());
     return true;
 }
 

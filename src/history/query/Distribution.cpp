@@ -18,7 +18,7 @@ struct Range
 Range rangeOfBins(const QVector<double> &sorted)
 {
     constexpr double share = 0.005;
-    const int last = sorted.size() - 1;
+    const int last = static_cast<int>(sorted.size()) - 1;
     const int cut = static_cast<int>(std::floor(share * last));
     const double low = sorted.at(cut);
     const double high = sorted.at(last - cut);

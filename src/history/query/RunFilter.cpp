@@ -12,7 +12,7 @@ QString macAsStored(const QString &text)
     if (!digitsOnly.match(digits).hasMatch()) {
         return capital;
     }
-    for (int at = (digits.size() - 1) / digitsOfByte * digitsOfByte; at > 0; at -= digitsOfByte) {
+    for (int at = (static_cast<int>(digits.size()) - 1) / digitsOfByte * digitsOfByte; at > 0; at -= digitsOfByte) {
         digits.insert(at, QLatin1Char(':'));
     }
     return digits;

@@ -85,7 +85,7 @@ public:
     void compareItem(const ItemRecord *before, const ItemRecord *after)
     {
         const QString &key = (after != nullptr ? after : before)->key;
-        const int known = differences.size();
+        const int known = static_cast<int>(differences.size());
         compare(key, endText(before), endText(after));
         const bool endsOtherwise = differences.size() > known;
         if (before != nullptr && after != nullptr) {
@@ -162,7 +162,7 @@ QList<Difference> compareRuns(const RunRecord &before, const RunRecord &after, W
 std::optional<TurnForTheWorse> findTurnForTheWorse(const QList<Outcome> &outcomes)
 {
     int failure = -1;
-    for (int i = outcomes.size() - 1; i >= 0; --i) {
+    for (int i = static_cast<int>(outcomes.size()) - 1; i >= 0; --i) {
         if (outcomes.at(i) == Outcome::Failed) {
             failure = i;
         } else if (outcomes.at(i) == Outcome::Passed && failure >= 0) {

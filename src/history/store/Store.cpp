@@ -216,7 +216,7 @@ bool Store::insertNew(const QVector<RunRows> &runs, bool queue, int *added)
     QVector<const RunRows *> rows;
     std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(rows),
                  [&fresh](const RunRows *run) { return fresh.contains(run->id); });
-    *added = rows.size();
+    *added = static_cast<int>(rows.size());
     return rows.isEmpty() || (insertBesides(rows, queue) && insertMeasurements(rows) && count(rows));
 }
 
@@ -390,7 +390,7 @@ bool Store::readCameras(const QStringList &macs, Purpose purpose, QHash<QString,
                                .arg(cameraColumns().join(QStringLiteral(", ")), QStringLiteral("%1"),
                                     hold ? QStringLiteral(" FOR UPDATE") : QString());
     for (int next = 0; next < macs.size();) {
-        const int count = Connection::pieceOf(macs.size() - next);
+        const int count = Connection::pieceOf(static_cast<int>(macs.size()) - next);
         QSqlQuery *query = m_connection.prepared(select.arg(Connection::listOf(count)));
         if (query == nullptr) {
             return false;
@@ -434,7 +434,8 @@ bool Store::writeCameras(const QStringList &macs, const QHash<QString, CameraRow
         return QStringLiteral(" ON CONFLICT (mac) DO UPDATE SET ") + sets.join(QStringLiteral(", "));
     }();
     return m_connection.insertRows(
-        head, 1 + cameraColumns().size(), tail, macs, [this, &cameras](QSqlQuery *query, const QString &mac) {
+        head, 1 + static_cast<int>(cameraColumns().size()), tail, macs,
+        [this, &cameras](QSqlQuery *query, const QString &mac) {
             const CameraRow row = cameras.value(mac);
             query->addBindValue(mac);
             query->addBindValue(row.runs);
@@ -460,7 +461,7 @@ bool Store::writeTallies(const Tallies &tallies)
     static const QString tail = QStringLiteral(" ON CONFLICT (day, station, batch, firmware) DO UPDATE SET ") +
                                 sumsOf(QStringLiteral("tally"), sums);
     constexpr int keyColumns = 4;
-    if (!m_connection.insertRows(head, keyColumns + sums.size(), tail, tallies.sums(),
+    if (!m_connection.insertRows(head, keyColumns + static_cast<int>(sums.size()), tail, tallies.sums(),
                                  [](QSqlQuery *query, const std::pair<const TallyKey, TallySums> &row) {
                                      bindKey(query, row.first);
                                      for (const qint64 sum :
@@ -490,7 +491,7 @@ bool Store::writeTallies(const Tallies &tallies)
             rows.append({&key, &item, &sumsOfItem});
         }
     }
-    return m_connection.insertRows(itemHead, keyColumns + 1 + itemSums.size(), itemTail, rows,
+    return m_connection.insertRows(itemHead, keyColumns + 1 + static_cast<int>(itemSums.size()), itemTail, rows,
                                    [](QSqlQuery *query, const ItemRow &row) {
                                        bindKey(query, *row.key);
                                        query->addBindValue(orEmpty(*row.item));

@@ -50,7 +50,7 @@ void addMeasurement(const Measurement &measurement, const QString &item, RunRows
 
     MeasurementRow row;
     row.series = series;
-    row.place = rows->measurements.size();
+    row.place = static_cast<int>(rows->measurements.size());
     if (const auto *number = std::get_if<double>(&measurement.value)) {
         row.number = *number;
     } else {
@@ -66,7 +66,7 @@ void addMeasurement(const Measurement &measurement, const QString &item, RunRows
 void addItem(const ItemRecord &item, RunRows *rows)
 {
     const QString key = columnText(item.key);
-    const int place = rows->items.size();
+    const int place = static_cast<int>(rows->items.size());
     rows->items.append({key, item.verdict});
     if (isFinding(item.verdict)) {
         rows->findings.append(findingOf(item, key, place));
@@ -130,7 +130,7 @@ RunRows runRows(const RunRecord &run, const QByteArray &json)
             addItem(item, &rows);
         }
     }
-    rows.failedItems = rows.findings.size();
+    rows.failedItems = static_cast<int>(rows.findings.size());
     rows.firstFinding = firstFinding(rows.findings);
     rows.body = packRecord(json.isEmpty() ? toJson(run, JsonLayout::Line) : json);
     return rows;

@@ -171,7 +171,7 @@ private:
     {
         const QString wanted = QString::fromLatin1(row.targets);
         m_line->targets = m_parser.positionalArguments().mid(1);
-        const int count = m_line->targets.size();
+        const int count = static_cast<int>(m_line->targets.size());
         if (wanted.isEmpty() && count > 0) {
             wrong(tr("Unexpected argument \"%1\"").arg(m_line->targets.constFirst()));
         } else if (!wanted.isEmpty() && count == 0) {

@@ -65,7 +65,7 @@ void LabelQuestion::addField(Question question)
         edit->setText(m_labels.*field.text);
         edit->selectAll(); // what is scanned takes its place
     }
-    const int number = m_fields.size();
+    const int number = static_cast<int>(m_fields.size());
     connect(edit, &QLineEdit::returnPressed, this, [this, number] { fieldEnded(number); });
     m_fields.append(edit);
     static_cast<QFormLayout *>(m_dialog->layout())->addRow(tr(field.caption), edit);
