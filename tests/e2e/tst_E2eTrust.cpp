@@ -264,7 +264,7 @@ QStringList problemsOf(const Play &play)
         // Whole, which a message of the test would not be.
         std::fprintf(stderr, "%s\n%s\n", qUtf8Printable(play.text()), said.constData());
         for (auto file = files.begin(); file != files.end(); ++file) {
-            std::fprintf(stderr, "%s: %d bytes\n", qUtf8Printable(file.key()), file.value().size());
+            std::fprintf(stderr, "%s: %d bytes\n", qUtf8Printable(file.key()), static_cast<int>(file.value().size()));
         }
     }
     return problems;

@@ -39,7 +39,7 @@ RunRecord recorded(const QList<Step> &steps, const RunOutcome &outcome)
 {
     QList<ComponentTask> plan;
     for (const Step &step : steps) {
-        plan.append({step.log.component, {0}});
+        plan.append(ComponentTask{step.log.component, {0}});
     }
     RunRecorder recorder(plan);
     for (const Step &step : steps) {

@@ -261,7 +261,7 @@ void tst_RunnerSteps::tasksAreSeparatedByThePause()
     };
     QList<ComponentTask> plan;
     for (int i = 0; i < tasks; ++i) {
-        plan.append({componentId::camera, {i}});
+        plan.append(ComponentTask{componentId::camera, {i}});
     }
     post(plan);
     finish();
@@ -587,7 +587,7 @@ void tst_RunnerSteps::whatIsTold()
     };
     QList<ComponentTask> plan;
     for (const int id : components) {
-        plan.append({id, {0}});
+        plan.append(ComponentTask{id, {0}});
     }
     post(plan);
     finish();
@@ -659,7 +659,7 @@ void tst_RunnerSteps::safeguardsDecide()
     };
     QList<ComponentTask> plan;
     for (const int id : components) {
-        plan.append({id, {0}});
+        plan.append(ComponentTask{id, {0}});
     }
     post(plan);
     finish();

@@ -56,7 +56,7 @@ bool isIntact(const QByteArray &frame)
 /// The frame that answers `request`: the same command and number, from its receiver to its sender.
 QByteArray replyFrame(const QByteArray &request, const QByteArray &payload)
 {
-    const int length = headerSize + payload.size();
+    const int length = headerSize + static_cast<int>(payload.size());
     const int ends = byteAt(request, 9);
     QByteArray frame = request.left(headerSize);
     frame[1] = low(length >> 8);
@@ -201,5 +201,6 @@ ScriptedCamera::Payload ScriptedCamera::readEeprom(const Payload &request) const
         return Payload(1, refused);
     }
     const QByteArray bytes = block->second.left(wordAt(request, 2));
-    return Payload(1, 0) + low(bytes.size()) + low(bytes.size() >> 8) + bytes;
+    const int size = static_cast<int>(bytes.size());
+    return Payload(1, 0) + low(size) + low(size >> 8) + bytes;
 }

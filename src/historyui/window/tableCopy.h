@@ -1,11 +1,9 @@
 #pragma once
 
+#include <QStringList>
+
 class QAbstractItemView;
-class QString;
 class QTableWidget;
-class QStringList;
-template <class Value>
-class QList;
 
 /// Ctrl+C in `view` puts its selected rows into the clipboard: cells apart by tabs, as spreadsheets take them.
 void copyRowsOnDemand(QAbstractItemView *view);
