@@ -88,10 +88,15 @@ public:
             m_state.reset();
         }
 #else
-        QString text = m_decoder->decode(QByteArrayView(bytes, size));
+        // Qt 6.4 loses a byte behind the begin of a character that is not continued, where a piece ends between them:
+        // it gets none to keep.
+        m_waiting.append(bytes, size);
+        const qsizetype begun = begunCharacter(m_waiting);
+        QString text = m_decoder->decode(QByteArrayView(m_waiting).chopped(begun));
+        m_waiting = m_waiting.last(begun);
         if (ended) {
-            text += QString(m_decoder->waiting(), QChar::ReplacementCharacter);
-            m_decoder = std::make_unique<Decoder>();
+            text += QString(begun, QChar::ReplacementCharacter);
+            *this = LocaleDecoder();
         }
 #endif
         return text;
@@ -102,12 +107,25 @@ private:
     QTextCodec *m_codec = nullptr;                       ///< that of the text so far
     std::unique_ptr<QTextCodec::ConverterState> m_state; ///< null where text starts afresh
 #else
-    struct Decoder : QStringDecoder
+    /// How many bytes at the end begin a character of UTF-8 that has more.
+    static qsizetype begunCharacter(const QByteArray &bytes)
     {
-        Decoder() : QStringDecoder(QStringConverter::System) {}
-        qsizetype waiting() const { return state.remainingChars; }
-    };
-    std::unique_ptr<Decoder> m_decoder = std::make_unique<Decoder>();
+        constexpr int longest = 4;
+        for (int n = 1; n < longest && n <= bytes.size(); ++n) {
+            const auto byte = static_cast<uchar>(bytes.at(bytes.size() - n));
+            if (byte < 0x80 || byte > 0xF4) {
+                return 0;
+            }
+            if (byte >= 0xC0) {
+                const int size = byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : longest;
+                return size > n ? n : 0;
+            }
+        }
+        return 0;
+    }
+
+    std::unique_ptr<QStringDecoder> m_decoder = std::make_unique<QStringDecoder>(QStringConverter::System);
+    QByteArray m_waiting; ///< the begin of a character
 #endif
 };
 
