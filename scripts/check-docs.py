@@ -6,7 +6,8 @@
 Every relative link of the READMEs and of docs/*.md leads to a file, and to a heading of it where it names
 one. Every path in code style that begins with a folder of the project exists, and so does every source file that is named
 without its folder. Each of the READMEs has at most 250 lines, its table of settings has those that the station reads, and it
-names each file of the log collection. Prints each offence as "file:line: reason"; exit code 1 when there is one.
+names each file of the log collection. The newest version of the changelog is that of the project. Prints each offence as
+"file:line: reason"; exit code 1 when there is one.
 """
 import pathlib
 import re
@@ -108,6 +109,14 @@ def log_offences(project, readme):
             yield f'{readme}: the file {name} of the log collection is not in it'
 
 
+def version_offences(project):
+    """The newest version of the changelog against that of the project."""
+    version = re.search(r'^project\(\w+ VERSION ([\d.]+)', (project / 'CMakeLists.txt').read_text(encoding='utf-8'), re.M)
+    newest = re.search(r'^## \[([^\]]+)\]', (project / 'CHANGELOG.md').read_text(encoding='utf-8'), re.M)
+    if newest.group(1) != version.group(1):
+        yield f'CHANGELOG.md: its newest version is {newest.group(1)}, that of the project {version.group(1)}'
+
+
 def main():
     project = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).parent.parent).resolve()
     tops = {entry.name for entry in project.iterdir()
@@ -116,6 +125,7 @@ def main():
     names |= {entry.name for entry in project.iterdir()}
     documents = [*(project / readme for readme in READMES), project / 'emulator' / 'README.md', *sorted((project / 'docs').glob('*.md'))]
     offences = [offence for document in documents for offence in document_offences(project, document, tops, names)]
+    offences += version_offences(project)
     for readme in READMES:
         offences += settings_offences(project, readme)
         offences += log_offences(project, readme)

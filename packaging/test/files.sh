@@ -30,8 +30,12 @@ if LC_ALL=C.UTF-8 ldd "$program" | grep -E 'libQt|not found' | grep -vF "$folder
     echo "The portable station takes Qt from elsewhere" >&2
     exit 1
 fi
-version=$(QT_QPA_PLATFORM=offscreen "$program" --version)
-[[ $version == "KestDetector "[0-9]* ]]
+# One version everywhere.
+said=$(QT_QPA_PLATFORM=offscreen "$program" --version)
+for package in "$packages"/*.deb; do
+    version=$(dpkg-deb -f "$package" Version)
+    [ "$said" = "KestDetector $version" ] || { echo "$package has version $version, the program says: $said" >&2; exit 1; }
+done
 # No camera is there, which takes its settings, its window and its folder to find out.
 status=0
 XDG_RUNTIME_DIR=$work QT_QPA_PLATFORM=offscreen "$program" --run camera --connect-timeout 1 --close-after 20000 || status=$?
