@@ -38,7 +38,7 @@ WORK = PROJECT / "build-mutation"
 COPY = WORK / "project"
 BUILD = COPY / "build-mutation"
 SUFFIXES = (".cpp", ".h", ".ui")
-ADDRESS_SPACE = 6 << 30  # of a test: a loop without an end must not take the whole machine with it
+DATA = 6 << 30  # of a test: a loop without an end must not take the whole machine with it; a browser reserves more
 FILE_SIZE = 1 << 30
 MOST_DRAWS = 50
 LONG = 5  # seconds; such tests come after all others of their kind
@@ -126,7 +126,7 @@ class Workshop:
         build = ["ninja", "-C", str(BUILD), "-j", str(self.jobs), *targets] if targets else ["true"]
         tests = ["ctest", "--test-dir", str(BUILD), "--stop-on-failure", "-j", str(2 * self.jobs), "--output-junit",
                  str(results), "-R", f"^({'|'.join(names)})$"]
-        limits = f"ulimit -v {ADDRESS_SPACE >> 10} -f {FILE_SIZE >> 10}"
+        limits = f"ulimit -d {DATA >> 10} -f {FILE_SIZE >> 10}"
         self.run("bash", "-c", f"{shlex.join(build)} || exit; {limits}; {shlex.join(tests)}")
         if not results.is_file():
             return None
