@@ -12,6 +12,7 @@
 #include "record/itemKeys.h"
 #include "ui/widgets/ElidedText.h"
 #include "ui/widgets/FolderQuestion.h"
+#include "ui/widgets/GroupFrameStyle.h"
 #include "ui/widgets/HiddenText.h"
 #include "ui/widgets/RingsProgressbar.h"
 #include "ui/window/EventLog.h"
@@ -143,6 +144,7 @@ void KestDetectorUI::initUI()
     Q_INIT_RESOURCE(icon); // the images lie in a static library, which leaves them out unless they are asked for
     nameFontSubstitutes();
     ui->setupUi(this);
+    GroupFrameStyle::apply(this);
     setWindowTitle(tr("KestDetector_V%1").arg(QLatin1String(programVersion())));
     ui->barTotal->caption = tr("Total:");
     ui->barCurrent->caption = tr("Current:");
