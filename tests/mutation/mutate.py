@@ -52,9 +52,12 @@ class Test:
     libraries: frozenset  # of the station, that it links
     seconds: float = 0.0
     whole: bool = False  # starts whole programs
+    reads: bool = False  # the sources themselves, such as their texts for the translators
 
     def rank(self, library):
         """Stage and order within it, or nothing where the test has nothing to do with the library."""
+        if self.reads:
+            return 1, 0, self.seconds
         if self.whole:
             return 4, self.seconds
         if library not in self.libraries:
@@ -124,7 +127,7 @@ class Workshop:
         results = WORK / "tests.xml"
         results.unlink(missing_ok=True)
         build = ["ninja", "-C", str(BUILD), "-j", str(self.jobs), *targets] if targets else ["true"]
-        tests = ["ctest", "--test-dir", str(BUILD), "--stop-on-failure", "-j", str(2 * self.jobs), "--output-junit",
+        tests = ["ctest", "--test-dir", str(BUILD), "--stop-on-failure", "-j", str(3 * self.jobs), "--output-junit",
                  str(results), "-R", f"^({'|'.join(names)})$"]
         limits = f"ulimit -d {DATA >> 10} -f {FILE_SIZE >> 10}"
         self.run("bash", "-c", f"{shlex.join(build)} || exit; {limits}; {shlex.join(tests)}")
@@ -135,7 +138,7 @@ class Workshop:
         return failed, {case.get("name"): float(case.get("time")) for case in cases}
 
     def tests(self):
-        """All tests but those without code of the station."""
+        """All tests but those of the emulator and of scripts alone."""
         listed = json.loads(subprocess.run(["ctest", "--test-dir", BUILD, "--show-only=json-v1"], check=True,
                                            stdout=subprocess.PIPE, cwd=COPY).stdout)
         found = []
@@ -147,8 +150,9 @@ class Workshop:
             libraries = frozenset(pathlib.PurePath(one).stem[3:] for one in inputs
                                   if one.startswith("src/") and one.endswith(".a"))
             whole = "bin/KestDetector" in inputs
-            if whole or libraries:
-                found.append(Test(name, libraries, whole=whole))
+            reads = name.startswith("check_")
+            if reads or whole or libraries:
+                found.append(Test(name, libraries, whole=whole, reads=reads))
         return found
 
     def library(self, path):
@@ -205,17 +209,18 @@ class Trial:
         return change, source, changed
 
     def stages(self, library):
-        ranked = [(test.rank(library), test.name) for test in self.tests]
+        ranked = [(test.rank(library), test.name, test) for test in self.tests]
         stages = collections.defaultdict(list)
-        for rank, name in sorted(one for one in ranked if one[0] is not None):
-            stages[rank[0]].append(name)
+        for rank, _, test in sorted(one for one in ranked if one[0] is not None):
+            stages[rank[0]].append(test)
         return [stages[number] for number in sorted(stages)]
 
     def judge(self, change):
         """Builds and tests; the change is in the copy."""
         stages = self.stages(self.workshop.library(change.path))
-        for number, names in enumerate(stages):
-            result = self.workshop.test(names, "src/all", *names)
+        for number, tests in enumerate(stages):
+            programs = [test.name for test in tests if not test.reads]
+            result = self.workshop.test([test.name for test in tests], "src/all", *programs)
             if result is None:
                 change.outcome = BROKEN
                 return
