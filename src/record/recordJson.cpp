@@ -386,7 +386,7 @@ private:
                 }
                 return false;
             }
-            values->append(value);
+            values->append(std::move(value));
         }
         return json.isArray();
     }
@@ -445,5 +445,5 @@ std::optional<RunRecord> fromJson(const QByteArray &json, QString *error)
     }
     RunRecord run;
     Keys<RunRecord>::visit(run, reader);
-    return error->isEmpty() ? std::optional<RunRecord>(run) : std::nullopt;
+    return error->isEmpty() ? std::optional<RunRecord>(std::move(run)) : std::nullopt;
 }

@@ -37,6 +37,7 @@ private slots:
     void keepsAllOfATransactionOrNothing();
     void answersQuestionsWithoutTheRecord_data() { addEngines(); }
     void answersQuestionsWithoutTheRecord();
+    void keepsTextsInColumnsAsTheyAre();
     void knowsTheCamera_data() { addEngines(); }
     void knowsTheCamera();
     void countsACameraOnceInWhateverOrderItsRunsCome_data();
@@ -223,6 +224,36 @@ void tst_Store::answersQuestionsWithoutTheRecord()
              QStringLiteral("2026-11-21|line-2-left|2026-47|1.2.3|1|0|1|0|0|481|1|0|0"));
     QCOMPARE(values(store.get(), "SELECT item, ran, failed, warned FROM item_tally ORDER BY item"),
              QStringLiteral("battery.info|1|1|0\nbattery.link|1|0|0\ncamera.video|1|0|0\nlog.version|1|0|0"));
+}
+
+void tst_Store::keepsTextsInColumnsAsTheyAre()
+{
+    for (const char *engine : {"sqlite", "postgresql"}) {
+        if (isMissing(QLatin1String(engine))) {
+            continue;
+        }
+        const std::unique_ptr<Store> store = open(QLatin1String(engine));
+        QVERIFY2(store, qUtf8Printable(m_error.text));
+        const QStringList texts = {QStringLiteral("NULL"),
+                                   QStringLiteral("null"),
+                                   QString(),
+                                   QStringLiteral("{a,\"b\",NULL}'),\\"),
+                                   QStringLiteral("a\\\\\"b'"),
+                                   QStringLiteral("  a\tb\n"),
+                                   QStringLiteral("相机")};
+        QVector<RunRows> runs; // in one statement
+        for (const QString &text : texts) {
+            RunRecord run = recordWithText(text);
+            run.id = QUuid::createUuid();
+            run.begin = run.begin.addMSecs(runs.size());
+            runs.append(runRows(run));
+        }
+        QCOMPARE(store->insert(runs), std::optional<int>(static_cast<int>(texts.size())));
+        QCOMPARE(values(store.get(), "SELECT serial FROM run ORDER BY begin_ms"), texts.join(QLatin1Char('\n')));
+        QCOMPARE(values(store.get(), "SELECT text FROM measurement JOIN series ON series.id = measurement.series "
+                                     "WHERE series.name = 'battery.softwareVersion' ORDER BY begin_ms"),
+                 texts.join(QLatin1Char('\n')));
+    }
 }
 
 void tst_Store::knowsTheCamera()

@@ -15,6 +15,8 @@ inline void addHostileTexts()
     const auto kept = [&row](const char *title, const QString &text) { row(title, text, text, text); };
     kept("plain", QStringLiteral("Camera-5F2A"));
     kept("quotes and backslashes", QStringLiteral("a\"b'c\\d\\\"e"));
+    kept("a word of SQL", QStringLiteral("NULL"));
+    kept("an array of SQL", QStringLiteral("{a,\"b\",NULL}'),\\"));
     kept("markup", QStringLiteral("</failure></testsuites><!-- ]]> &amp; &#0; <?x?>"));
     kept("tab and line breaks", QStringLiteral("a\tb\nc\r\nd\re"));
     kept("blanks at its ends", QStringLiteral("  a  b  "));

@@ -1,10 +1,13 @@
 #include "history/store/Connection.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <QByteArray>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
+#include <QStringList>
 
 namespace {
 QString freshName()
@@ -21,6 +24,61 @@ constexpr std::array writerPragmas = {
     "PRAGMA temp_store = MEMORY",
     "PRAGMA journal_size_limit = 16777216",
 };
+/// What PostgreSQL calls the type of a value.
+QString serverType(const QVariant &value)
+{
+    switch (value.userType()) {
+    case QMetaType::Int:
+        return QStringLiteral("INTEGER");
+    case QMetaType::LongLong:
+        return QStringLiteral("BIGINT");
+    case QMetaType::Double:
+        return QStringLiteral("DOUBLE PRECISION");
+    case QMetaType::QByteArray:
+        return QStringLiteral("BYTEA");
+    case QMetaType::QUuid:
+        return QStringLiteral("UUID");
+    default:
+        return QStringLiteral("TEXT");
+    }
+}
+
+/// A value as an entry of an array in PostgreSQL's notation (its manual, 8.15.6).
+QString serverEntry(const QVariant &value)
+{
+    if (value.isNull()) {
+        return QStringLiteral("NULL");
+    }
+    switch (value.userType()) {
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return QString::number(value.toLongLong());
+    case QMetaType::Double:
+        return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
+    case QMetaType::QByteArray:
+        return QStringLiteral("\"\\\\x") + QString::fromLatin1(value.toByteArray().toHex()) + QLatin1Char('"');
+    case QMetaType::QUuid:
+        return value.toUuid().toString(QUuid::WithoutBraces);
+    default:
+        break;
+    }
+    QString text = value.toString();
+    text.replace(QLatin1Char('\\'), QStringLiteral("\\\\")).replace(QLatin1Char('"'), QStringLiteral("\\\""));
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+/// The values of a column, `first` of each row, as an array.
+QString serverArray(const RowValues &values, int first, int columns)
+{
+    QString array(QLatin1Char('{'));
+    for (int i = first; i < values.size(); i += columns) {
+        if (i > first) {
+            array += QLatin1Char(',');
+        }
+        array += serverEntry(values.at(i));
+    }
+    return array + QLatin1Char('}');
+}
 } // namespace
 
 Connection::Connection(StoreAddress address, Access access, std::chrono::milliseconds patience)
@@ -127,13 +185,47 @@ void Connection::rollBack()
 
 QVariant Connection::idValue(const QUuid &id) const
 {
-    return isServer() ? QVariant(id.toString(QUuid::WithoutBraces)) : QVariant(id.toRfc4122());
+    return isServer() ? QVariant(id) : QVariant(id.toRfc4122());
 }
 
 QUuid Connection::idOf(const QVariant &value)
 {
     return value.type() == QVariant::ByteArray ? QUuid::fromRfc4122(value.toByteArray())
                                                : QUuid::fromString(value.toString());
+}
+
+int Connection::rowsOf(int left) const
+{
+    // A server is told an array for each column, whatever their length: the statement is the same.
+    constexpr int mostOnServer = 1000;
+    return isServer() ? std::min(left, mostOnServer) : pieceOf(left);
+}
+
+QSqlQuery *Connection::insertion(const QString &head, int columns, const QString &tail, const RowValues &values)
+{
+    if (!isServer()) {
+        const QString row = QLatin1Char('(') + listOf(columns) + QLatin1Char(')');
+        QSqlQuery *query = prepared(head + QStringLiteral(" VALUES ") +
+                                    repeated(row, static_cast<int>(values.size()) / columns) + tail);
+        if (query != nullptr) {
+            for (const QVariant &value : values) {
+                query->addBindValue(value);
+            }
+        }
+        return query;
+    }
+    QStringList arrays;
+    for (int column = 0; column < columns; ++column) {
+        arrays.append(QStringLiteral("CAST(? AS %1[])").arg(serverType(values.at(column))));
+    }
+    QSqlQuery *query =
+        prepared(head + QStringLiteral(" SELECT * FROM unnest(%1)").arg(arrays.join(QStringLiteral(", "))) + tail);
+    if (query != nullptr) {
+        for (int column = 0; column < columns; ++column) {
+            query->addBindValue(serverArray(values, column, columns));
+        }
+    }
+    return query;
 }
 
 int Connection::pieceOf(int left)

@@ -11,7 +11,11 @@
 #include <QString>
 #include <QUuid>
 #include <QVariant>
+#include <QVector>
 #include <utility>
+
+/// Of one or more rows, one row after the other.
+using RowValues = QVector<QVariant>;
 
 /// One connection to an engine: for the thread that has opened it. Every call that can fail returns false and leaves
 /// the reason in `error`.
@@ -55,22 +59,21 @@ public:
         return false;
     }
 
-    /// `head` ("INSERT INTO run (...)"), a list of VALUES for `rows`, `tail` ("ON CONFLICT ..."). `bind(query, row)`
-    /// adds the `columns` values of a row; `take(query)` is called after each piece, for what the tail returns.
-    template <class Rows, class Bind, class Take>
-    bool insertRows(const QString &head, int columns, const QString &tail, const Rows &rows, Bind bind, Take take)
+    /// `head` ("INSERT INTO run (...)"), what stands for `rows`, `tail` ("ON CONFLICT ..."). `values(values, row)` adds
+    /// the `columns` values of a row, in every row of the same types; `take(query)` is called after each piece, for
+    /// what the tail returns.
+    template <class Rows, class Values, class Take>
+    bool insertRows(const QString &head, int columns, const QString &tail, const Rows &rows, Values values, Take take)
     {
-        const QString row = QLatin1Char('(') + listOf(columns) + QLatin1Char(')');
+        RowValues piece;
         for (auto next = rows.begin(); next != rows.end();) {
-            const int count = pieceOf(static_cast<int>(std::distance(next, rows.end())));
-            QSqlQuery *query = prepared(head + QStringLiteral(" VALUES ") + repeated(row, count) + tail);
-            if (query == nullptr) {
-                return false;
-            }
+            const int count = rowsOf(static_cast<int>(std::distance(next, rows.end())));
+            piece.clear();
             for (int i = 0; i < count; ++i, ++next) {
-                bind(query, *next);
+                values(&piece, *next);
             }
-            if (!run(query)) {
+            QSqlQuery *query = insertion(head, columns, tail, piece);
+            if (query == nullptr || !run(query)) {
                 return false;
             }
             take(query);
@@ -78,10 +81,10 @@ public:
         }
         return true;
     }
-    template <class Rows, class Bind>
-    bool insertRows(const QString &head, int columns, const QString &tail, const Rows &rows, Bind bind)
+    template <class Rows, class Values>
+    bool insertRows(const QString &head, int columns, const QString &tail, const Rows &rows, Values values)
     {
-        return insertRows(head, columns, tail, rows, bind, [](QSqlQuery *) {});
+        return insertRows(head, columns, tail, rows, values, [](QSqlQuery *) {});
     }
 
     /// An id as the engine binds it, and as it gives it back.
@@ -95,6 +98,10 @@ public:
 
 private:
     static QString repeated(const QString &text, int count);
+    /// How many of `left` rows go into the next statement.
+    int rowsOf(int left) const;
+    /// With the values bound. Null if the engine refuses it.
+    QSqlQuery *insertion(const QString &head, int columns, const QString &tail, const RowValues &values);
     bool commit();
     void rollBack();
 

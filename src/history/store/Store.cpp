@@ -40,12 +40,9 @@ std::optional<CameraRow::Judgement> judgementOf(const QVariant &beginMs, const Q
     return CameraRow::Judgement{beginMs.toLongLong(), passed.toInt() != 0};
 }
 
-void bindKey(QSqlQuery *query, const TallyKey &key)
+void addKey(RowValues *values, const TallyKey &key)
 {
-    query->addBindValue(orEmpty(key.day));
-    query->addBindValue(orEmpty(key.station));
-    query->addBindValue(orEmpty(key.batch));
-    query->addBindValue(orEmpty(key.firmware));
+    *values << orEmpty(key.day) << orEmpty(key.station) << orEmpty(key.batch) << orEmpty(key.firmware);
 }
 
 QString timeValue(const QDateTime &time)
@@ -226,27 +223,13 @@ bool Store::insertRunRows(const QVector<const RunRows *> &runs, QSet<QUuid> *add
         "INSERT INTO run (begin_ms, id, offset_s, day, end_ms, duration_us, outcome, mac, serial, station, location, "
         "batch, firmware, operator_name, wifi_name, link, program_version, reason, failed_items, first_finding)");
     constexpr int columns = 20;
-    const auto bind = [this](QSqlQuery *query, const RunRows *run) {
-        query->addBindValue(run->beginMs);
-        query->addBindValue(m_connection.idValue(run->id));
-        query->addBindValue(run->offsetSeconds);
-        query->addBindValue(orEmpty(run->tally.day));
-        query->addBindValue(run->endMs);
-        query->addBindValue(run->durationUs);
-        query->addBindValue(nameOf(run->outcome));
-        query->addBindValue(orEmpty(run->mac));
-        query->addBindValue(orEmpty(run->serial));
-        query->addBindValue(orEmpty(run->tally.station));
-        query->addBindValue(orEmpty(run->location));
-        query->addBindValue(orEmpty(run->tally.batch));
-        query->addBindValue(orEmpty(run->tally.firmware));
-        query->addBindValue(orEmpty(run->operatorName));
-        query->addBindValue(orEmpty(run->wifiName));
-        query->addBindValue(orEmpty(run->link));
-        query->addBindValue(orEmpty(run->programVersion));
-        query->addBindValue(orEmpty(run->reason));
-        query->addBindValue(run->failedItems);
-        query->addBindValue(orEmpty(run->firstFinding));
+    const auto bind = [this](RowValues *values, const RunRows *run) {
+        *values << run->beginMs << m_connection.idValue(run->id) << run->offsetSeconds << orEmpty(run->tally.day)
+                << run->endMs << run->durationUs << nameOf(run->outcome) << orEmpty(run->mac) << orEmpty(run->serial)
+                << orEmpty(run->tally.station) << orEmpty(run->location) << orEmpty(run->tally.batch)
+                << orEmpty(run->tally.firmware) << orEmpty(run->operatorName) << orEmpty(run->wifiName)
+                << orEmpty(run->link) << orEmpty(run->programVersion) << orEmpty(run->reason) << run->failedItems
+                << orEmpty(run->firstFinding);
     };
     const auto take = [added](QSqlQuery *query) {
         while (query->next()) {
@@ -260,16 +243,14 @@ bool Store::insertRunRows(const QVector<const RunRows *> &runs, QSet<QUuid> *add
 bool Store::insertBesides(const QVector<const RunRows *> &runs, bool queue)
 {
     static const QString record = QStringLiteral("INSERT INTO record (run, body)");
-    if (!m_connection.insertRows(record, 2, {}, runs, [this](QSqlQuery *query, const RunRows *run) {
-            query->addBindValue(m_connection.idValue(run->id));
-            query->addBindValue(run->body);
+    if (!m_connection.insertRows(record, 2, {}, runs, [this](RowValues *values, const RunRows *run) {
+            *values << m_connection.idValue(run->id) << run->body;
         })) {
         return false;
     }
     static const QString unsent = QStringLiteral("INSERT INTO unsent (begin_ms, run)");
-    if (queue && !m_connection.insertRows(unsent, 2, {}, runs, [this](QSqlQuery *query, const RunRows *run) {
-            query->addBindValue(run->beginMs);
-            query->addBindValue(m_connection.idValue(run->id));
+    if (queue && !m_connection.insertRows(unsent, 2, {}, runs, [this](RowValues *values, const RunRows *run) {
+            *values << run->beginMs << m_connection.idValue(run->id);
         })) {
         return false;
     }
@@ -287,16 +268,10 @@ bool Store::insertBesides(const QVector<const RunRows *> &runs, bool queue)
     static const QString finding = QStringLiteral(
         "INSERT INTO finding (item, begin_ms, run, place, verdict, message, measurement, value, limits)");
     constexpr int findingColumns = 9;
-    return m_connection.insertRows(finding, findingColumns, {}, findings, [this](QSqlQuery *query, const Finding &at) {
-        query->addBindValue(orEmpty(at.row->item));
-        query->addBindValue(at.run->beginMs);
-        query->addBindValue(m_connection.idValue(at.run->id));
-        query->addBindValue(at.row->place);
-        query->addBindValue(at.row->verdict);
-        query->addBindValue(orEmpty(at.row->message));
-        query->addBindValue(orEmpty(at.row->measurement));
-        query->addBindValue(orEmpty(at.row->value));
-        query->addBindValue(orEmpty(at.row->limits));
+    return m_connection.insertRows(finding, findingColumns, {}, findings, [this](RowValues *values, const Finding &at) {
+        *values << orEmpty(at.row->item) << at.run->beginMs << m_connection.idValue(at.run->id) << at.row->place
+                << at.row->verdict << orEmpty(at.row->message) << orEmpty(at.row->measurement) << orEmpty(at.row->value)
+                << orEmpty(at.row->limits);
     });
 }
 
@@ -322,13 +297,10 @@ bool Store::insertMeasurements(const QVector<const RunRows *> &runs)
     }
     static const QString seriesHead = QStringLiteral("INSERT INTO series (id, item, name, unit)");
     constexpr int seriesColumns = 4;
-    if (!m_connection.insertRows(seriesHead, seriesColumns, onConflictNothing, series,
-                                 [](QSqlQuery *query, const SeriesRow *row) {
-                                     query->addBindValue(row->id);
-                                     query->addBindValue(orEmpty(row->item));
-                                     query->addBindValue(orEmpty(row->name));
-                                     query->addBindValue(orEmpty(row->unit));
-                                 })) {
+    if (!m_connection.insertRows(
+            seriesHead, seriesColumns, onConflictNothing, series, [](RowValues *values, const SeriesRow *row) {
+                *values << row->id << orEmpty(row->item) << orEmpty(row->name) << orEmpty(row->unit);
+            })) {
         return false;
     }
     // In the order in which they lie in the table: neighbours are written to the same page.
@@ -338,15 +310,9 @@ bool Store::insertMeasurements(const QVector<const RunRows *> &runs)
     static const QString head =
         QStringLiteral("INSERT INTO measurement (series, begin_ms, run, place, number, text, least, most)");
     constexpr int columns = 8;
-    return m_connection.insertRows(head, columns, {}, rows, [this](QSqlQuery *query, const Measured &at) {
-        query->addBindValue(at.row->series);
-        query->addBindValue(at.run->beginMs);
-        query->addBindValue(m_connection.idValue(at.run->id));
-        query->addBindValue(at.row->place);
-        query->addBindValue(orNull(at.row->number));
-        query->addBindValue(orEmpty(at.row->text));
-        query->addBindValue(orNull(at.row->least));
-        query->addBindValue(orNull(at.row->most));
+    return m_connection.insertRows(head, columns, {}, rows, [this](RowValues *values, const Measured &at) {
+        *values << at.row->series << at.run->beginMs << m_connection.idValue(at.run->id) << at.row->place
+                << orNull(at.row->number) << orEmpty(at.row->text) << orNull(at.row->least) << orNull(at.row->most);
     });
 }
 
@@ -380,10 +346,7 @@ bool Store::readCameras(const QStringList &macs, Purpose purpose, QHash<QString,
     // A row that is not there yet cannot be held against another writer.
     const bool hold = purpose == Purpose::Change && m_connection.isServer();
     if (hold && !m_connection.insertRows(QStringLiteral("INSERT INTO camera (mac, runs)"), 2, onConflictNothing, macs,
-                                         [](QSqlQuery *query, const QString &mac) {
-                                             query->addBindValue(mac);
-                                             query->addBindValue(0);
-                                         })) {
+                                         [](RowValues *values, const QString &mac) { *values << mac << 0; })) {
         return false;
     }
     const QString select = QStringLiteral("SELECT mac, %1 FROM camera WHERE mac IN (%2) ORDER BY mac%3")
@@ -435,18 +398,14 @@ bool Store::writeCameras(const QStringList &macs, const QHash<QString, CameraRow
     }();
     return m_connection.insertRows(
         head, 1 + static_cast<int>(cameraColumns().size()), tail, macs,
-        [this, &cameras](QSqlQuery *query, const QString &mac) {
+        [this, &cameras](RowValues *values, const QString &mac) {
             const CameraRow row = cameras.value(mac);
-            query->addBindValue(mac);
-            query->addBindValue(row.runs);
-            query->addBindValue(row.lastBeginMs);
-            query->addBindValue(m_connection.idValue(row.lastRun));
-            query->addBindValue(row.lastOutcome);
-            query->addBindValue(row.first ? QVariant(row.first->beginMs) : QVariant(QVariant::LongLong));
-            bindKey(query, row.cohort);
-            query->addBindValue(row.first ? QVariant(row.first->passed ? 1 : 0) : QVariant(QVariant::Int));
-            query->addBindValue(row.last ? QVariant(row.last->beginMs) : QVariant(QVariant::LongLong));
-            query->addBindValue(row.last ? QVariant(row.last->passed ? 1 : 0) : QVariant(QVariant::Int));
+            *values << mac << row.runs << row.lastBeginMs << m_connection.idValue(row.lastRun) << row.lastOutcome
+                    << (row.first ? QVariant(row.first->beginMs) : QVariant(QVariant::LongLong));
+            addKey(values, row.cohort);
+            *values << (row.first ? QVariant(row.first->passed ? 1 : 0) : QVariant(QVariant::Int))
+                    << (row.last ? QVariant(row.last->beginMs) : QVariant(QVariant::LongLong))
+                    << (row.last ? QVariant(row.last->passed ? 1 : 0) : QVariant(QVariant::Int));
         });
 }
 
@@ -462,13 +421,13 @@ bool Store::writeTallies(const Tallies &tallies)
                                 sumsOf(QStringLiteral("tally"), sums);
     constexpr int keyColumns = 4;
     if (!m_connection.insertRows(head, keyColumns + static_cast<int>(sums.size()), tail, tallies.sums(),
-                                 [](QSqlQuery *query, const std::pair<const TallyKey, TallySums> &row) {
-                                     bindKey(query, row.first);
+                                 [](RowValues *values, const std::pair<const TallyKey, TallySums> &row) {
+                                     addKey(values, row.first);
                                      for (const qint64 sum :
                                           {row.second.runs, row.second.passed, row.second.failed, row.second.stopped,
                                            row.second.error, row.second.durationMs, row.second.cameras,
                                            row.second.firstPassed, row.second.finalPassed}) {
-                                         query->addBindValue(sum);
+                                         *values << sum;
                                      }
                                  })) {
         return false;
@@ -492,12 +451,10 @@ bool Store::writeTallies(const Tallies &tallies)
         }
     }
     return m_connection.insertRows(itemHead, keyColumns + 1 + static_cast<int>(itemSums.size()), itemTail, rows,
-                                   [](QSqlQuery *query, const ItemRow &row) {
-                                       bindKey(query, *row.key);
-                                       query->addBindValue(orEmpty(*row.item));
-                                       query->addBindValue(row.sums->ran);
-                                       query->addBindValue(row.sums->failed);
-                                       query->addBindValue(row.sums->warned);
+                                   [](RowValues *values, const ItemRow &row) {
+                                       addKey(values, *row.key);
+                                       *values << orEmpty(*row.item) << row.sums->ran << row.sums->failed
+                                               << row.sums->warned;
                                    });
 }
 
