@@ -497,6 +497,18 @@ void tst_KestHistory::sendsToTheServer()
     QCOMPARE(runBesideSettings(both, forward).output, QStringLiteral("0 sent\n"));
     QCOMPARE(status("queued").toInt(), 0);
     QCOMPARE(status("lastError").toString(), QString());
+
+    // Where the settings name a server alone, the station's own store has its usual name.
+    const QByteArray alone = "[History]\nserver=" + server.url().toUtf8() + '\n';
+    QCOMPARE(runBesideSettings(alone, forward).code, 0); // the station was never here
+    QVERIFY(QFile::copy(m_folder.filePath(QStringLiteral("runs.sqlite")),
+                        m_folder.filePath(QStringLiteral("history.sqlite"))));
+    QCOMPARE(runBesideSettings(alone, {QStringLiteral("status")}).output.section(QLatin1Char('\n'), 2, 2),
+             QStringLiteral("Queued      3"));
+    QCOMPARE(runBesideSettings(alone, forward).output, QStringLiteral("3 sent\n"));
+    QCOMPARE(runBesideSettings(alone, {QStringLiteral("status")}).output.section(QLatin1Char('\n'), 2, 2),
+             QStringLiteral("Queued      0"));
+    QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("history.sqlite"))));
     QCOMPARE(runOn(server.url(), {QStringLiteral("export")}).output, QString::fromUtf8(linesOf(threeRuns())));
 }
 

@@ -36,9 +36,6 @@ QString wordsOf(Outcome outcome)
     }
     return {};
 }
-
-/// The file's name where a server is named alone: a run always goes into the local store first.
-const QString usualFile = QStringLiteral("history.sqlite");
 } // namespace
 
 std::unique_ptr<StationHistory> StationHistory::begin(KestDetectorUI *window)
@@ -47,7 +44,7 @@ std::unique_ptr<StationHistory> StationHistory::begin(KestDetectorUI *window)
     if (settings.historyFile.isEmpty() && settings.historyServer.isEmpty()) {
         return nullptr;
     }
-    const QString file = settings.historyFile.isEmpty() ? usualFile : settings.historyFile;
+    const QString file = settings.historyFile.isEmpty() ? QLatin1String(usualHistoryFile) : settings.historyFile;
     const QDir folder(Places::ofProgram().state());
     return std::unique_ptr<StationHistory>(
         new StationHistory(folder.absoluteFilePath(file), settings.historyServer, window));

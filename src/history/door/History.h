@@ -14,6 +14,10 @@
 
 class ForwardProcess;
 
+/// The local store's file, in the station's folder of state, where option.ini names a server alone: a run always goes
+/// into a local store first.
+inline constexpr auto usualHistoryFile = "history.sqlite";
+
 /// What the history knows of a camera.
 struct KnownCamera
 {

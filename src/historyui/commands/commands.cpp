@@ -1,5 +1,6 @@
 #include "historyui/commands/commands.h"
 
+#include "history/door/History.h"
 #include "historyui/commands/CommandContext.h"
 #include "historyui/commands/HistoryTexts.h"
 #include "plan/settingsSection.h"
@@ -8,6 +9,7 @@
 #include <array>
 #include <cstdio>
 #include <QDir>
+#include <QFileInfo>
 
 namespace {
 using Command = HistoryCommandLine::Command;
@@ -17,6 +19,7 @@ struct CommandRow
     Command command;
     int (*run)(CommandContext &context);
     Connection::Access access;
+    bool isAboutSending = false; ///< from the station's own store to the server
 };
 
 constexpr std::array commands = {
@@ -27,14 +30,23 @@ constexpr std::array commands = {
     CommandRow{Command::Report, writeReport, Connection::Access::Read},
     CommandRow{Command::Export, exportRuns, Connection::Access::Read},
     CommandRow{Command::Import, importRuns, Connection::Access::Write},
-    CommandRow{Command::Status, showStatus, Connection::Access::Read},
-    CommandRow{Command::Forward, forwardRuns, Connection::Access::Write},
+    CommandRow{Command::Status, showStatus, Connection::Access::Read, true},
+    CommandRow{Command::Forward, forwardRuns, Connection::Access::Write, true},
     CommandRow{Command::Prune, removeRuns, Connection::Access::Write},
 };
 
 bool isServerAddress(const QString &text)
 {
     return text.contains(QLatin1String("://"));
+}
+
+/// What waits to be sent lies in the station's own store, also where the settings name a server alone.
+std::optional<StoreAddress> storeThatSends(const HistoryCommandLine &line, const Places &places)
+{
+    const HistoryPlaces named = readHistoryPlaces(places);
+    const QFileInfo usual(QDir(places.state()).absoluteFilePath(QLatin1String(usualHistoryFile)));
+    const bool isUsual = line.store.isEmpty() && named.server && !named.file && usual.exists();
+    return isUsual ? StoreAddress::file(usual.filePath()) : std::optional<StoreAddress>();
 }
 } // namespace
 
@@ -112,13 +124,16 @@ int runCommand(const HistoryCommandLine &line, const Places &places)
 {
     CommandContext context{line, places, nullptr};
     QString error;
-    const std::optional<StoreAddress> address = chooseStore(line, places, &error);
+    std::optional<StoreAddress> address = chooseStore(line, places, &error);
     if (!address) {
         return context.trouble(error);
     }
     for (const CommandRow &row : commands) {
         if (row.command != line.command) {
             continue;
+        }
+        if (row.isAboutSending) {
+            address = storeThatSends(line, places).value_or(*address);
         }
         Store::Options options;
         options.access = row.access;
