@@ -1,3 +1,4 @@
+#include "findWidget.h"
 #include "historyui/plots/Chart.h"
 #include "historyui/window/HistoryWindow.h"
 #include "historyui/window/StatisticsView.h"
@@ -63,16 +64,6 @@ private:
 };
 
 namespace {
-template <class Widget>
-Widget *find(const QWidget &window, const char *name)
-{
-    auto *widget = window.findChild<Widget *>(QString::fromLatin1(name));
-    if (widget == nullptr) {
-        qFatal("There is no %s", name);
-    }
-    return widget;
-}
-
 int rows(const HistoryWindow &window)
 {
     return find<QTableView>(window, "tvRuns")->model()->rowCount();

@@ -1,3 +1,4 @@
+#include "findWidget.h"
 #include "historyui/plots/Chart.h"
 #include "historyui/window/HistoryWindow.h"
 #include "lineOfRuns.h"
@@ -47,16 +48,6 @@ private:
 
 namespace {
 enum Tab { RunTab, UnitTab, StatisticsTab };
-
-template <class Widget>
-Widget *find(const QWidget &window, const char *name)
-{
-    auto *widget = window.findChild<Widget *>(QString::fromLatin1(name));
-    if (widget == nullptr) {
-        qFatal("There is no %s", name);
-    }
-    return widget;
-}
 
 void choose(const QWidget &window, const char *field, int place)
 {
