@@ -592,13 +592,43 @@ def postgres_copy(options, address):
     return commands
 
 
-def history():
-    """A store of each size is made once and stays in the build folder; a million takes long, and is made on request."""
-    sizes = [10_000, 100_000] + ([1_000_000] if os.environ.get("KEST_BENCH_MILLION") else [])
-    searches = ("mac", "macBeginning", "serial", "serialBeginning", "latest", "failed", "item", "stationAndFailed")
-    for runs in sizes:
+def history_stores():
+    """Sizes with the stores of so many runs. Each is made once and stays in the build folder; a million takes long, and
+    is made on request."""
+    for runs in [10_000, 100_000] + ([1_000_000] if os.environ.get("KEST_BENCH_MILLION") else []):
         store = build / f"history-{runs}.sqlite"
         subprocess.run([program("historyBench"), "fill", store, str(runs)], env=environment, check=True)
+        yield runs, store
+
+
+def history_window():
+    """Opened, scrolled through and typed into, with each of its tabs; the largest store against the smallest."""
+    stores = list(history_stores())
+    pairs = []
+    for _ in range(REPETITIONS):
+        found = []
+        for _, store in (stores[0], stores[-1]):
+            output = subprocess.run([program("historyWindowBench"), store], env=environment, check=True,
+                                    stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+            found.append(json.loads(output.stdout))
+        pairs.append(found)
+    small, large = zip(*pairs)
+    (fewest, _), (most, _) = stores[0], stores[-1]
+    if large[0]["rows"] != most:
+        raise RuntimeError(f"{large[0]['rows']} rows instead of {most}")
+    add_comparison(Case("history", f"window over {most} runs, until its first rows are painted", "ms"),
+                   [one["open"] for one in large], Peer(f"over {fewest} runs", [one["open"] for one in small]), 1.5,
+                   "<= 1.5")
+    for tab, name in enumerate(("run", "camera", "statistics")):
+        absences = [one[f"stall{tab}"] for one in large]
+        add_row(Case("history", f"window over {most} runs, longest absence while scrolling and typing beside the {name}",
+                     "ms"), absences, Peer("processor time in it", [one[f"processor{tab}"] for one in large]),
+                at_most(absences, FRAME_MS, f"<= {FRAME_MS} ms"))
+
+
+def history():
+    searches = ("mac", "macBeginning", "serial", "serialBeginning", "latest", "failed", "item", "stationAndFailed")
+    for runs, store in history_stores():
         asked = [run_history_bench("ask", store, str(runs)) for _ in range(REPETITIONS)]
         for name in searches:
             taken = [one[name] for one in asked]
@@ -615,8 +645,8 @@ def history():
 
 
 MEASUREMENTS = {one.__name__: one for one in (
-    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log, record, history, history_run, history_commit,
-    history_import)}
+    full_run, requests, shell, ftp, idle, wait, window, table, start, memory, codec, log, record, history,
+    history_window, history_run, history_commit, history_import)}
 
 
 def main():

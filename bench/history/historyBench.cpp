@@ -58,7 +58,11 @@ int fill(const QString &path, qint64 count)
         return EXIT_SUCCESS;
     }
     constexpr qint64 pieceSize = 2000;
-    const std::unique_ptr<Store> store = openStore(path, Connection::Access::Write);
+    const QString part = path + QStringLiteral(".part"); // another one was interrupted
+    for (const char *file : {"", "-wal", "-shm"}) {
+        QFile::remove(part + QLatin1String(file));
+    }
+    std::unique_ptr<Store> store = openStore(part, Connection::Access::Write);
     if (!store) {
         return EXIT_FAILURE;
     }
@@ -77,7 +81,8 @@ int fill(const QString &path, qint64 count)
             return fail(store->error().text);
         }
     }
-    return EXIT_SUCCESS;
+    store.reset();
+    return QFile::rename(part, path) ? EXIT_SUCCESS : fail(QStringLiteral("%1 cannot be renamed").arg(part));
 }
 
 /// So many of 100 are quicker.

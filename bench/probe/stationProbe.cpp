@@ -3,6 +3,7 @@
 // for how long the event loop was away at most. With KEST_BENCH_WAITS=n it makes n shell calls that find no prompt.
 
 #include "detector/store/KestDetectorFace.h"
+#include "probe/Heartbeat.h"
 #include "probe/report.h"
 #include "telnet/session/TelnetInteractiveFace.h"
 
@@ -16,8 +17,6 @@
 #include <unistd.h>
 
 namespace {
-constexpr int heartbeatMs = 1;
-constexpr std::int64_t nsPerMs = 1'000'000;
 // Longer than the station waits for the prompt, so that it comes after the call has given up, and before the next one.
 const char *const silentCommand = "sleep 5.4\n";
 constexpr std::chrono::seconds pauseBetweenWaits(1);
@@ -76,22 +75,13 @@ private:
                 makeWaits(qEnvironmentVariableIntValue("KEST_BENCH_WAITS"));
             }
         });
-        if (qEnvironmentVariableIsSet("KEST_BENCH_HEARTBEAT")) {
-            m_heartbeat.setTimerType(Qt::PreciseTimer);
-            m_heartbeat.setInterval(heartbeatMs);
-            connect(&m_heartbeat, &QTimer::timeout, this, &StationProbe::beat);
-        }
     }
 
     void runBegins()
     {
         m_processorBefore = processorNs();
-        m_runStart = monotonicNs();
-        m_longestAbsence = 0;
-        m_lastBeat = monotonicNs();
-        m_processorAtLastBeat = threadProcessorNs();
-        if (m_heartbeat.interval() == heartbeatMs) {
-            m_heartbeat.start();
+        if (m_isBeating) {
+            m_heartbeat.begin();
         }
         reportNow("run-start");
     }
@@ -102,27 +92,12 @@ private:
         report("run-passed", passed ? 1 : 0);
         report("run-processor-ns", processorNs() - m_processorBefore);
         report("run-resident-kib", residentKiB());
-        if (m_heartbeat.isActive()) {
-            beat();
-            m_heartbeat.stop();
-            report("run-longest-absence-ns", m_longestAbsence);
-            report("run-longest-absence-processor-ns", m_processorInLongestAbsence);
-            report("run-longest-absence-at-ns", m_longestAbsenceAt);
+        if (m_isBeating) {
+            const Heartbeat::Absence longest = m_heartbeat.end();
+            report("run-longest-absence-ns", longest.ns);
+            report("run-longest-absence-processor-ns", longest.processorNs);
+            report("run-longest-absence-at-ns", longest.atNs);
         }
-    }
-
-    void beat()
-    {
-        const std::int64_t now = monotonicNs();
-        const std::int64_t absence = now - m_lastBeat - heartbeatMs * nsPerMs;
-        const std::int64_t processor = threadProcessorNs();
-        if (absence > m_longestAbsence) {
-            m_longestAbsence = absence;
-            m_longestAbsenceAt = now - m_runStart;
-            m_processorInLongestAbsence = processor - m_processorAtLastBeat;
-        }
-        m_lastBeat = now;
-        m_processorAtLastBeat = processor;
     }
 
     void makeWaits(int count)
@@ -144,13 +119,8 @@ private:
         });
     }
 
-    QTimer m_heartbeat;
-    std::int64_t m_lastBeat = 0;
-    std::int64_t m_longestAbsence = 0;
-    std::int64_t m_longestAbsenceAt = 0; ///< since the run's start
-    std::int64_t m_processorInLongestAbsence = 0;
-    std::int64_t m_processorAtLastBeat = 0;
-    std::int64_t m_runStart = 0;
+    const bool m_isBeating = qEnvironmentVariableIsSet("KEST_BENCH_HEARTBEAT");
+    Heartbeat m_heartbeat;
     std::int64_t m_processorBefore = 0;
     std::thread m_waits;
 };
