@@ -1387,6 +1387,10 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
             <numerusform>%1: failed in %2 of %n runs</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1 (%2 of all so far)</source>
+        <translation>%1 (%2 of all so far)</translation>
+    </message>
 </context>
 <context>
     <name>QObject</name>
@@ -2527,56 +2531,6 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>No data</source>
         <translation>No data</translation>
-    </message>
-    <message>
-        <source>Failures by item</source>
-        <translation>Failures by item</translation>
-    </message>
-    <message>
-        <source>%1 (%2 of all so far)</source>
-        <translation>%1 (%2 of all so far)</translation>
-    </message>
-    <message>
-        <source>Yield and runs over time</source>
-        <translation>Yield and runs over time</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1: %n runs, first-pass %2, final %3</source>
-        <translation>
-            <numerusform>%1: %n run, first-pass %2, final %3</numerusform>
-            <numerusform>%1: %n runs, first-pass %2, final %3</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n runs</source>
-        <translation>
-            <numerusform>%n run</numerusform>
-            <numerusform>%n runs</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>first-pass yield</source>
-        <translation>first-pass yield</translation>
-    </message>
-    <message>
-        <source>final yield</source>
-        <translation>final yield</translation>
-    </message>
-    <message>
-        <source>runs</source>
-        <translation>runs</translation>
-    </message>
-    <message>
-        <source>Distribution of %1 in %2</source>
-        <translation>Distribution of %1 in %2</translation>
-    </message>
-    <message>
-        <source>least %1</source>
-        <translation>least %1</translation>
-    </message>
-    <message>
-        <source>most %1</source>
-        <translation>most %1</translation>
     </message>
     <message>
         <source>(none)</source>

@@ -1380,6 +1380,10 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
             <numerusform>%1：%n次检测中%2次未通过</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1 (%2 of all so far)</source>
+        <translation>%1（累计占%2）</translation>
+    </message>
 </context>
 <context>
     <name>QObject</name>
@@ -2520,54 +2524,6 @@ Exit codes of an unattended run: 0 passed, 1 failed, 2 wrong usage, malformed se
     <message>
         <source>No data</source>
         <translation>无数据</translation>
-    </message>
-    <message>
-        <source>Failures by item</source>
-        <translation>各项目未通过次数（帕累托图）</translation>
-    </message>
-    <message>
-        <source>%1 (%2 of all so far)</source>
-        <translation>%1（累计占%2）</translation>
-    </message>
-    <message>
-        <source>Yield and runs over time</source>
-        <translation>良率与检测次数随时间的变化</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1: %n runs, first-pass %2, final %3</source>
-        <translation>
-            <numerusform>%1：检测%n次，一次通过率%2，最终良率%3</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n runs</source>
-        <translation>
-            <numerusform>%n次</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>first-pass yield</source>
-        <translation>一次通过率</translation>
-    </message>
-    <message>
-        <source>final yield</source>
-        <translation>最终良率</translation>
-    </message>
-    <message>
-        <source>runs</source>
-        <translation>检测次数</translation>
-    </message>
-    <message>
-        <source>Distribution of %1 in %2</source>
-        <translation>%2中%1的分布</translation>
-    </message>
-    <message>
-        <source>least %1</source>
-        <translation>下限%1</translation>
-    </message>
-    <message>
-        <source>most %1</source>
-        <translation>上限%1</translation>
     </message>
     <message>
         <source>(none)</source>

@@ -1,8 +1,10 @@
 #include "report/Report.h"
 
+#include "plots/plotContents.h"
+#include "plots/plotNumbers.h"
 #include "record/recordNames.h"
 #include "record/RunRecord.h"
-#include "report/plots.h"
+#include "report/drawPlot.h"
 #include "report/ReportTexts.h"
 
 #include <array>
@@ -203,9 +205,11 @@ Page reportPage(const Report &report)
                                                 "one ended (final)."),
                                 true});
     page.parts.append(Heading{ReportTexts::tr("Yield over time")});
-    page.parts.append(Picture{yieldPlot(statistics.byDay), {}});
+    Statistics grouped = statistics; // a page is not wide enough for all days of a year
+    grouped.byDay = groupDays(statistics.byDay);
+    page.parts.append(Picture{drawPlot(yieldPlot({{QString(), grouped}}, {})), {}});
     page.parts.append(Heading{ReportTexts::tr("What fails")});
-    page.parts.append(Picture{paretoPlot(statistics.items), {}});
+    page.parts.append(Picture{drawPlot(failuresPlot({{QString(), statistics}}, {})), {}});
     if (!statistics.items.isEmpty()) {
         page.parts.append(itemTable(statistics.items));
     }
@@ -217,7 +221,8 @@ Page reportPage(const Report &report)
                     ? ReportTexts::tr("%1 in %2").arg(distribution.name, distribution.item)
                     : ReportTexts::tr("%1 in %2, in %3").arg(distribution.name, distribution.item, distribution.unit);
             page.parts.append(Heading{name, 3});
-            page.parts.append(Picture{distributionPlot(distribution), distributionText(distribution)});
+            page.parts.append(
+                Picture{drawPlot(distributionPlot({{QString(), distribution}}, {})), distributionText(distribution)});
         }
     }
     addGroups(ReportTexts::tr("Stations"), ReportTexts::tr("Station"), statistics.byStation, &page);

@@ -1,7 +1,8 @@
 #include "hostileTexts.h"
 #include "language/Language.h"
 #include "outsideProgram.h"
-#include "report/plots.h"
+#include "plots/plotContents.h"
+#include "report/drawPlot.h"
 #include "report/Report.h"
 
 #include <cmath>
@@ -147,29 +148,40 @@ void tst_Report::plots_data()
     QTest::addColumn<QString>("svg");
     QTest::addColumn<int>("bars");
     QTest::addColumn<QStringList>("texts");
-    const QList<ItemGroup> items = {{QStringLiteral("battery.info"), {9, 3, 0}},
-                                    {QStringLiteral("lens.link"), {9, 1, 0}},
-                                    {QStringLiteral("pcba.sensor"), {9, 0, 5}}};
-    QTest::newRow("what fails") << svgText(paretoPlot(items)) << 2
-                                << QStringList({QStringLiteral(">battery.info<"),
-                                                QStringLiteral(">3 (75.0 % of all so far)<"),
-                                                QStringLiteral(">1 (100.0 % of all so far)<")});
-    QTest::newRow("at most one") << svgText(paretoPlot(items, 1)) << 1
-                                 << QStringList(QStringLiteral(">3 (75.0 % of all so far)<"));
-    QTest::newRow("nothing fails") << svgText(paretoPlot({})) << 0 << QStringList(QStringLiteral(">No data<"));
+    const auto row = [](const char *title, const PlotContent &content, int bars, const QStringList &texts) {
+        QTest::newRow(title) << svgText(drawPlot(content)) << bars << texts;
+    };
+    const QStringList noData = {QStringLiteral(">No data<")};
+    Statistics counted;
+    counted.items = {{QStringLiteral("battery.info"), {9, 3, 0}},
+                     {QStringLiteral("lens.link"), {9, 1, 0}},
+                     {QStringLiteral("pcba.sensor"), {9, 0, 5}}};
+    row("what fails", failuresPlot({{QString(), counted}}, {}), 2,
+        {QStringLiteral(">battery.info<"), QStringLiteral(">3 (75.0 % of all so far)<"),
+         QStringLiteral(">1 (100.0 % of all so far)<"),
+         QStringLiteral("<title>battery.info: failed in 3 of 9 runs</title>")});
+    row("what fails in two parts", failuresPlot({{QStringLiteral("A"), counted}, {QStringLiteral("B"), counted}}, {}),
+        4, {QStringLiteral(">lens.link<")});
+    row("nothing fails", failuresPlot({{QString(), {}}}, {}), 0, noData);
     const Report report = exampleReport();
-    QTest::newRow("yield") << svgText(yieldPlot(report.statistics.byDay)) << 3 // one of the legend
-                           << QStringList({QStringLiteral(">2026-11-20<"), QStringLiteral(">2026-11-21<"),
-                                           QStringLiteral(">7 runs<"),
-                                           QStringLiteral("first-pass 75.0 %, final 100.0 %")});
-    QTest::newRow("no days") << svgText(yieldPlot({})) << 0 << QStringList(QStringLiteral(">No data<"));
+    row("yield", yieldPlot({{QString(), report.statistics}}, {}), 3, // one of the legend
+        {QStringLiteral(">2026-11-20<"), QStringLiteral(">2026-11-21<"), QStringLiteral(">7 runs<"),
+         QStringLiteral(">first-pass yield<"), QStringLiteral(">runs<"), QStringLiteral(">90 %<"),
+         QStringLiteral(">100 %<"), QStringLiteral("<title>2026-11-20: ")});
+    row("no days", yieldPlot({{QString(), {}}}, {}), 0, noData);
+    row("duration", durationPlot({{QString(), report.statistics}}, {}), 0, {QStringLiteral(">2026-11-21<")});
     Distribution distribution = report.distributions.constFirst();
-    QTest::newRow("distribution") << svgText(distributionPlot(distribution)) << 4
-                                  << QStringList({QStringLiteral(">least 3.6<"), QStringLiteral(">most 4.35<")});
+    const auto plotOf = [&distribution] { return distributionPlot({{QString(), distribution}}, {}); };
+    row("distribution", plotOf(), 4, {QStringLiteral(">least 3.6<"), QStringLiteral(">most 4.35<")});
     distribution.limit.most = 1e6;
-    QTest::newRow("a limit far away") << svgText(distributionPlot(distribution)) << 4
-                                      << QStringList(QStringLiteral(">least 3.6<"));
-    QTest::newRow("no values") << svgText(distributionPlot({})) << 0 << QStringList(QStringLiteral(">No data<"));
+    row("a limit far away", plotOf(), 4, {QStringLiteral(">least 3.6<")});
+    distribution = {};
+    row("no values", plotOf(), 0, noData);
+    PlotContent moments;
+    moments.scale = PlotContent::Scale::Moments;
+    moments.lines = {
+        {QStringLiteral("Passed"), PlotLine::Style::Points, plotColour::passed, {{0, 1, {}}, {60000, 2, {}}}}};
+    row("moments", moments, 2, {});
 }
 
 void tst_Report::plots()
@@ -231,7 +243,7 @@ void tst_Report::speaksALanguage_data()
     row("Chinese", Language::Chinese, "<html lang=\"zh-CN\">",
         {QStringLiteral("检测报告"), QStringLiteral("2026-11-20至2026-11-21"),
          QStringLiteral("数据来自line-2，由KestHistory 1.0.3于2026-11-21T18:00:00.000+01:00生成"),
-         QStringLiteral("一次通过率"), QStringLiteral("7次"), QStringLiteral("下限3.6"), QStringLiteral("1.50秒"),
+         QStringLiteral("一次通过率"), QStringLiteral("7次检测"), QStringLiteral("下限3.6"), QStringLiteral("1.50秒"),
          QStringLiteral("battery.info: battery.voltage 4.4 (3.6..4.35)\npcba.sensor（警告）: line-2")});
 }
 
@@ -370,7 +382,7 @@ void tst_Report::isShownByABrowser()
     int red = 0;
     for (int y = 0; y < shown.height(); ++y) {
         for (int x = 0; x < shown.width(); ++x) {
-            red += shown.pixelColor(x, y) == QColor(0xC0, 0x39, 0x2B) ? 1 : 0;
+            red += shown.pixelColor(x, y) == colourOfPlot(plotColour::failed) ? 1 : 0;
         }
     }
     // The bars of two items that failed, the longer one 375 by 15 pixels.

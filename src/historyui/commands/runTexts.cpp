@@ -6,7 +6,7 @@
 #include "record/limitText.h"
 #include "record/plainText.h"
 #include "record/recordNames.h"
-#include "report/plots.h"
+#include "plots/plotNumbers.h"
 #include "report/Report.h"
 
 #include <algorithm>

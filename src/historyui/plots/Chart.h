@@ -1,6 +1,6 @@
 #pragma once
 
-#include "historyui/plots/PlotContent.h"
+#include "plots/PlotContent.h"
 
 #include <memory>
 #include <QImage>

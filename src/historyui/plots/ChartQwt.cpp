@@ -1,9 +1,9 @@
 #include "historyui/plots/Chart.h"
 
 #include "historyui/reader/runWords.h"
+#include "plots/plotNumbers.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <QDate>
 #include <QDateTime>
@@ -32,17 +32,6 @@
 #include <qwt_text.h>
 
 namespace {
-/// Can be told apart by those who do not see red and green as different, too.
-constexpr std::array<QRgb, 6> palette = {0xFF0072B2, 0xFFD55E00, 0xFF009E73, 0xFFCC79A7, 0xFF7A5C00, 0xFF56B4E9};
-constexpr QRgb pale = 0xFFD5DCE4;
-constexpr QRgb limitColour = 0xFFC0392B;
-constexpr QRgb gridColour = 0xFFE6E6E6;
-
-QColor colourOf(int number)
-{
-    return QColor(palette.at(static_cast<std::size_t>(number) % palette.size()));
-}
-
 /// Names come from outside: nothing in them is markup.
 QwtText plain(const QString &text)
 {
@@ -84,8 +73,7 @@ public:
         case PlotContent::Scale::Numbers:
             break;
         }
-        constexpr int digits = 6;
-        return plain(QString::number(std::abs(value) < 1e-12 ? 0.0 : value, 'g', digits));
+        return plain(shortNumber(value));
     }
 
 private:
@@ -127,57 +115,6 @@ QwtScaleDiv wholePlaces(double from, double to, int most)
         ticks.append(first + i * step);
     }
     return QwtScaleDiv(from, to, {}, {}, ticks);
-}
-
-struct Reach
-{
-    double from = std::numeric_limits<double>::infinity();
-    double to = -std::numeric_limits<double>::infinity();
-
-    void take(double value)
-    {
-        from = std::min(from, value);
-        to = std::max(to, value);
-    }
-};
-
-/// The whole plot across, with a margin.
-QPair<double, double> wholeOf(const PlotContent &content)
-{
-    Reach reach;
-    for (const PlotBars &bars : content.bars) {
-        for (const PlotBar &bar : bars.bars) {
-            reach.take(bar.from);
-            reach.take(bar.to);
-        }
-    }
-    for (const PlotLine &line : content.lines) {
-        for (const PlotPoint &point : line.points) {
-            reach.take(point.across);
-        }
-    }
-    if (!(reach.from <= reach.to)) {
-        return {0, 1};
-    }
-    if (content.scale == PlotContent::Scale::Names) {
-        constexpr double fewest = 5; // a single bar must not fill the plot
-        reach.take(fewest - 0.5);
-    }
-    // A limit far off must not press all values into one line.
-    const double width = std::max(reach.to - reach.from, 1e-9);
-    const Reach values = reach;
-    for (const PlotMark &mark : content.marks) {
-        if (mark.across > values.from - 2 * width && mark.across < values.to + 2 * width) {
-            reach.take(mark.across);
-        }
-    }
-    constexpr double marginShare = 0.03;
-    constexpr double hourMs = 3600e3;
-    const double least = content.scale == PlotContent::Scale::Moments ? hourMs
-                         : content.scale == PlotContent::Scale::Days  ? 0.5
-                                                                      : 0;
-    const double margin = std::max((reach.to - reach.from) * marginShare, least);
-    return {reach.from - margin, reach.to + margin};
 }
 } // namespace
 
@@ -238,7 +175,7 @@ void Chart::show(const PlotContent &content)
     const QPair<double, double> before = range();
     const bool wasWhole = before == m_whole;
     m_content = content;
-    m_whole = wholeOf(content);
+    m_whole = content.across();
     setAccessibleName(content.title);
 
     QwtPlot &plot = m_drawing->plot;
@@ -270,7 +207,7 @@ void Chart::show(const PlotContent &content)
             double &top = bars.isBehind ? highestBehind : highest;
             top = std::max(top, bar.up);
         }
-        const QColor colour = bars.isBehind ? QColor(pale) : colourOf(bars.colour);
+        const QColor colour = bars.isBehind ? QColor(paleColour) : colourOfPlot(bars.colour);
         histogram->setBrush(colour);
         histogram->setPen(QPen(bars.isBehind ? colour : colour.darker(), 0));
         histogram->setStyle(QwtPlotHistogram::Columns);
@@ -287,7 +224,7 @@ void Chart::show(const PlotContent &content)
             points.append({point.across, point.up});
             highest = std::max(highest, point.up);
         }
-        const QColor colour = colourOf(line.colour);
+        const QColor colour = colourOfPlot(line.colour);
         const bool isPoints = line.style == PlotLine::Style::Points;
         constexpr double width = 2;
         constexpr int size = 7;

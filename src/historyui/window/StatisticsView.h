@@ -2,7 +2,7 @@
 
 #include "history/query/Distribution.h"
 #include "history/query/Statistics.h"
-#include "historyui/plots/plotContents.h"
+#include "plots/plotContents.h"
 
 #include <QList>
 #include <QString>

@@ -2,7 +2,7 @@
 
 #include "history/query/questions.h"
 #include "historyui/plots/Chart.h"
-#include "historyui/plots/plotContents.h"
+#include "historyui/plots/unitPlot.h"
 #include "historyui/reader/HistoryReader.h"
 #include "historyui/reader/runWords.h"
 #include "historyui/window/tableCopy.h"

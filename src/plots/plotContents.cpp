@@ -1,21 +1,14 @@
-#include "historyui/plots/plotContents.h"
+#include "plots/plotContents.h"
 
-#include "historyui/reader/runWords.h"
-#include "report/plots.h"
+#include "plots/plotNumbers.h"
+#include "plots/PlotTexts.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <QCoreApplication>
 #include <QDate>
 
 namespace {
-/// `Plots::tr`: what stands on the plots and in the tables below them, in the program's language.
-struct Plots
-{
-    Q_DECLARE_TR_FUNCTIONS(Plots)
-};
-
 double dayNumber(const RunGroup &day)
 {
     return static_cast<double>(QDate::fromString(day.name, Qt::ISODate).toJulianDay());
@@ -71,17 +64,29 @@ constexpr std::array yields = {
     Yield{QT_TRANSLATE_NOOP("Plots", "final yield"), finalYield, PlotLine::Style::Solid},
 };
 
+/// Days, or the first ones of weeks: how far the nearest two of them are apart.
+double spaceOf(const QList<RunGroup> &days)
+{
+    double space = 0;
+    for (int i = 1; i < days.size(); ++i) {
+        const double gap = dayNumber(days.at(i)) - dayNumber(days.at(i - 1));
+        space = i == 1 ? gap : std::min(space, gap);
+    }
+    return std::max(space, 1.0);
+}
+
 PlotBars runsByDay(const Statistics &statistics)
 {
-    constexpr double half = 0.4;
+    constexpr double share = 0.4; // of the space, on both sides
+    const double half = share * spaceOf(statistics.byDay);
     PlotBars bars;
     bars.name = Plots::tr("runs");
     bars.isBehind = true;
     for (const RunGroup &day : statistics.byDay) {
         const double at = dayNumber(day);
-        bars.bars.append(
-            {at - half, at + half, static_cast<double>(day.sums.runs),
-             QStringLiteral("%1: %2").arg(day.name, Plots::tr("%n runs", nullptr, static_cast<int>(day.sums.runs)))});
+        const QString runs = Plots::tr("%n runs", nullptr, static_cast<int>(day.sums.runs));
+        bars.bars.append({at - half, at + half, static_cast<double>(day.sums.runs),
+                          QStringLiteral("%1: %2").arg(day.name, runs), runs});
     }
     return bars;
 }
@@ -98,6 +103,15 @@ ItemSums sumsOfItem(const Statistics &statistics, const QString &item)
     const auto found = std::find_if(statistics.items.begin(), statistics.items.end(),
                                     [&item](const ItemGroup &group) { return group.item == item; });
     return found == statistics.items.end() ? ItemSums() : found->sums;
+}
+
+double failuresOf(const Statistics &statistics)
+{
+    qint64 failures = 0;
+    for (const ItemGroup &group : statistics.items) {
+        failures += group.sums.failed;
+    }
+    return static_cast<double>(failures);
 }
 
 /// All items of the parts, what failed most often first.
@@ -206,14 +220,19 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
         const StatisticsPart &part = parts.at(i);
         PlotBars bars;
         bars.name = part.name.isEmpty() ? Plots::tr("failed") : part.name;
-        bars.colour = i;
+        bars.colour = isSplit(parts) ? i : plotColour::failed;
+        const double failures = failuresOf(part.statistics);
+        double soFar = 0;
         for (int k = 0; k < plot.names.size(); ++k) {
             const ItemSums sums = sumsOfItem(part.statistics, plot.names.at(k));
             const double from = k - width / 2 + i * share;
+            soFar += static_cast<double>(sums.failed);
+            const QString shareSoFar = percentText(failures > 0 ? soFar / failures : std::optional<double>());
             bars.bars.append(
                 {from, from + share, static_cast<double>(sums.failed),
                  hintOf(part.name, Plots::tr("%1: failed in %2 of %n runs", nullptr, static_cast<int>(sums.ran))
-                                       .arg(plot.names.at(k), QString::number(sums.failed)))});
+                                       .arg(plot.names.at(k), QString::number(sums.failed))),
+                 Plots::tr("%1 (%2 of all so far)").arg(QString::number(sums.failed), shareSoFar)});
         }
         if (!bars.bars.isEmpty()) {
             plot.bars.append(bars);
@@ -270,9 +289,12 @@ PlotBars countsOf(const Distribution &distribution)
         const double to = from + distribution.binWidth;
         const qint64 count = distribution.bins.at(i);
         if (count > 0) {
-            bars.bars.append({from, to, static_cast<double>(count),
+            bars.bars.append({from,
+                              to,
+                              static_cast<double>(count),
                               QStringLiteral("%1..%2 %3: %4")
-                                  .arg(shortNumber(from), shortNumber(to), distribution.unit, QString::number(count))});
+                                  .arg(shortNumber(from), shortNumber(to), distribution.unit, QString::number(count)),
+                              {}});
         }
     }
     return bars;
@@ -341,40 +363,6 @@ PlotContent distributionPlot(const QList<DistributionPart> &parts, const QString
                                       shortNumber(distribution.mean), shortNumber(distribution.deviation),
                                       boundText(distribution.limit.least), boundText(distribution.limit.most),
                                       capability ? QString::number(*capability, 'f', 2) : QStringLiteral("-")}));
-    }
-    return plot;
-}
-
-PlotContent unitPlot(const QList<RunSummary> &runs)
-{
-    struct OutcomeLine
-    {
-        Outcome outcome;
-        int colour;
-    };
-    constexpr std::array outcomes = {OutcomeLine{Outcome::Passed, 2}, OutcomeLine{Outcome::Failed, 1},
-                                     OutcomeLine{Outcome::Stopped, 3}, OutcomeLine{Outcome::Error, 4}};
-    PlotContent plot;
-    plot.title = Plots::tr("Runs of the camera");
-    plot.upTitle = Plots::tr("Findings");
-    plot.isCount = true;
-    plot.scale = PlotContent::Scale::Moments;
-    for (const OutcomeLine &row : outcomes) {
-        PlotLine line;
-        line.name = outcomeText(row.outcome);
-        line.style = PlotLine::Style::Points;
-        line.colour = row.colour;
-        for (const RunSummary &run : runs) {
-            if (run.outcome == row.outcome) {
-                line.points.append(
-                    {static_cast<double>(run.begin.toMSecsSinceEpoch()), static_cast<double>(run.failedItems),
-                     QStringLiteral("%1: %2 %3")
-                         .arg(run.begin.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")), line.name, run.firstFinding)});
-            }
-        }
-        if (!line.points.isEmpty()) {
-            plot.lines.append(line);
-        }
     }
     return plot;
 }

@@ -1,4 +1,4 @@
-#include "historyui/plots/plotContents.h"
+#include "plots/plotContents.h"
 
 #include <QTest>
 
@@ -8,6 +8,7 @@ class tst_plotContents : public QObject
 
 private slots:
     void yieldOfAll();
+    void weeksAreAsWideAsTheirSpace();
     void yieldOfParts();
     void dayWithoutJudgedCameras();
     void failures();
@@ -15,7 +16,6 @@ private slots:
     void duration();
     void distributionOfAll();
     void distributionOfParts();
-    void unit();
     void nothing();
 };
 
@@ -83,6 +83,17 @@ void tst_plotContents::yieldOfAll()
                                     {"2026-11-21", "5", "4", "1", "4", "50.0 %", "100.0 %"}}));
 }
 
+void tst_plotContents::weeksAreAsWideAsTheirSpace()
+{
+    Statistics statistics;
+    statistics.byDay = {{QStringLiteral("2026-11-02"), sums(10, 8, 6, 7)},
+                        {QStringLiteral("2026-11-16"), sums(5, 4, 2, 4)},
+                        {QStringLiteral("2026-11-23"), sums(5, 4, 2, 4)}};
+    const PlotContent plot = yieldPlot({{QString(), statistics}}, {});
+    const double width = plot.bars[0].bars[0].to - plot.bars[0].bars[0].from;
+    QVERIFY2(qAbs(width - 0.8 * 7) < 1e-6, qPrintable(QString::number(width)));
+}
+
 void tst_plotContents::yieldOfParts()
 {
     Statistics right;
@@ -117,6 +128,9 @@ void tst_plotContents::failures()
     QCOMPARE(plot.bars.size(), 1);
     QCOMPARE(plot.bars[0].bars[0].up, 4.0);
     QCOMPARE(plot.bars[0].bars[0].hint, QStringLiteral("battery.info: failed in 4 of 15 runs"));
+    QCOMPARE(plot.bars[0].bars[0].label, QStringLiteral("4 (66.7 % of all so far)"));
+    QCOMPARE(plot.bars[0].bars[1].label, QStringLiteral("2 (100.0 % of all so far)"));
+    QCOMPARE(plot.bars[0].colour, int(plotColour::failed));
     QCOMPARE(plot.bars[0].bars[1].from, 0.6);
     QCOMPARE(plot.bars[0].bars[1].to, 1.4);
     QCOMPARE(plot.table.rows,
@@ -135,6 +149,8 @@ void tst_plotContents::failuresOfParts()
     QCOMPARE(plot.bars[1].bars[0].from, 0.0); // beside the other part
     QCOMPARE(plot.bars[1].bars[0].up, 3.0);
     QCOMPARE(plot.bars[1].bars[1].up, 0.0);
+    QCOMPARE(plot.bars[1].bars[1].label, QStringLiteral("0 (100.0 % of all so far)"));
+    QVERIFY(plot.bars[0].colour != plot.bars[1].colour);
     QCOMPARE(plot.table.rows[1], (QStringList{"B", "lens.link", "20", "3", "0", "15.0 %"}));
     QCOMPARE(plot.table.rows[3], (QStringList{"B", "battery.info", "0", "0", "0", "-"}));
 }
@@ -187,24 +203,6 @@ void tst_plotContents::distributionOfParts()
     QCOMPARE(plot.table.rows[0].constFirst(), QStringLiteral("A"));
 }
 
-void tst_plotContents::unit()
-{
-    RunSummary passed;
-    passed.begin = QDateTime(QDate(2026, 11, 20), QTime(9, 0), Qt::UTC);
-    passed.outcome = Outcome::Passed;
-    RunSummary failed = passed;
-    failed.begin = passed.begin.addDays(1);
-    failed.outcome = Outcome::Failed;
-    failed.failedItems = 2;
-    failed.firstFinding = QStringLiteral("lens.link");
-    const PlotContent plot = unitPlot({failed, passed});
-    QCOMPARE(plot.lines.size(), 2);
-    QCOMPARE(plot.lines[0].name, QStringLiteral("Passed"));
-    QCOMPARE(plot.lines[1].points[0].up, 2.0);
-    QCOMPARE(plot.lines[1].points[0].across, 1795251600000.0);
-    QCOMPARE(plot.lines[1].points[0].hint, QStringLiteral("2026-11-21 09:00:00: Failed lens.link"));
-}
-
 void tst_plotContents::nothing()
 {
     const QList<StatisticsPart> none{{QString(), {}}};
@@ -212,7 +210,6 @@ void tst_plotContents::nothing()
     QVERIFY(failuresPlot(none, {}).isEmpty());
     QVERIFY(durationPlot(none, {}).isEmpty());
     QVERIFY(distributionPlot({{QString(), {}}}, {}).isEmpty());
-    QVERIFY(unitPlot({}).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_plotContents)

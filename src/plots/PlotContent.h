@@ -1,12 +1,22 @@
 #pragma once
 
+#include <QColor>
 #include <QList>
+#include <QPair>
 #include <QString>
 #include <QStringList>
 #include <QVector>
 
 // What a plot shows, before anything is drawn, and the same as a table: for those who cannot see the plot, for copying,
 // and for a build without plots. Plain values, for any thread; texts are data, nothing in them is markup.
+
+/// Numbers in the palette that mean something.
+namespace plotColour {
+constexpr int failed = 1;
+constexpr int passed = 2;
+constexpr int stopped = 3;
+constexpr int error = 4;
+} // namespace plotColour
 
 struct PlotPoint
 {
@@ -31,6 +41,7 @@ struct PlotBar
     double to = 0;
     double up = 0;
     QString hint;
+    QString label; ///< what it says where nothing can be pointed at; empty: nothing
 };
 
 struct PlotBars
@@ -80,4 +91,13 @@ struct PlotContent
     PlotTable table;
 
     bool isEmpty() const { return bars.isEmpty() && lines.isEmpty(); }
+
+    /// What there is across, from and to, with a margin; a limit that is far from all values is left out.
+    QPair<double, double> across() const;
 };
+
+/// The colour of that number: can be told apart by those who do not see red and green as different, too.
+QColor colourOfPlot(int number);
+inline constexpr QRgb paleColour = 0xFFD5DCE4;  ///< of what is behind
+inline constexpr QRgb limitColour = 0xFFC0392B; ///< of limits
+inline constexpr QRgb gridColour = 0xFFE6E6E6;
