@@ -104,6 +104,12 @@ tst_KestHistory::End tst_KestHistory::run(const QStringList &words, const QByteA
 {
     QProcess program;
     program.setWorkingDirectory(m_folder.path());
+    // As on a terminal without a display.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *display : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) {
+        environment.remove(QLatin1String(display));
+    }
+    program.setProcessEnvironment(environment);
     program.start(m_program, words);
     program.write(input);
     program.closeWriteChannel();

@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+Q_DECLARE_METATYPE(PlotContent)
+
 class tst_plotContents : public QObject
 {
     Q_OBJECT
@@ -16,6 +18,8 @@ private slots:
     void duration();
     void distributionOfAll();
     void distributionOfParts();
+    void across();
+    void across_data();
     void nothing();
 };
 
@@ -201,6 +205,54 @@ void tst_plotContents::distributionOfParts()
     QCOMPARE(plot.marks.size(), 2);
     QCOMPARE(plot.table.rows.size(), 1);
     QCOMPARE(plot.table.rows[0].constFirst(), QStringLiteral("A"));
+}
+
+void tst_plotContents::across_data()
+{
+    QTest::addColumn<PlotContent>("plot");
+    QTest::addColumn<double>("from");
+    QTest::addColumn<double>("to");
+    const auto row = [](const char *title, PlotContent::Scale scale, const PlotBars &bars, const PlotLine &line,
+                        const QList<PlotMark> &marks, double from, double to) {
+        PlotContent plot;
+        plot.scale = scale;
+        plot.bars = {bars};
+        plot.lines = {line};
+        plot.marks = marks;
+        QTest::newRow(title) << plot << from << to;
+    };
+    const auto bar = [](double from, double to) {
+        PlotBars bars;
+        bars.bars = {{from, to, 1, {}, {}}};
+        return bars;
+    };
+    const auto at = [](double place) {
+        PlotLine line;
+        line.points = {{place, 1, {}}};
+        return line;
+    };
+    using Scale = PlotContent::Scale;
+    row("nothing", Scale::Numbers, {}, {}, {}, 0, 1);
+    row("bars", Scale::Numbers, bar(10, 20), {}, {}, 9.7, 20.3);
+    row("bars and a line", Scale::Numbers, bar(10, 20), at(110), {}, 7, 113);
+    row("a limit", Scale::Numbers, bar(10, 20), {}, {{30, {}, true}}, 9.4, 30.6);
+    row("a limit far to the right", Scale::Numbers, bar(10, 20), {}, {{40, {}, true}}, 9.7, 20.3);
+    row("a limit that is not too far", Scale::Numbers, bar(10, 20), {}, {{-9, {}, true}}, -9.87, 20.87);
+    row("a limit far to the left", Scale::Numbers, bar(10, 20), {}, {{-10, {}, true}}, 9.7, 20.3);
+    row("a day", Scale::Days, {}, at(2461365), {}, 2461364.5, 2461365.5);
+    row("a hundred days", Scale::Days, bar(2461300, 2461300), at(2461400), {}, 2461297, 2461403);
+    row("a moment", Scale::Moments, {}, at(1795251600000.0), {}, 1795248000000.0, 1795255200000.0);
+    row("one name", Scale::Names, bar(-0.4, 0.4), {}, {}, -0.547, 4.647);
+}
+
+void tst_plotContents::across()
+{
+    QFETCH(const PlotContent, plot);
+    QFETCH(const double, from);
+    QFETCH(const double, to);
+    const QPair<double, double> across = plot.across();
+    QVERIFY2(qAbs(across.first - from) < 1e-6, qPrintable(QString::number(across.first, 'g', 17)));
+    QVERIFY2(qAbs(across.second - to) < 1e-6, qPrintable(QString::number(across.second, 'g', 17)));
 }
 
 void tst_plotContents::nothing()

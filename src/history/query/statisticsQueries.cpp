@@ -159,16 +159,16 @@ std::optional<double> boundOf(const QVariant &value)
     return value.isNull() ? std::nullopt : std::optional<double>(value.toDouble());
 }
 
-/// The limit of the latest row; without a bound where there is none, and for a text.
+/// The limit of the latest row; without a bound where there is none.
 bool readLatestLimit(Connection *connection, const Conditions &conditions, Limit *limit)
 {
-    QSqlQuery *query = conditions.run(connection, QStringLiteral("SELECT number, least, most FROM measurement"),
+    QSqlQuery *query = conditions.run(connection, QStringLiteral("SELECT least, most FROM measurement"),
                                       QStringLiteral(" ORDER BY measurement.begin_ms DESC LIMIT 1"));
     if (query == nullptr) {
         return false;
     }
-    if (query->next() && !query->value(0).isNull()) {
-        *limit = {boundOf(query->value(1)), boundOf(query->value(2)), {}};
+    if (query->next()) {
+        *limit = {boundOf(query->value(0)), boundOf(query->value(1)), {}};
     }
     query->finish();
     return true;
