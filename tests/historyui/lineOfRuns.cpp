@@ -63,7 +63,7 @@ RunRecord runOfLine(int number, int cameras)
     first.items.append(item(QStringLiteral("camera.video"), 0, QStringLiteral("相机视频流OK\n")));
     ComponentRecord battery = component(2, QStringLiteral("battery"), QStringLiteral("Battery"));
     battery.items.append(item(QStringLiteral("battery.link"), 0, QStringLiteral("相机电池通信OK\n")));
-    battery.items.append(item(QStringLiteral("battery.info"), 2, QStringLiteral("获取电池信息成功\n")));
+    battery.items.append(item(QStringLiteral("battery.info"), 2, QStringLiteral("获取电池信息成功\n电池已充满\n")));
     ItemRecord &info = battery.items.last();
     info.measurements = {measured(Field::BatteryTemperature, 25 + number % 5),
                          measured(Field::BatteryVoltage, fails ? 4.4 : (380 + number % 10) / 100.0)};

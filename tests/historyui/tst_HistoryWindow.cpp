@@ -178,7 +178,7 @@ void tst_HistoryWindow::chosenRunShowsFailuresFirst()
     QCOMPARE(info->child(1)->text(1), QString());
     QCOMPARE(tree->currentItem(), info);
     QCOMPARE(find<QPlainTextEdit>(opened.window, "teDetail")->toPlainText(),
-             QStringLiteral("获取电池信息成功\n电池电压"));
+             QStringLiteral("获取电池信息成功\n电池已充满\n电池电压"));
 
     QTest::keyClick(find<QTableView>(opened.window, "tvRuns"), Qt::Key_Down);
     QTRY_COMPARE(find<QLabel>(opened.window, "lbOutcome")->text(), QStringLiteral("Passed"));

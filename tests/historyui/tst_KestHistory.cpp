@@ -394,6 +394,9 @@ void tst_KestHistory::takesInFolders()
                           m_folder.filePath(folder + QStringLiteral("11-00-00/DetectorLog.txt"))));
     QVERIFY(write(folder + QStringLiteral("DetectorLog.txt"), passed));
     QCOMPARE(runOn(store, import).output, QStringLiteral("1 added, 3 already there, 0 refused\n"));
+    QVERIFY(write(QStringLiteral("others/log/2024-05-07_60601F0A5F2A/DetectorLog.txt"), passed));
+    QCOMPARE(runOn(store, import + QStringList(QStringLiteral("others"))).output,
+             QStringLiteral("1 added, 4 already there, 0 refused\n"));
     const QString list = runOn(store, {QStringLiteral("list"), QStringLiteral("--failed")}).output;
     QVERIFY2(list.contains(QStringLiteral("failed   60:60:1F:0A:5F:2A")) &&
                  list.contains(QStringLiteral("camera.video")),

@@ -3,10 +3,10 @@
 #include "exchange/csv.h"
 #include "historyui/commands/HistoryTexts.h"
 #include "historyui/commands/terminalText.h"
+#include "plots/plotNumbers.h"
 #include "record/limitText.h"
 #include "record/plainText.h"
 #include "record/recordNames.h"
-#include "plots/plotNumbers.h"
 #include "report/Report.h"
 
 #include <algorithm>

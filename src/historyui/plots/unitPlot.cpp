@@ -12,8 +12,9 @@ PlotContent unitPlot(const QList<RunSummary> &runs)
         Outcome outcome;
         int colour;
     };
-    constexpr std::array outcomes = {OutcomeLine{Outcome::Passed, plotColour::passed}, OutcomeLine{Outcome::Failed, plotColour::failed},
-                                     OutcomeLine{Outcome::Stopped, plotColour::stopped}, OutcomeLine{Outcome::Error, plotColour::error}};
+    constexpr std::array outcomes = {
+        OutcomeLine{Outcome::Passed, plotColour::passed}, OutcomeLine{Outcome::Failed, plotColour::failed},
+        OutcomeLine{Outcome::Stopped, plotColour::stopped}, OutcomeLine{Outcome::Error, plotColour::error}};
     PlotContent plot;
     plot.title = Plots::tr("Runs of the camera");
     plot.upTitle = Plots::tr("Findings");

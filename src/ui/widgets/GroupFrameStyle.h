@@ -2,9 +2,9 @@
 
 #include <QProxyStyle>
 
-/// Draws the frame of a group box as Qt's style Fusion does, but with lines: Fusion reads a PNG for it, and for the first
-/// PNG Qt loads every image plug-in on the PC with the libraries behind it (0.4 MiB beside the icons' JPEG). All else is
-/// left to the application's style.
+/// Draws the frame of a group box as Qt's style Fusion does, but with lines: Fusion reads a PNG for it, and for the
+/// first PNG Qt loads every image plug-in on the PC with the libraries behind it (0.4 MiB beside the icons' JPEG). All
+/// else is left to the application's style.
 class GroupFrameStyle : public QProxyStyle
 {
     Q_OBJECT
