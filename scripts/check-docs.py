@@ -112,7 +112,7 @@ def log_offences(project, readme):
 def version_offences(project):
     """The newest version of the changelog against that of the project."""
     version = re.search(r'^project\(\w+ VERSION ([\d.]+)', (project / 'CMakeLists.txt').read_text(encoding='utf-8'), re.M)
-    newest = re.search(r'^## \[([^\]]+)\]', (project / 'CHANGELOG.md').read_text(encoding='utf-8'), re.M)
+    newest = re.search(r'^## \[([\d.]+)\]', (project / 'CHANGELOG.md').read_text(encoding='utf-8'), re.M)
     if newest.group(1) != version.group(1):
         yield f'CHANGELOG.md: its newest version is {newest.group(1)}, that of the project {version.group(1)}'
 
