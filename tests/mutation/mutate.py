@@ -49,7 +49,7 @@ NOTICED, UNNOTICED, BROKEN, EQUIVALENT = "noticed", "not noticed", "does not com
 @dataclasses.dataclass
 class Test:
     name: str
-    libraries: frozenset  # of the station, that it links
+    libraries: frozenset  # of the station, that it or a program that it starts links
     seconds: float = 0.0
     whole: bool = False  # starts whole programs
     reads: bool = False  # the sources themselves, such as their texts for the translators
@@ -58,10 +58,11 @@ class Test:
         """Stage and order within it, or nothing where the test has nothing to do with the library."""
         if self.reads:
             return 1, 0, self.seconds
+        linked = self.whole if library is None else library in self.libraries
+        if not linked:
+            return None
         if self.whole:
             return 4, self.seconds
-        if library not in self.libraries:
-            return None
         stage = 3 if "kest_ui_window" in self.libraries else 2 if self.seconds > LONG else 1
         return stage, len(self.libraries), self.seconds
 
