@@ -54,7 +54,8 @@ void GroupFrameStyle::apply(QWidget *window)
         return;
     }
     auto *style = new GroupFrameStyle(window);
-    for (QGroupBox *box : window->findChildren<QGroupBox *>()) {
+    const QList<QGroupBox *> boxes = window->findChildren<QGroupBox *>();
+    for (QGroupBox *box : boxes) {
         box->setStyle(style);
     }
 }
