@@ -621,8 +621,9 @@ def history_window():
                    "<= 1.5")
     for tab, name in enumerate(("run", "camera", "statistics")):
         absences = [one[f"stall{tab}"] for one in large]
+        note = f"{statistics.median(one[f'choice{tab}'] for one in large):.1f} ms when the tab was chosen"
         add_row(Case("history", f"window over {most} runs, longest absence while scrolling and typing beside the {name}",
-                     "ms"), absences, Peer("processor time in it", [one[f"processor{tab}"] for one in large]),
+                     "ms", note), absences, Peer("processor time in it", [one[f"processor{tab}"] for one in large]),
                 at_most(absences, FRAME_MS, f"<= {FRAME_MS} ms"))
 
 

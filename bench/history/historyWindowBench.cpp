@@ -22,6 +22,7 @@
 
 namespace {
 constexpr double nsPerMs = 1e6;
+constexpr int settleMs = 1000; // until what belongs to a tab is there
 
 /// Calls `painted` when the table has painted its first rows.
 class PaintWatch final : public QObject
@@ -62,10 +63,11 @@ public:
     bool isReady() const { return m_table && m_mac && m_serial && m_tabs; }
     QTableView *table() const { return m_table; }
 
-    /// `done` is called when all that belongs to the tab is done.
-    void begin(int tab, std::function<void()> done)
+    void choose(int tab) { m_tabs->setCurrentIndex(tab); }
+
+    /// `done` is called when everything has been scrolled through and typed.
+    void begin(std::function<void()> done)
     {
-        m_tabs->setCurrentIndex(tab);
         m_done = std::move(done);
         plan();
         m_next = 0;
@@ -157,24 +159,33 @@ int main(int argc, char *argv[])
     int mostRows = 0;
     QObject::connect(person.table()->model(), &QAbstractItemModel::rowsInserted, &person,
                      [&] { mostRows = std::max(mostRows, person.table()->model()->rowCount()); });
-    int tab = 0;
-    std::function<void()> goOn = [&] {
-        const Heartbeat::Absence longest = heartbeat.end();
-        std::printf(R"("stall%d": %.3f, "processor%d": %.3f, )", tab, static_cast<double>(longest.ns) / nsPerMs, tab,
-                    static_cast<double>(longest.processorNs) / nsPerMs);
-        if (++tab == person.tabs()) {
+    const auto tell = [](const char *what, int tab, double value) {
+        std::printf(R"("%s%d": %.3f, )", what, tab, value);
+    };
+    const auto ms = [](std::int64_t ns) { return static_cast<double>(ns) / nsPerMs; };
+    std::function<void(int)> work = [&](int tab) {
+        if (tab == person.tabs()) {
             std::printf("\"rows\": %d}\n", mostRows);
             QApplication::quit();
             return;
         }
         heartbeat.begin();
-        person.begin(tab, goOn);
+        person.choose(tab);
+        QTimer::singleShot(settleMs, &person, [&, tab] {
+            tell("choice", tab, ms(heartbeat.end().ns));
+            heartbeat.begin();
+            person.begin([&, tab] {
+                const Heartbeat::Absence longest = heartbeat.end();
+                tell("stall", tab, ms(longest.ns));
+                tell("processor", tab, ms(longest.processorNs));
+                work(tab + 1);
+            });
+        });
     };
     new PaintWatch(person.table(), [&] {
-        std::printf(R"({"open": %.3f, )", static_cast<double>(monotonicNs() - start) / nsPerMs);
+        std::printf(R"({"open": %.3f, )", ms(monotonicNs() - start));
         mostRows = person.table()->model()->rowCount();
-        heartbeat.begin();
-        person.begin(tab, goOn);
+        work(0);
     });
     window.show();
     return QApplication::exec();
