@@ -114,6 +114,9 @@ StatisticsView::StatisticsView(HistoryReader *reader, QWidget *parent)
     }
     m_figures->setObjectName(QStringLiteral("lbFigures"));
     m_note->setObjectName(QStringLiteral("lbNote"));
+    QSizePolicy keepsItsRoom = m_note->sizePolicy();
+    keepsItsRoom.setRetainSizeWhenHidden(true); // so that a plot is not drawn anew for every letter of a search
+    m_note->setSizePolicy(keepsItsRoom);
     for (QLabel *label : {m_figures, m_note}) {
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
