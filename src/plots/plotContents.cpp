@@ -27,15 +27,10 @@ QStringList rowOf(const QList<Part> &parts, const QString &part, const QStringLi
     return isSplit(parts) ? QStringList(part) + texts : texts;
 }
 
-QString hintOf(const QString &part, const QString &text)
+/// A hint or the name of a line, behind the part that it is of.
+QString textOf(const QString &part, const QString &text)
 {
     return part.isEmpty() ? text : QStringLiteral("%1, %2").arg(part, text);
-}
-
-/// The name of a line: what it shows, and of which part.
-QString nameOfLine(const QString &part, const QString &shown)
-{
-    return part.isEmpty() ? shown : QStringLiteral("%1, %2").arg(part, shown);
 }
 
 /// Rounded down to a tenth, so that what differs can be seen.
@@ -134,11 +129,6 @@ QList<ItemGroup> allItems(const QList<StatisticsPart> &parts)
     sortByFailures(&all);
     return all;
 }
-
-QString boundText(const std::optional<double> &bound)
-{
-    return bound ? shortNumber(*bound) : QString();
-}
 } // namespace
 
 QString figuresText(const Statistics &statistics)
@@ -171,14 +161,14 @@ PlotContent yieldPlot(const QList<StatisticsPart> &parts, const QString &kind)
         const StatisticsPart &part = parts.at(i);
         for (const Yield &yield : yields) {
             PlotLine line;
-            line.name = nameOfLine(part.name, Plots::tr(yield.name));
+            line.name = textOf(part.name, Plots::tr(yield.name));
             line.style = yield.style;
             line.colour = i;
             for (const RunGroup &day : part.statistics.byDay) {
                 if (const std::optional<double> share = yield.of(day.sums)) {
                     line.points.append(
                         {dayNumber(day), *share,
-                         hintOf(part.name,
+                         textOf(part.name,
                                 QStringLiteral("%1: %2 %3").arg(day.name, Plots::tr(yield.name), percentText(share)))});
                 }
             }
@@ -230,7 +220,7 @@ PlotContent failuresPlot(const QList<StatisticsPart> &parts, const QString &kind
             const QString shareSoFar = percentText(failures > 0 ? soFar / failures : std::optional<double>());
             bars.bars.append(
                 {from, from + share, static_cast<double>(sums.failed),
-                 hintOf(part.name, Plots::tr("%1: failed in %2 of %n runs", nullptr, static_cast<int>(sums.ran))
+                 textOf(part.name, Plots::tr("%1: failed in %2 of %n runs", nullptr, static_cast<int>(sums.ran))
                                        .arg(plot.names.at(k), QString::number(sums.failed))),
                  Plots::tr("%1 (%2 of all so far)").arg(QString::number(sums.failed), shareSoFar)});
         }
@@ -268,7 +258,7 @@ PlotContent durationPlot(const QList<StatisticsPart> &parts, const QString &kind
             if (day.sums.runs > 0) {
                 const QString seconds = shortNumber(meanSeconds(day.sums));
                 line.points.append({dayNumber(day), meanSeconds(day.sums),
-                                    hintOf(part.name, QStringLiteral("%1: %2 s").arg(day.name, seconds))});
+                                    textOf(part.name, QStringLiteral("%1: %2 s").arg(day.name, seconds))});
                 plot.table.rows.append(rowOf(parts, part.name, {day.name, QString::number(day.sums.runs), seconds}));
             }
         }

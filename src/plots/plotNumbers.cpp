@@ -13,3 +13,8 @@ QString shortNumber(double number)
     // What the arithmetic leaves of a zero.
     return QString::number(std::abs(number) < 1e-12 ? 0.0 : number, 'g', digits);
 }
+
+QString boundText(const std::optional<double> &bound)
+{
+    return bound ? shortNumber(*bound) : QString();
+}

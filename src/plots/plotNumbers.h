@@ -9,3 +9,5 @@
 QString percentText(const std::optional<double> &share);
 /// With as many digits as people want to read.
 QString shortNumber(double number);
+/// Likewise a bound of a limit; empty without one.
+QString boundText(const std::optional<double> &bound);

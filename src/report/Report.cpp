@@ -103,11 +103,6 @@ Table itemTable(const QList<ItemGroup> &items)
     return table;
 }
 
-QString boundText(const std::optional<double> &bound)
-{
-    return bound ? shortNumber(*bound) : QString();
-}
-
 QString distributionText(const Distribution &distribution)
 {
     const std::optional<double> capability = cpk(distribution);

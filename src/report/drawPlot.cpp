@@ -196,15 +196,15 @@ private:
             return;
         }
         // The days or moments that there is something at.
-        QVector<double> places;
+        QVector<qint64> places;
         for (const PlotBars &bars : m_content.bars) {
             for (const PlotBar &bar : bars.bars) {
-                places.append((bar.from + bar.to) / 2);
+                places.append(qRound64((bar.from + bar.to) / 2));
             }
         }
         for (const PlotLine &one : m_content.lines) {
             for (const PlotPoint &point : one.points) {
-                places.append(point.across);
+                places.append(qRound64(point.across));
             }
         }
         std::sort(places.begin(), places.end());
@@ -212,10 +212,11 @@ private:
         const int last = static_cast<int>(places.size()) - 1;
         const int count = std::min(last + 1, labels);
         for (int i = 0; i < count; ++i) {
-            const double place = places.at(count == 1 ? 0 : i * last / (count - 1));
-            label(place, m_content.scale == PlotContent::Scale::Days
-                             ? QDate::fromJulianDay(qRound64(place)).toString(Qt::ISODate)
-                             : QDateTime::fromMSecsSinceEpoch(qRound64(place)).toString(QStringLiteral("MM-dd HH:mm")));
+            const qint64 place = places.at(count == 1 ? 0 : i * last / (count - 1));
+            label(static_cast<double>(place),
+                  m_content.scale == PlotContent::Scale::Days
+                      ? QDate::fromJulianDay(place).toString(Qt::ISODate)
+                      : QDateTime::fromMSecsSinceEpoch(place).toString(QStringLiteral("MM-dd HH:mm")));
         }
     }
 

@@ -168,6 +168,11 @@ void tst_Report::plots_data()
         {QStringLiteral(">2026-11-20<"), QStringLiteral(">2026-11-21<"), QStringLiteral(">7 runs<"),
          QStringLiteral(">first-pass yield<"), QStringLiteral(">runs<"), QStringLiteral(">90 %<"),
          QStringLiteral(">100 %<"), QStringLiteral("<title>2026-11-20: ")});
+    Statistics weeks; // bars whose middles are a hair beside the days
+    weeks.byDay = {{QStringLiteral("2026-11-02"), report.statistics.byDay.constFirst().sums},
+                   {QStringLiteral("2026-11-09"), report.statistics.byDay.constFirst().sums}};
+    row("weeks", yieldPlot({{QString(), weeks}}, {}), 3,
+        {QStringLiteral(">2026-11-02<"), QStringLiteral(">2026-11-09<")});
     row("no days", yieldPlot({{QString(), {}}}, {}), 0, noData);
     row("duration", durationPlot({{QString(), report.statistics}}, {}), 0, {QStringLiteral(">2026-11-21<")});
     Distribution distribution = report.distributions.constFirst();
@@ -192,6 +197,7 @@ void tst_Report::plots()
     QCOMPARE(svg.count(QStringLiteral("<rect ")), bars);
     for (const QString &text : texts) {
         QVERIFY2(svg.contains(text), qPrintable(text));
+        QVERIFY2(!text.startsWith(QStringLiteral(">2026-")) || svg.count(text) == 1, qPrintable(text));
     }
     QVERIFY2(!svg.contains(QStringLiteral("nan")) && !svg.contains(QStringLiteral("inf,")), qPrintable(svg));
     QVERIFY(!svg.contains(QStringLiteral("1e+06")) && !svg.contains(QStringLiteral("width=\"-")));
