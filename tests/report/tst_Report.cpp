@@ -168,7 +168,7 @@ void tst_Report::plots_data()
         {QStringLiteral(">2026-11-20<"), QStringLiteral(">2026-11-21<"), QStringLiteral(">7 runs<"),
          QStringLiteral(">first-pass yield<"), QStringLiteral(">runs<"), QStringLiteral(">90 %<"),
          QStringLiteral(">100 %<"), QStringLiteral("<title>2026-11-20: ")});
-    Statistics weeks; // bars whose middles are a hair beside the days
+    Statistics weeks;
     weeks.byDay = {{QStringLiteral("2026-11-02"), report.statistics.byDay.constFirst().sums},
                    {QStringLiteral("2026-11-09"), report.statistics.byDay.constFirst().sums}};
     row("weeks", yieldPlot({{QString(), weeks}}, {}), 3,
