@@ -1,7 +1,7 @@
 # Shared by run, test, .ci/run and what else builds: packages, building, and running the tests.
 # To be sourced with the project's folder as the current directory.
 
-build_packages="g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n libqt5sql5-sqlite libqt5sql5-psql libqwt-qt5-dev libsimdjson-dev libdeflate-dev libboost-dev busybox-static python3 python3-pyftpdlib fonts-wqy-microhei"
+build_packages="g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n libqt5sql5-sqlite libqt5sql5-psql libqwt-qt5-dev libsimdjson-dev libdeflate-dev libpq-dev libboost-dev busybox-static python3 python3-pyftpdlib fonts-wqy-microhei"
 # Beside them, what only the tests use.
 test_packages="curl openssl postgresql python3-jsonschema libxml2-utils"
 

@@ -1,4 +1,5 @@
 #include "history/store/schema.h"
+#include "history/store/ServerCopy.h"
 #include "history/store/Store.h"
 #include "hostileTexts.h"
 #include "language/Language.h"
@@ -35,6 +36,9 @@ private slots:
     void keepsARunOnce();
     void keepsAllOfATransactionOrNothing_data() { addEngines(); }
     void keepsAllOfATransactionOrNothing();
+    void goesOnAfterRowsThatWereRefused_data();
+    void goesOnAfterRowsThatWereRefused();
+    void tellsOfAServerThatHasGone();
     void answersQuestionsWithoutTheRecord_data() { addEngines(); }
     void answersQuestionsWithoutTheRecord();
     void keepsTextsInColumnsAsTheyAre();
@@ -192,6 +196,71 @@ void tst_Store::keepsAllOfATransactionOrNothing()
     QVERIFY(!store->insert({run}));
 }
 
+void tst_Store::goesOnAfterRowsThatWereRefused_data()
+{
+    QTest::addColumn<QByteArray>("refuse");
+    QTest::addColumn<QByteArray>("accept");
+    QTest::addColumn<QByteArray>("reason");
+    QTest::newRow("no such table") << QByteArray("ALTER TABLE record RENAME TO away")
+                                   << QByteArray("ALTER TABLE away RENAME TO record")
+                                   << QByteArray("relation \"record\" does not exist");
+    QTest::newRow("no such column") << QByteArray("ALTER TABLE finding RENAME COLUMN limits TO away")
+                                    << QByteArray("ALTER TABLE finding RENAME COLUMN away TO limits")
+                                    << QByteArray("column \"limits\" of relation \"finding\" does not exist");
+    QTest::newRow("a row that may not be")
+        << QByteArray("ALTER TABLE measurement ADD CONSTRAINT few CHECK (place < 3)")
+        << QByteArray("ALTER TABLE measurement DROP CONSTRAINT few") << QByteArray("violates check constraint \"few\"");
+    QTest::newRow("a value of another type")
+        << QByteArray("ALTER TABLE finding ALTER COLUMN value TYPE DATE USING DATE '2026-11-21'")
+        << QByteArray("ALTER TABLE finding ALTER COLUMN value TYPE TEXT")
+        << QByteArray("invalid input syntax for type date: \"4.36\"");
+}
+
+void tst_Store::goesOnAfterRowsThatWereRefused()
+{
+    if (!m_noServer.isEmpty()) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    QFETCH(const QByteArray, refuse);
+    QFETCH(const QByteArray, accept);
+    QFETCH(const QByteArray, reason);
+    const std::unique_ptr<Store> store = open(QStringLiteral("postgresql"));
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    const RunRows run = runRows(exampleRecord());
+    QVERIFY(store->connection().execute(QLatin1String(refuse)));
+    QVERIFY(!store->insert({run}));
+    QCOMPARE(store->error().kind, StoreError::Kind::Other);
+    QVERIFY2(store->error().text.contains(QLatin1String(reason)), qUtf8Printable(store->error().text));
+    QVERIFY(store->connection().execute(QLatin1String(accept)));
+    QCOMPARE(values(store.get(), "SELECT (SELECT count(*) FROM run), (SELECT count(*) FROM record), "
+                                 "(SELECT count(*) FROM finding), (SELECT count(*) FROM measurement)"),
+             QStringLiteral("0|0|0|0"));
+    QCOMPARE(store->insert({run}), std::optional<int>(1));
+    QCOMPARE(store->read(run.id), std::optional<RunRecord>(exampleRecord()));
+}
+
+void tst_Store::tellsOfAServerThatHasGone()
+{
+    if (!m_noServer.isEmpty()) {
+        QSKIP(qUtf8Printable(m_noServer));
+    }
+    const std::unique_ptr<Store> store = open(QStringLiteral("postgresql"));
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    ServerCopy copy(store->connection().database(), QStringLiteral("series (id, item, name, unit)"));
+    QVERIFY(copy.put({1, QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}, 4));
+    m_server.kill();
+    // What the library still takes does not arrive.
+    const QVector<QVariant> row = {2, QString(1000, QLatin1Char('x')), QStringLiteral("b"), QStringLiteral("c")};
+    constexpr int mostRows = 10000;
+    int rows = 0;
+    while (rows < mostRows && copy.put(row, 4)) {
+        ++rows;
+    }
+    QVERIFY(!copy.end());
+    QCOMPARE(storeError(copy.error(), QStringLiteral("line")).kind, StoreError::Kind::Unreachable);
+    QVERIFY(m_server.resume());
+}
+
 void tst_Store::answersQuestionsWithoutTheRecord()
 {
     QFETCH(QString, engine);
@@ -240,6 +309,10 @@ void tst_Store::keepsTextsInColumnsAsTheyAre()
                                    QStringLiteral("{a,\"b\",NULL}'),\\"),
                                    QStringLiteral("a\\\\\"b'"),
                                    QStringLiteral("  a\tb\n"),
+                                   QStringLiteral("a\r\nb\\"),
+                                   QStringLiteral("\\N"),
+                                   QStringLiteral("\\."),
+                                   QStringLiteral("\\t\\x41"),
                                    QStringLiteral("相机")};
         QVector<RunRows> runs; // in one statement
         for (const QString &text : texts) {

@@ -1,12 +1,13 @@
 #include "history/store/Connection.h"
 
+#include "history/store/ServerCopy.h"
+
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <QByteArray>
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 #include <QStringList>
 
 namespace {
@@ -44,40 +45,31 @@ QString serverType(const QVariant &value)
 }
 
 /// A value as an entry of an array in PostgreSQL's notation (its manual, 8.15.6).
-QString serverEntry(const QVariant &value)
+QByteArray serverEntry(const QVariant &value)
 {
     if (value.isNull()) {
-        return QStringLiteral("NULL");
+        return "NULL";
     }
-    switch (value.userType()) {
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-        return QString::number(value.toLongLong());
-    case QMetaType::Double:
-        return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
-    case QMetaType::QByteArray:
-        return QStringLiteral("\"\\\\x") + QString::fromLatin1(value.toByteArray().toHex()) + QLatin1Char('"');
-    case QMetaType::QUuid:
-        return value.toUuid().toString(QUuid::WithoutBraces);
-    default:
-        break;
+    QByteArray text = serverText(value);
+    const auto type = value.userType();
+    if (type != QMetaType::QByteArray && type != QMetaType::QString) {
+        return text;
     }
-    QString text = value.toString();
-    text.replace(QLatin1Char('\\'), QStringLiteral("\\\\")).replace(QLatin1Char('"'), QStringLiteral("\\\""));
-    return QLatin1Char('"') + text + QLatin1Char('"');
+    text.replace('\\', "\\\\").replace('"', "\\\"");
+    return '"' + text + '"';
 }
 
 /// The values of a column, `first` of each row, as an array.
 QString serverArray(const RowValues &values, int first, int columns)
 {
-    QString array(QLatin1Char('{'));
+    QByteArray array("{");
     for (int i = first; i < values.size(); i += columns) {
         if (i > first) {
-            array += QLatin1Char(',');
+            array += ',';
         }
         array += serverEntry(values.at(i));
     }
-    return array + QLatin1Char('}');
+    return QString::fromUtf8(array + '}');
 }
 } // namespace
 
@@ -201,11 +193,12 @@ int Connection::rowsOf(int left) const
     return isServer() ? std::min(left, mostOnServer) : pieceOf(left);
 }
 
-QSqlQuery *Connection::insertion(const QString &head, int columns, const QString &tail, const RowValues &values)
+QSqlQuery *Connection::insertion(const QString &into, int columns, const QString &tail, const RowValues &values)
 {
+    const QString insert = QStringLiteral("INSERT INTO ") + into;
     if (!isServer()) {
         const QString row = QLatin1Char('(') + listOf(columns) + QLatin1Char(')');
-        QSqlQuery *query = prepared(head + QStringLiteral(" VALUES ") +
+        QSqlQuery *query = prepared(insert + QStringLiteral(" VALUES ") +
                                     repeated(row, static_cast<int>(values.size()) / columns) + tail);
         if (query != nullptr) {
             for (const QVariant &value : values) {
@@ -219,7 +212,7 @@ QSqlQuery *Connection::insertion(const QString &head, int columns, const QString
         arrays.append(QStringLiteral("CAST(? AS %1[])").arg(serverType(values.at(column))));
     }
     QSqlQuery *query =
-        prepared(head + QStringLiteral(" SELECT * FROM unnest(%1)").arg(arrays.join(QStringLiteral(", "))) + tail);
+        prepared(insert + QStringLiteral(" SELECT * FROM unnest(%1)").arg(arrays.join(QStringLiteral(", "))) + tail);
     if (query != nullptr) {
         for (int column = 0; column < columns; ++column) {
             query->addBindValue(serverArray(values, column, columns));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "history/address/StoreAddress.h"
+#include "history/store/ServerCopy.h"
 #include "history/store/StoreError.h"
 
 #include <chrono>
@@ -59,32 +60,37 @@ public:
         return false;
     }
 
-    /// `head` ("INSERT INTO run (...)"), what stands for `rows`, `tail` ("ON CONFLICT ..."). `values(values, row)` adds
-    /// the `columns` values of a row, in every row of the same types; `take(query)` is called after each piece, for
-    /// what the tail returns.
+    /// `into` ("run (begin_ms, ...)"), `tail` ("ON CONFLICT ..."). `values(values, row)` adds the `columns` values of a
+    /// row, in every row of the same types; `take(query)` is called after each piece, for what the tail returns.
     template <class Rows, class Values, class Take>
-    bool insertRows(const QString &head, int columns, const QString &tail, const Rows &rows, Values values, Take take)
+    bool insertRows(const QString &into, int columns, const QString &tail, const Rows &rows, Values values, Take take)
     {
-        RowValues piece;
-        for (auto next = rows.begin(); next != rows.end();) {
-            const int count = rowsOf(static_cast<int>(std::distance(next, rows.end())));
-            piece.clear();
-            for (int i = 0; i < count; ++i, ++next) {
-                values(&piece, *next);
-            }
-            QSqlQuery *query = insertion(head, columns, tail, piece);
+        return inPieces(rows, values, [&](const RowValues &piece) {
+            QSqlQuery *query = insertion(into, columns, tail, piece);
             if (query == nullptr || !run(query)) {
                 return false;
             }
             take(query);
             query->finish();
-        }
-        return true;
+            return true;
+        });
     }
     template <class Rows, class Values>
-    bool insertRows(const QString &head, int columns, const QString &tail, const Rows &rows, Values values)
+    bool insertRows(const QString &into, int columns, const QString &tail, const Rows &rows, Values values)
     {
-        return insertRows(head, columns, tail, rows, values, [](QSqlQuery *) {});
+        return insertRows(into, columns, tail, rows, values, [](QSqlQuery *) {});
+    }
+    /// Rows that are not there yet, likewise; the quickest way that the engine has.
+    template <class Rows, class Values>
+    bool insertNewRows(const QString &into, int columns, const Rows &rows, Values values)
+    {
+        if (!isServer() || rows.isEmpty()) {
+            return insertRows(into, columns, {}, rows, values);
+        }
+        ServerCopy copy(database(), into);
+        const bool isDone =
+            inPieces(rows, values, [&](const RowValues &piece) { return copy.put(piece, columns); }) && copy.end();
+        return isDone || fail(storeError(copy.error(), address().name));
     }
 
     /// An id as the engine binds it, and as it gives it back.
@@ -97,11 +103,28 @@ public:
     static QString listOf(int count) { return repeated(QStringLiteral("?"), count); }
 
 private:
+    /// Calls `put(values)` with the values of some rows after the others, until it fails.
+    template <class Rows, class Values, class Put>
+    bool inPieces(const Rows &rows, Values values, Put put)
+    {
+        RowValues piece;
+        for (auto next = rows.begin(); next != rows.end();) {
+            const int count = rowsOf(static_cast<int>(std::distance(next, rows.end())));
+            piece.clear();
+            for (int i = 0; i < count; ++i, ++next) {
+                values(&piece, *next);
+            }
+            if (!put(piece)) {
+                return false;
+            }
+        }
+        return true;
+    }
     static QString repeated(const QString &text, int count);
     /// How many of `left` rows go into the next statement.
     int rowsOf(int left) const;
     /// With the values bound. Null if the engine refuses it.
-    QSqlQuery *insertion(const QString &head, int columns, const QString &tail, const RowValues &values);
+    QSqlQuery *insertion(const QString &into, int columns, const QString &tail, const RowValues &values);
     bool commit();
     void rollBack();
 

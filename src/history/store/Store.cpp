@@ -219,8 +219,8 @@ bool Store::insertNew(const QVector<RunRows> &runs, bool queue, int *added)
 
 bool Store::insertRunRows(const QVector<const RunRows *> &runs, QSet<QUuid> *added)
 {
-    static const QString head = QStringLiteral(
-        "INSERT INTO run (begin_ms, id, offset_s, day, end_ms, duration_us, outcome, mac, serial, station, location, "
+    static const QString into = QStringLiteral(
+        "run (begin_ms, id, offset_s, day, end_ms, duration_us, outcome, mac, serial, station, location, "
         "batch, firmware, operator_name, wifi_name, link, program_version, reason, failed_items, first_finding)");
     constexpr int columns = 20;
     const auto bind = [this](RowValues *values, const RunRows *run) {
@@ -236,20 +236,20 @@ bool Store::insertRunRows(const QVector<const RunRows *> &runs, QSet<QUuid> *add
             added->insert(Connection::idOf(query->value(0)));
         }
     };
-    return m_connection.insertRows(head, columns, onConflictNothing + QStringLiteral(" RETURNING id"), runs, bind,
+    return m_connection.insertRows(into, columns, onConflictNothing + QStringLiteral(" RETURNING id"), runs, bind,
                                    take);
 }
 
 bool Store::insertBesides(const QVector<const RunRows *> &runs, bool queue)
 {
-    static const QString record = QStringLiteral("INSERT INTO record (run, body)");
-    if (!m_connection.insertRows(record, 2, {}, runs, [this](RowValues *values, const RunRows *run) {
+    static const QString record = QStringLiteral("record (run, body)");
+    if (!m_connection.insertNewRows(record, 2, runs, [this](RowValues *values, const RunRows *run) {
             *values << m_connection.idValue(run->id) << run->body;
         })) {
         return false;
     }
-    static const QString unsent = QStringLiteral("INSERT INTO unsent (begin_ms, run)");
-    if (queue && !m_connection.insertRows(unsent, 2, {}, runs, [this](RowValues *values, const RunRows *run) {
+    static const QString unsent = QStringLiteral("unsent (begin_ms, run)");
+    if (queue && !m_connection.insertNewRows(unsent, 2, runs, [this](RowValues *values, const RunRows *run) {
             *values << run->beginMs << m_connection.idValue(run->id);
         })) {
         return false;
@@ -265,10 +265,10 @@ bool Store::insertBesides(const QVector<const RunRows *> &runs, bool queue)
             findings.append({run, &row});
         }
     }
-    static const QString finding = QStringLiteral(
-        "INSERT INTO finding (item, begin_ms, run, place, verdict, message, measurement, value, limits)");
+    static const QString finding =
+        QStringLiteral("finding (item, begin_ms, run, place, verdict, message, measurement, value, limits)");
     constexpr int findingColumns = 9;
-    return m_connection.insertRows(finding, findingColumns, {}, findings, [this](RowValues *values, const Finding &at) {
+    return m_connection.insertNewRows(finding, findingColumns, findings, [this](RowValues *values, const Finding &at) {
         *values << orEmpty(at.row->item) << at.run->beginMs << m_connection.idValue(at.run->id) << at.row->place
                 << at.row->verdict << orEmpty(at.row->message) << orEmpty(at.row->measurement) << orEmpty(at.row->value)
                 << orEmpty(at.row->limits);
@@ -295,10 +295,10 @@ bool Store::insertMeasurements(const QVector<const RunRows *> &runs)
             rows.append({run, &row});
         }
     }
-    static const QString seriesHead = QStringLiteral("INSERT INTO series (id, item, name, unit)");
+    static const QString seriesInto = QStringLiteral("series (id, item, name, unit)");
     constexpr int seriesColumns = 4;
     if (!m_connection.insertRows(
-            seriesHead, seriesColumns, onConflictNothing, series, [](RowValues *values, const SeriesRow *row) {
+            seriesInto, seriesColumns, onConflictNothing, series, [](RowValues *values, const SeriesRow *row) {
                 *values << row->id << orEmpty(row->item) << orEmpty(row->name) << orEmpty(row->unit);
             })) {
         return false;
@@ -307,10 +307,9 @@ bool Store::insertMeasurements(const QVector<const RunRows *> &runs)
     std::sort(rows.begin(), rows.end(), [](const Measured &left, const Measured &right) {
         return std::tie(left.row->series, left.run->beginMs) < std::tie(right.row->series, right.run->beginMs);
     });
-    static const QString head =
-        QStringLiteral("INSERT INTO measurement (series, begin_ms, run, place, number, text, least, most)");
+    static const QString into = QStringLiteral("measurement (series, begin_ms, run, place, number, text, least, most)");
     constexpr int columns = 8;
-    return m_connection.insertRows(head, columns, {}, rows, [this](RowValues *values, const Measured &at) {
+    return m_connection.insertNewRows(into, columns, rows, [this](RowValues *values, const Measured &at) {
         *values << at.row->series << at.run->beginMs << m_connection.idValue(at.run->id) << at.row->place
                 << orNull(at.row->number) << orEmpty(at.row->text) << orNull(at.row->least) << orNull(at.row->most);
     });
@@ -345,7 +344,7 @@ bool Store::readCameras(const QStringList &macs, Purpose purpose, QHash<QString,
     }
     // A row that is not there yet cannot be held against another writer.
     const bool hold = purpose == Purpose::Change && m_connection.isServer();
-    if (hold && !m_connection.insertRows(QStringLiteral("INSERT INTO camera (mac, runs)"), 2, onConflictNothing, macs,
+    if (hold && !m_connection.insertRows(QStringLiteral("camera (mac, runs)"), 2, onConflictNothing, macs,
                                          [](RowValues *values, const QString &mac) { *values << mac << 0; })) {
         return false;
     }
@@ -387,8 +386,7 @@ bool Store::readCameras(const QStringList &macs, Purpose purpose, QHash<QString,
 
 bool Store::writeCameras(const QStringList &macs, const QHash<QString, CameraRow> &cameras)
 {
-    static const QString head =
-        QStringLiteral("INSERT INTO camera (mac, %1)").arg(cameraColumns().join(QStringLiteral(", ")));
+    static const QString into = QStringLiteral("camera (mac, %1)").arg(cameraColumns().join(QStringLiteral(", ")));
     static const QString tail = [] {
         QStringList sets;
         for (const QString &column : cameraColumns()) {
@@ -397,7 +395,7 @@ bool Store::writeCameras(const QStringList &macs, const QHash<QString, CameraRow
         return QStringLiteral(" ON CONFLICT (mac) DO UPDATE SET ") + sets.join(QStringLiteral(", "));
     }();
     return m_connection.insertRows(
-        head, 1 + static_cast<int>(cameraColumns().size()), tail, macs,
+        into, 1 + static_cast<int>(cameraColumns().size()), tail, macs,
         [this, &cameras](RowValues *values, const QString &mac) {
             const CameraRow row = cameras.value(mac);
             *values << mac << row.runs << row.lastBeginMs << m_connection.idValue(row.lastRun) << row.lastOutcome
@@ -415,12 +413,12 @@ bool Store::writeTallies(const Tallies &tallies)
         QStringLiteral("runs"),    QStringLiteral("passed"),       QStringLiteral("failed"),
         QStringLiteral("stopped"), QStringLiteral("error"),        QStringLiteral("duration_ms"),
         QStringLiteral("cameras"), QStringLiteral("first_passed"), QStringLiteral("final_passed")};
-    static const QString head =
-        QStringLiteral("INSERT INTO tally (day, station, batch, firmware, %1)").arg(sums.join(QStringLiteral(", ")));
+    static const QString into =
+        QStringLiteral("tally (day, station, batch, firmware, %1)").arg(sums.join(QStringLiteral(", ")));
     static const QString tail = QStringLiteral(" ON CONFLICT (day, station, batch, firmware) DO UPDATE SET ") +
                                 sumsOf(QStringLiteral("tally"), sums);
     constexpr int keyColumns = 4;
-    if (!m_connection.insertRows(head, keyColumns + static_cast<int>(sums.size()), tail, tallies.sums(),
+    if (!m_connection.insertRows(into, keyColumns + static_cast<int>(sums.size()), tail, tallies.sums(),
                                  [](RowValues *values, const std::pair<const TallyKey, TallySums> &row) {
                                      addKey(values, row.first);
                                      for (const qint64 sum :
@@ -433,8 +431,8 @@ bool Store::writeTallies(const Tallies &tallies)
         return false;
     }
     static const QStringList itemSums = {QStringLiteral("ran"), QStringLiteral("failed"), QStringLiteral("warned")};
-    static const QString itemHead = QStringLiteral("INSERT INTO item_tally (day, station, batch, firmware, item, %1)")
-                                        .arg(itemSums.join(QStringLiteral(", ")));
+    static const QString itemInto =
+        QStringLiteral("item_tally (day, station, batch, firmware, item, %1)").arg(itemSums.join(QStringLiteral(", ")));
     static const QString itemTail =
         QStringLiteral(" ON CONFLICT (day, station, batch, firmware, item) DO UPDATE SET ") +
         sumsOf(QStringLiteral("item_tally"), itemSums);
@@ -450,7 +448,7 @@ bool Store::writeTallies(const Tallies &tallies)
             rows.append({&key, &item, &sumsOfItem});
         }
     }
-    return m_connection.insertRows(itemHead, keyColumns + 1 + static_cast<int>(itemSums.size()), itemTail, rows,
+    return m_connection.insertRows(itemInto, keyColumns + 1 + static_cast<int>(itemSums.size()), itemTail, rows,
                                    [](RowValues *values, const ItemRow &row) {
                                        addKey(values, *row.key);
                                        *values << orEmpty(*row.item) << row.sums->ran << row.sums->failed
