@@ -109,7 +109,7 @@ double failuresOf(const Statistics &statistics)
     return static_cast<double>(failures);
 }
 
-/// All items of the parts, what failed most often first.
+/// All items of the parts, what failed most often first; how often they ran is not summed up.
 QList<ItemGroup> allItems(const QList<StatisticsPart> &parts)
 {
     QList<ItemGroup> all;
@@ -121,7 +121,6 @@ QList<ItemGroup> allItems(const QList<StatisticsPart> &parts)
                 all.append(group);
                 continue;
             }
-            found->sums.ran += group.sums.ran;
             found->sums.failed += group.sums.failed;
             found->sums.warned += group.sums.warned;
         }

@@ -130,6 +130,7 @@ private:
     static constexpr double room = 1.05;      ///< above the highest
     static constexpr double roomBehind = 2.5; ///< so that they do not hide the lines
     static constexpr int labels = 7;
+    static constexpr double labelWidth = 70;
 
     void addBars(bool isBehind)
     {
@@ -211,8 +212,14 @@ private:
         places.erase(std::unique(places.begin(), places.end()), places.end());
         const int last = static_cast<int>(places.size()) - 1;
         const int count = std::min(last + 1, labels);
+        double free = m_across.begin - labelWidth; // from here on there is room
         for (int i = 0; i < count; ++i) {
             const qint64 place = places.at(count == 1 ? 0 : i * last / (count - 1));
+            const double at = m_across.at(static_cast<double>(place));
+            if (at < free) {
+                continue;
+            }
+            free = at + labelWidth;
             label(static_cast<double>(place),
                   m_content.scale == PlotContent::Scale::Days
                       ? QDate::fromJulianDay(place).toString(Qt::ISODate)

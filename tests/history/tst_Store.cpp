@@ -36,6 +36,7 @@ private slots:
     void keepsARunOnce();
     void keepsAllOfATransactionOrNothing_data() { addEngines(); }
     void keepsAllOfATransactionOrNothing();
+    void cutsLongTextsInColumnsAlone();
     void goesOnAfterRowsThatWereRefused_data();
     void goesOnAfterRowsThatWereRefused();
     void tellsOfAServerThatHasGone();
@@ -194,6 +195,17 @@ void tst_Store::keepsAllOfATransactionOrNothing()
     QVERIFY(
         store->connection().execute(inWordsOf(store->connection().address().engine, "ALTER TABLE tally RENAME TO t")));
     QVERIFY(!store->insert({run}));
+}
+
+void tst_Store::cutsLongTextsInColumnsAlone()
+{
+    const std::unique_ptr<Store> store = open(QStringLiteral("sqlite"));
+    QVERIFY2(store, qUtf8Printable(m_error.text));
+    RunRecord run = exampleRecord();
+    run.serial = QString(200, QLatin1Char('x')) + QLatin1Char('y');
+    QVERIFY(store->insert({runRows(run)}));
+    QCOMPARE(values(store.get(), "SELECT serial FROM run"), QString(200, QLatin1Char('x')));
+    QCOMPARE(store->read(run.id), std::optional<RunRecord>(run));
 }
 
 void tst_Store::goesOnAfterRowsThatWereRefused_data()

@@ -229,6 +229,8 @@ void tst_HistoryWindow::unitShowsWhatChanged()
     QCOMPARE(find<QLabel>(opened.window, "lbUnit")->text(), QStringLiteral("60:60:1F:00:00:00: 5 runs"));
     QCOMPARE(cell(table, 0, 1), QStringLiteral("Failed"));
     QCOMPARE(cell(table, 1, 1), QStringLiteral("Passed"));
+    QCOMPARE(table->item(0, 1)->foreground().color(), QColor(0xC0, 0x39, 0x2B));
+    QCOMPARE(table->item(1, 1)->foreground().color(), QColor(0x2E, 0x7D, 0x32));
     QCOMPARE(find<QLabel>(opened.window, "lbTurn")->text(),
              QStringLiteral("What changed from its last pass (2026-11-02 08:03:00) to its first failure after it "
                             "(2026-11-02 08:04:00):"));
@@ -465,6 +467,10 @@ void tst_HistoryWindow::missingStoreIsTold()
     QTRY_VERIFY(banner->isVisible());
     const QString text = find<QLabel>(window, "lbTrouble")->text();
     QVERIFY2(text.contains(path), qUtf8Printable(text));
+    // Dark red on pale red, which nothing else in the window is.
+    const QImage picture = banner->grab().toImage();
+    QCOMPARE(picture.pixelColor(4, 4), QColor(0xFD, 0xEC, 0xEA));
+    QCOMPARE(find<QLabel>(window, "lbTrouble")->palette().color(QPalette::WindowText), QColor(0x7A, 0x1C, 0x12));
     QCOMPARE(storeLine(path, 0, 7), QString());
     QTest::mouseClick(find<QPushButton>(window, "btRetry"), Qt::LeftButton);
     QTRY_COMPARE(rows(window), 7);

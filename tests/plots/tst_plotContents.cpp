@@ -1,3 +1,4 @@
+#include "exampleStatistics.h"
 #include "plots/plotContents.h"
 
 #include <QTest>
@@ -15,6 +16,7 @@ private slots:
     void dayWithoutJudgedCameras();
     void failures();
     void failuresOfParts();
+    void warningsOfPartsDecideBetweenEqualFailures();
     void duration();
     void distributionOfAll();
     void distributionOfParts();
@@ -25,40 +27,6 @@ private slots:
 
 namespace {
 using Rows = QList<QStringList>;
-
-TallySums sums(qint64 runs, qint64 cameras, qint64 first, qint64 last, qint64 durationMs = 0)
-{
-    TallySums all;
-    all.runs = runs;
-    all.passed = last;
-    all.failed = runs - last;
-    all.cameras = cameras;
-    all.firstPassed = first;
-    all.finalPassed = last;
-    all.durationMs = durationMs;
-    return all;
-}
-
-Statistics twoDays()
-{
-    Statistics statistics;
-    statistics.byDay = {{QStringLiteral("2026-11-20"), sums(10, 8, 6, 7, 25000)},
-                        {QStringLiteral("2026-11-21"), sums(5, 4, 2, 4, 5000)}};
-    statistics.items = {{QStringLiteral("battery.info"), {15, 4, 1}}, {QStringLiteral("lens.link"), {12, 2, 0}}};
-    return statistics;
-}
-
-Distribution voltages()
-{
-    Distribution distribution;
-    distribution.item = QStringLiteral("battery.info");
-    distribution.name = QStringLiteral("battery.voltage");
-    distribution.unit = QStringLiteral("V");
-    distribution.limit = {3.6, 4.35, {}};
-    distribution.outside = 1;
-    describe({3.8, 3.8, 4.0, 4.4}, &distribution);
-    return distribution;
-}
 
 constexpr double julian20 = 2461365; // 2026-11-20
 } // namespace
@@ -157,6 +125,17 @@ void tst_plotContents::failuresOfParts()
     QVERIFY(plot.bars[0].colour != plot.bars[1].colour);
     QCOMPARE(plot.table.rows[1], (QStringList{"B", "lens.link", "20", "3", "0", "15.0 %"}));
     QCOMPARE(plot.table.rows[3], (QStringList{"B", "battery.info", "0", "0", "0", "-"}));
+}
+
+void tst_plotContents::warningsOfPartsDecideBetweenEqualFailures()
+{
+    Statistics left;
+    left.items = {{QStringLiteral("a"), {9, 1, 2}}, {QStringLiteral("b"), {9, 1, 1}}};
+    Statistics right;
+    right.items = {{QStringLiteral("a"), {9, 1, 0}}, {QStringLiteral("b"), {9, 1, 2}}};
+    const PlotContent plot =
+        failuresPlot({{QStringLiteral("A"), left}, {QStringLiteral("B"), right}}, QStringLiteral("Batch"));
+    QCOMPARE(plot.names, (QStringList{"b", "a"})); // two failures each, and 3 and 2 warnings
 }
 
 void tst_plotContents::duration()

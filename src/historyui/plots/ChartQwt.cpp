@@ -157,6 +157,7 @@ Chart::Chart(QWidget *parent) : QWidget(parent), m_drawing(std::make_unique<Draw
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&plot);
+    setRange(m_whole.first, m_whole.second);
 }
 
 Chart::~Chart()

@@ -70,10 +70,8 @@ void EventLog::markRow(int row, int verdict)
     if (verdict != verdict::failed && verdict != verdict::warning) {
         return;
     }
-    int &first = verdict == verdict::failed ? m_firstFailed : m_firstWarning;
-    if (first < 0) {
-        first = row;
-    }
+    std::optional<int> &first = verdict == verdict::failed ? m_firstFailed : m_firstWarning;
+    first = first.value_or(row);
     const VerdictLook &look = lookOf(verdict);
     auto *header = new QTableWidgetItem(QIcon(QLatin1String(look.picture)), QString::number(row + 1));
     header->setToolTip(verdictState(look));
@@ -85,14 +83,13 @@ void EventLog::clear()
 {
     m_table->setRowCount(0);
     m_followedTo = 0;
-    m_firstFailed = -1;
-    m_firstWarning = -1;
+    m_firstFailed.reset();
+    m_firstWarning.reset();
 }
 
 void EventLog::showFirstFailure()
 {
-    const int row = m_firstFailed >= 0 ? m_firstFailed : m_firstWarning;
-    if (row >= 0) {
-        m_table->scrollToItem(m_table->item(row, 1), QAbstractItemView::PositionAtCenter);
+    if (const std::optional<int> row = m_firstFailed ? m_firstFailed : m_firstWarning) {
+        m_table->scrollToItem(m_table->item(*row, 1), QAbstractItemView::PositionAtCenter);
     }
 }

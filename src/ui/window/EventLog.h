@@ -2,6 +2,7 @@
 
 #include "detector/store/checkLog.h"
 
+#include <optional>
 #include <QObject>
 
 class QTableWidget;
@@ -29,7 +30,7 @@ private:
 
     QTableWidget *const m_table;
     bool m_readOnly = false;
-    int m_followedTo = 0; ///< the scroll position after the view last followed the newest row
-    int m_firstFailed = -1;
-    int m_firstWarning = -1;
+    int m_followedTo = 0;             ///< the scroll position after the view last followed the newest row
+    std::optional<int> m_firstFailed; ///< row
+    std::optional<int> m_firstWarning;
 };

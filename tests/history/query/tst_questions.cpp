@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+Q_DECLARE_METATYPE(Limit)
 Q_DECLARE_METATYPE(RunFilter)
 Q_DECLARE_METATYPE(StatisticsFilter)
 
@@ -38,6 +39,8 @@ private slots:
     void countsWithinBounds();
     void describesMeasurements_data() { addEngines(); }
     void describesMeasurements();
+    void countsWhatIsOutsideItsLimits_data();
+    void countsWhatIsOutsideItsLimits();
     void namesFailedCameras_data() { addEngines(); }
     void namesFailedCameras();
     void prunesAsIfTheyHadNeverBeen_data();
@@ -507,6 +510,44 @@ void tst_questions::describesMeasurements()
                           QStringLiteral("battery.info battery.voltage V n=2 out=0 3.8..3.9 mean=3.8500")}));
     const QList<Distribution> all = readDistributions(*store, {}).value_or(QList<Distribution>());
     QVERIFY(all.value(1).limit == Limit({3.6, 4.35, {}}));
+}
+
+void tst_questions::countsWhatIsOutsideItsLimits_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<Limit>("limit");
+    QTest::addColumn<int>("outside");
+    const Limit both{3.6, 4.35, {}};
+    QTest::newRow("below") << 3.5 << both << 1;
+    QTest::newRow("at the least") << 3.6 << both << 0;
+    QTest::newRow("within") << 4.0 << both << 0;
+    QTest::newRow("at the most") << 4.35 << both << 0;
+    QTest::newRow("above") << 4.4 << both << 1;
+    QTest::newRow("below the only bound") << 3.5 << Limit{3.6, {}, {}} << 1;
+    QTest::newRow("above the only bound") << 4.4 << Limit{{}, 4.35, {}} << 1;
+    QTest::newRow("above a least") << 9.0 << Limit{3.6, {}, {}} << 0;
+    QTest::newRow("below a most") << -9.0 << Limit{{}, 4.35, {}} << 0;
+}
+
+void tst_questions::countsWhatIsOutsideItsLimits()
+{
+    QFETCH(const double, value);
+    QFETCH(const Limit, limit);
+    RunRecord run = madeRun(0);
+    Measurement &voltage = run.components[1].items[1].measurements[0];
+    voltage.value = value;
+    voltage.limit = limit;
+    const QTemporaryDir folder;
+    StoreError error;
+    const std::unique_ptr<Store> store =
+        Store::open(StoreAddress::file(folder.filePath(QStringLiteral("one.sqlite"))), {}, &error);
+    QVERIFY2(store && store->insert({runRows(run)}), qPrintable(error.text));
+    const QList<Distribution> all = readDistributions(*store, {}).value_or(QList<Distribution>());
+    const auto found = std::find_if(all.begin(), all.end(), [&voltage](const Distribution &distribution) {
+        return distribution.name == voltage.name;
+    });
+    QVERIFY(found != all.end());
+    QTEST(static_cast<int>(found->outside), "outside");
 }
 
 void tst_questions::namesFailedCameras()
