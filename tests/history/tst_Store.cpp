@@ -249,6 +249,9 @@ void tst_Store::goesOnAfterRowsThatWereRefused()
              QStringLiteral("0|0|0|0"));
     QCOMPARE(store->insert({run}), std::optional<int>(1));
     QCOMPARE(store->read(run.id), std::optional<RunRecord>(exampleRecord()));
+    // Also what had been put in before the refusal, and was taken back with everything else.
+    QCOMPARE(values(store.get(), "SELECT count(*) FROM measurement JOIN series ON series.id = measurement.series"),
+             QStringLiteral("6"));
 }
 
 void tst_Store::tellsOfAServerThatHasGone()

@@ -119,8 +119,9 @@ void tst_runTexts::showsStatistics()
     statistics.last = QDate(2026, 11, 21);
     statistics.total.runs = 10;
     statistics.total.passed = 6;
-    statistics.total.failed = 3;
+    statistics.total.failed = 2;
     statistics.total.stopped = 1;
+    statistics.total.error = 1;
     statistics.total.cameras = 8;
     statistics.total.firstPassed = 6;
     statistics.total.finalPassed = 7;
@@ -128,7 +129,7 @@ void tst_runTexts::showsStatistics()
     statistics.items = {{QStringLiteral("battery.info"), {10, 3, 0}}, {QStringLiteral("pcba.sensor"), {9, 1, 2}}};
     const QString text = statisticsText(statistics);
     QVERIFY2(text.startsWith(QStringLiteral("Period      2026-11-20 to 2026-11-21\n"
-                                            "Runs        10: 6 passed, 3 failed, 1 stopped, 0 without answer\n"
+                                            "Runs        10: 6 passed, 2 failed, 1 stopped, 1 without answer\n"
                                             "Cameras     8\n"
                                             "First-pass  75.0 %\n"
                                             "Final       87.5 %\n"
@@ -138,7 +139,7 @@ void tst_runTexts::showsStatistics()
                                             "pcba.sensor        1  100.0 %       2       9\n"
                                             "\n"
                                             "STATION  RUNS  PASSED  FAILED  OTHER  CAMERAS  FIRST-PASS   FINAL\n"
-                                            "(none)     10       6       3      1        8      75.0 %  87.5 %\n")),
+                                            "(none)     10       6       2      2        8      75.0 %  87.5 %\n")),
              qPrintable(text));
     const QJsonObject json = QJsonDocument::fromJson(statisticsJson(statistics)).object();
     QCOMPARE(json.value(QStringLiteral("firstPassYield")).toDouble(), 0.75);

@@ -557,6 +557,9 @@ void tst_WindowLayout::shrinksBackFromFullHd()
     const auto *icon = m_window->findChild<QLabel *>(QStringLiteral("lbCamera"));
     m_window->resize(1920, 1080);
     QTRY_COMPARE(icon->size(), QSize(72, 72));
+    m_window->resize(2560, 1440);
+    QTRY_COMPARE(m_window->height(), 1440);
+    QCOMPARE(icon->size(), QSize(72, 72));
     m_window->resize(800, 600);
     QTRY_COMPARE(icon->size(), QSize(40, 40));
     QCOMPARE(m_window->size(), QSize(800, 600));
