@@ -106,8 +106,11 @@ struct ServerCopy::Library
 ServerCopy::ServerCopy(const QSqlDatabase &database, const QString &into) : m_library(Library::loaded())
 {
     const QVariant handle = database.driver()->handle();
-    if (qstrcmp(handle.typeName(), "PGconn*") != 0 || !m_library.isComplete) {
-        m_error = QSqlError(m_library.library.errorString(), QString(), QSqlError::ConnectionError);
+    const auto isType = [&handle](const char *name) { return qstrcmp(handle.typeName(), name) == 0; };
+    if (!m_library.isComplete || !(isType("PGconn*") || isType("pg_conn*"))) { // as Qt 5 and as Qt 6 name it
+        const QString reason =
+            m_library.isComplete ? QString::fromLatin1(handle.typeName()) : m_library.library.errorString();
+        m_error = QSqlError(reason, QString(), QSqlError::UnknownError);
         return;
     }
     m_connection = *static_cast<PGconn *const *>(handle.constData());
@@ -159,7 +162,7 @@ bool ServerCopy::end()
 
 bool ServerCopy::send()
 {
-    if (m_isOpen && m_library.putCopyData(m_connection, m_text.constData(), m_text.size()) != 1) {
+    if (m_isOpen && m_library.putCopyData(m_connection, m_text.constData(), static_cast<int>(m_text.size())) != 1) {
         fail(nullptr);
     }
     m_text.resize(0); // keeps its room
