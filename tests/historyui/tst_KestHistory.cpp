@@ -32,6 +32,7 @@ private slots:
     void tellsProgramsTheSameInEveryLanguage();
     void takesInWhatItGaveOut();
     void keepsALineAsItCame();
+    void takesChineseNamesInThePlainLocale();
     void takesInFolders();
     void takesInTheRestOfAStream();
     void writesTables();
@@ -375,6 +376,18 @@ void tst_KestHistory::keepsALineAsItCame()
     QCOMPARE(afterImport("later.sqlite", "  " + later.trimmed() + " \r\n"), QString::fromUtf8(later));
     QCOMPARE(afterImport("unended.sqlite", line.trimmed()), QString::fromUtf8(line));
     QCOMPARE(afterImport("lines.sqlite", toJson(record)), QString::fromUtf8(line));
+}
+
+void tst_KestHistory::takesChineseNamesInThePlainLocale()
+{
+    QVERIFY(write(QStringLiteral("三.jsonl"), linesOf(threeRuns())));
+    const QByteArray before = qgetenv("LC_ALL");
+    qputenv("LC_ALL", "C");
+    const End end = runOn(QStringLiteral("记录.sqlite"), {QStringLiteral("import"), QStringLiteral("三.jsonl")});
+    qputenv("LC_ALL", before);
+    QCOMPARE(end.errors, QString());
+    QCOMPARE(end.code, 0);
+    QVERIFY(QFile::exists(m_folder.filePath(QStringLiteral("记录.sqlite"))));
 }
 
 void tst_KestHistory::takesInFolders()

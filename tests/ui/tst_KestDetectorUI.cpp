@@ -1313,8 +1313,14 @@ void tst_KestDetectorUI::passphraseIsShownOnAClick()
     QTest::mouseClick(label, Qt::LeftButton);
     QCOMPARE(label->text(), dots);
     label->setFocus();
-    QTest::keyClick(label, Qt::Key_Space);
-    QCOMPARE(label->text(), QStringLiteral("Password: s%1cret "));
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        QTest::keyClick(label, key);
+        QCOMPARE(label->text(), QStringLiteral("Password: s%1cret "));
+        QTest::keyClick(label, Qt::Key_A);
+        QCOMPARE(label->text(), QStringLiteral("Password: s%1cret "));
+        QTest::keyClick(label, key);
+        QCOMPARE(label->text(), dots);
+    }
     emit Face::Get()->signal_setWifiPassWord(QStringLiteral("another one"));
     QCOMPARE(label->text(), dots);
     emit Face::Get()->signal_setWifiPassWord(QString());
