@@ -163,10 +163,11 @@ private:
     template <class Found, class Value>
     static bool assign(std::optional<Found> &&found, Value *value)
     {
-        if (found) {
-            *value = *std::move(found);
+        if (!found) {
+            return false;
         }
-        return found.has_value();
+        *value = *std::move(found);
+        return true;
     }
 
     template <class Value>
