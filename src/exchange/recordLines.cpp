@@ -1,6 +1,6 @@
 #include "exchange/recordLines.h"
 
-#include "record/recordJson.h"
+#include "exchange/quickRecord.h"
 
 #include <algorithm>
 #include <optional>
@@ -103,7 +103,7 @@ void readRecordLines(QIODevice &device, const RecordSink &sink, qint64 longest)
         device,
         [&](const RecordLine &line, qint64 bytes) {
             QString error = line.error;
-            const std::optional<RunRecord> run = error.isEmpty() ? fromJson(line.json, &error) : std::nullopt;
+            const std::optional<RunRecord> run = error.isEmpty() ? quickRecord(line.json, &error) : std::nullopt;
             if (!run) {
                 sink.refuse(line.number, error);
             }

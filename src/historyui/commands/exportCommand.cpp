@@ -1,10 +1,10 @@
 #include "exchange/csv.h"
+#include "exchange/quickRecord.h"
 #include "history/query/questions.h"
 #include "historyui/commands/CommandContext.h"
 #include "historyui/commands/HistoryTexts.h"
 #include "historyui/commands/Progress.h"
 #include "platform/Interruption.h"
-#include "record/recordJson.h"
 #include "record/recordJunit.h"
 #include "record/wholeFile.h"
 
@@ -67,7 +67,7 @@ public:
             return m_output.error();
         }
         QString error;
-        const std::optional<RunRecord> run = fromJson(json, &error);
+        const std::optional<RunRecord> run = quickRecord(json, &error);
         if (!run) {
             return HistoryTexts::tr("run %1: %2").arg(id.toString(QUuid::WithoutBraces), error);
         }

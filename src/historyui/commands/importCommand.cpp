@@ -1,9 +1,9 @@
+#include "exchange/quickRecord.h"
 #include "exchange/recordLines.h"
 #include "exchange/runFolders.h"
 #include "historyui/commands/CommandContext.h"
 #include "historyui/commands/Progress.h"
 #include "platform/Interruption.h"
-#include "record/recordJson.h"
 
 #include <cstdio>
 #include <deque>
@@ -39,7 +39,7 @@ ReadPiece readPiece(const Piece &piece)
     ReadPiece read;
     for (const RecordLine &line : piece.lines) {
         QString error = line.error;
-        const std::optional<RunRecord> run = error.isEmpty() ? fromJson(line.json, &error) : std::nullopt;
+        const std::optional<RunRecord> run = error.isEmpty() ? quickRecord(line.json, &error) : std::nullopt;
         if (run) {
             read.rows.append(runRows(*run, lineToKeep(line.json)));
         } else {
