@@ -384,10 +384,12 @@ void tst_KestHistory::takesChineseNamesInThePlainLocale()
     const QByteArray before = qgetenv("LC_ALL");
     qputenv("LC_ALL", "C");
     const End end = runOn(QStringLiteral("记录.sqlite"), {QStringLiteral("import"), QStringLiteral("三.jsonl")});
+    const End missing = runOn(QStringLiteral("记录.sqlite"), {QStringLiteral("import"), QStringLiteral("没有.jsonl")});
     qputenv("LC_ALL", before);
     QCOMPARE(end.errors, QString());
     QCOMPARE(end.code, 0);
     QVERIFY(QFile::exists(m_folder.filePath(QStringLiteral("记录.sqlite"))));
+    QVERIFY2(missing.errors.contains(QStringLiteral("没有.jsonl")), qUtf8Printable(missing.errors));
 }
 
 void tst_KestHistory::takesInFolders()
