@@ -1,7 +1,9 @@
 #include "historyui/plots/Chart.h"
 
 #include <algorithm>
+#include <QMouseEvent>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 constexpr QSize size(600, 400);
@@ -93,6 +95,7 @@ private slots:
     void limitsAreDashedAndOtherMarksAreNot();
     void oneThingAloneHasNoKey();
     void beginsWithTheWhole();
+    void pointerTellsWhatItStandsOn();
 };
 
 void tst_Chart::initTestCase()
@@ -215,6 +218,24 @@ void tst_Chart::beginsWithTheWhole()
     chart.show(content);
     QCOMPARE(chart.range().first, 2.35);
     QCOMPARE(chart.range().second, 7.65);
+}
+
+void tst_Chart::pointerTellsWhatItStandsOn()
+{
+    Chart chart;
+    chart.resize(size);
+    PlotContent content = contentOf({}, {barTo(1, 0)});
+    content.bars[0].bars = {{0, 10, 1, QStringLiteral("1 < 2"), {}}};
+    chart.show(content);
+    chart.setVisible(true);
+    QVERIFY(QTest::qWaitForWindowExposed(&chart));
+    const QPoint middle(size.width() / 2, size.height() / 2);
+    QWidget *canvas = chart.childAt(middle);
+    QVERIFY(canvas);
+    QMouseEvent move(QEvent::MouseMove, canvas->mapFrom(&chart, middle), chart.mapToGlobal(middle), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(canvas, &move);
+    QCOMPARE(QToolTip::text(), QStringLiteral("<p style='white-space:pre-wrap'>1 &lt; 2</p>"));
 }
 
 QTEST_MAIN(tst_Chart)
