@@ -94,6 +94,7 @@ private slots:
     void whatIsBehindIsPaleAndBelowLines();
     void limitsAreDashedAndOtherMarksAreNot();
     void oneThingAloneHasNoKey();
+    void everyDayHasALabel();
     void beginsWithTheWhole();
     void pointerTellsWhatItStandsOn();
 };
@@ -204,6 +205,29 @@ void tst_Chart::oneThingAloneHasNoKey()
     QVERIFY(top(content) > size.height() / 3); // in the middle
     content.lines.append(lineAt(0.25, 1));
     QVERIFY(top(content) < 40); // in the key above
+}
+
+void tst_Chart::everyDayHasALabel()
+{
+    PlotContent content = contentOf({lineAt(1, 0)});
+    content.scale = PlotContent::Scale::Days;
+    constexpr double first = 2461365; // 2026-11-20
+    content.lines[0].points = {{first, 1, {}}, {first + 1, 1, {}}, {first + 2, 1, {}}};
+    Chart chart;
+    chart.resize(size);
+    chart.setVisible(true);
+    QVERIFY(QTest::qWaitForWindowExposed(&chart));
+    chart.show(content);
+    const QImage image = chart.picture(size);
+    const QRect line = around(image, colourOfPlot(0));
+    for (const int at : {line.left(), line.center().x(), line.right()}) {
+        constexpr QSize label(60, 30);
+        const QImage below =
+            image.copy(at - label.width() / 2, size.height() - label.height(), label.width(), label.height());
+        const QRect letters = around(below, Qt::black);
+        QVERIFY2(letters.width() > 30, qPrintable(QString::number(at)));
+        QVERIFY2(qAbs(letters.center().x() - label.width() / 2) < 6, qPrintable(QString::number(at)));
+    }
 }
 
 void tst_Chart::beginsWithTheWhole()

@@ -11,6 +11,7 @@ class tst_plotContents : public QObject
 
 private slots:
     void yieldOfAll();
+    void weeksAreAsWideAsTheirSpace_data();
     void weeksAreAsWideAsTheirSpace();
     void yieldOfParts();
     void dayWithoutJudgedCameras();
@@ -55,11 +56,19 @@ void tst_plotContents::yieldOfAll()
                                     {"2026-11-21", "5", "4", "1", "4", "50.0 %", "100.0 %"}}));
 }
 
+void tst_plotContents::weeksAreAsWideAsTheirSpace_data()
+{
+    QTest::addColumn<QString>("second");
+    QTest::newRow("the narrower space is the last one") << "2026-11-16";
+    QTest::newRow("the narrower space is the first one") << "2026-11-09";
+}
+
 void tst_plotContents::weeksAreAsWideAsTheirSpace()
 {
+    QFETCH(const QString, second);
     Statistics statistics;
     statistics.byDay = {{QStringLiteral("2026-11-02"), sums(10, 8, 6, 7)},
-                        {QStringLiteral("2026-11-16"), sums(5, 4, 2, 4)},
+                        {second, sums(5, 4, 2, 4)},
                         {QStringLiteral("2026-11-23"), sums(5, 4, 2, 4)}};
     const PlotContent plot = yieldPlot({{QString(), statistics}}, {});
     const double width = plot.bars[0].bars[0].to - plot.bars[0].bars[0].from;
