@@ -17,6 +17,7 @@ private slots:
     void dialogue();
     void lineBreakInTheLoginIsRefused();
     void abortTellsOnceAndClosesAll();
+    void largeFilesComeInLargerPieces();
     void otherSchemesStayQts();
 
 private:
@@ -35,7 +36,7 @@ const QByteArray content = QByteArray(300000, 'x') + "end";
 class Server : public QTcpServer
 {
 public:
-    explicit Server(Script script) : m_script(std::move(script))
+    explicit Server(Script script, QByteArray file = content) : m_script(std::move(script)), m_file(std::move(file))
     {
         listen(QHostAddress::LocalHost);
         m_dataServer.listen(QHostAddress::LocalHost);
@@ -85,7 +86,7 @@ private:
                 m_dataServer.waitForNewConnection(10000);
             }
             QTcpSocket *data = m_dataServer.nextPendingConnection();
-            data->write(content);
+            data->write(m_file);
             data->disconnectFromHost();
         } else if (part == "CLOSE") {
             m_control->disconnectFromHost();
@@ -95,6 +96,7 @@ private:
     }
 
     Script m_script;
+    QByteArray m_file;
     QTcpServer m_dataServer;
     QTcpSocket *m_control = nullptr;
     QByteArrayList m_commands;
@@ -202,6 +204,29 @@ void tst_FtpReply::abortTellsOnceAndClosesAll()
     QCOMPARE(ends.count(), 1);
     QCOMPARE(reply->error(), QNetworkReply::OperationCanceledError);
     QTRY_VERIFY(server.controlIsClosed());
+}
+
+void tst_FtpReply::largeFilesComeInLargerPieces()
+{
+    constexpr int small = 64 * 1024;
+    constexpr int large = 256 * 1024;
+    const Server server({greeting, user, password, type, passive, retrieve}, QByteArray(8 * 1024 * 1024, 'x'));
+    const auto reply = get(server);
+    // While nobody reads, as much waits as one piece holds.
+    QTRY_COMPARE(reply->bytesAvailable(), qint64{small});
+    qint64 received = 0;
+    const auto reading = connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [&received, &reply] {
+        received += received <= 1024 * 1024 ? reply->readAll().size() : 0;
+    });
+    received += reply->readAll().size();
+    QTRY_COMPARE(reply->bytesAvailable(), qint64{large});
+    disconnect(reading);
+    received += reply->readAll().size();
+    connect(reply.get(), &QNetworkReply::readyRead, reply.get(),
+            [&received, &reply] { received += reply->readAll().size(); });
+    QTRY_VERIFY(reply->isFinished());
+    QCOMPARE(received + reply->readAll().size(), qint64{8 * 1024 * 1024});
+    QCOMPARE(reply->error(), QNetworkReply::NoError);
 }
 
 void tst_FtpReply::otherSchemesStayQts()

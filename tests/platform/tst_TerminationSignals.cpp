@@ -1,9 +1,11 @@
 #include "platform/TerminationSignals.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <memory>
 #include <QSignalSpy>
 #include <QtTest>
+#include <unistd.h>
 
 class tst_TerminationSignals : public QObject
 {
@@ -14,6 +16,7 @@ private slots:
     void received();
     void oneBehindTheOther();
     void systemsOwnAfterwards();
+    void leavesNothingOpen();
 };
 
 void tst_TerminationSignals::received_data()
@@ -58,6 +61,26 @@ void tst_TerminationSignals::systemsOwnAfterwards()
         const auto handler = std::signal(number, SIG_IGN);
         std::signal(number, SIG_DFL);
         QVERIFY(handler == SIG_DFL);
+    }
+}
+
+void tst_TerminationSignals::leavesNothingOpen()
+{
+    // Also where a program was started without standard input, whose number is free then.
+    const int input = dup(STDIN_FILENO);
+    close(STDIN_FILENO);
+    const auto isOpen = [] { return fcntl(STDIN_FILENO, F_GETFD) != -1; };
+    auto termination = std::make_unique<TerminationSignals>();
+    const bool wasOpen = isOpen();
+    termination.reset();
+    const bool staysOpen = isOpen();
+    if (input >= 0) {
+        dup2(input, STDIN_FILENO);
+        close(input);
+    }
+    QVERIFY(!staysOpen);
+    if (!wasOpen) {
+        QSKIP("nothing is opened here");
     }
 }
 

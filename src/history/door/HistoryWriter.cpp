@@ -119,7 +119,7 @@ bool HistoryWriter::insert(const QVector<RunRows> &rows)
     if (!openStore()) {
         return false;
     }
-    if (m_store->insert(rows)) {
+    if (m_store->insert(rows) && m_store->givesBack(rows)) {
         return true;
     }
     m_error = m_store->error();

@@ -475,6 +475,16 @@ QByteArray Store::readJson(const QUuid &run)
     return json;
 }
 
+bool Store::givesBack(const QVector<RunRows> &runs)
+{
+    for (const RunRows &run : runs) {
+        if (readJson(run.id).isEmpty()) {
+            return error().isError() ? false : m_connection.fail(StoreError::Kind::Damaged);
+        }
+    }
+    return true;
+}
+
 std::optional<RunRecord> Store::read(const QUuid &run)
 {
     const QByteArray json = readJson(run);

@@ -59,6 +59,8 @@ public:
     std::optional<RunRecord> read(const QUuid &run);
     /// Likewise, as a line of JSON; empty if there is none.
     QByteArray readJson(const QUuid &run);
+    /// Whether each of them can be read again: a damaged file may take rows to where nobody finds them.
+    bool givesBack(const QVector<RunRows> &runs);
 
     /// The row of a camera; with 0 runs if it was never here. Nothing on an error.
     std::optional<CameraRow> camera(const QString &mac);
