@@ -208,24 +208,25 @@ void tst_FtpReply::abortTellsOnceAndClosesAll()
 
 void tst_FtpReply::largeFilesComeInLargerPieces()
 {
-    constexpr int small = 64 * 1024;
-    constexpr int large = 256 * 1024;
-    const Server server({greeting, user, password, type, passive, retrieve}, QByteArray(8 * 1024 * 1024, 'x'));
+    constexpr qint64 small = 65536;
+    constexpr qint64 large = 262144;
+    constexpr qint64 mebi = 1048576;
+    constexpr int fileSize = 8388608;
+    const Server server({greeting, user, password, type, passive, retrieve}, QByteArray(fileSize, 'x'));
     const auto reply = get(server);
     // While nobody reads, as much waits as one piece holds.
-    QTRY_COMPARE(reply->bytesAvailable(), qint64{small});
+    QTRY_COMPARE(reply->bytesAvailable(), small);
     qint64 received = 0;
-    const auto reading = connect(reply.get(), &QNetworkReply::readyRead, reply.get(), [&received, &reply] {
-        received += received <= 1024 * 1024 ? reply->readAll().size() : 0;
-    });
+    const auto reading = connect(reply.get(), &QNetworkReply::readyRead, reply.get(),
+                                 [&received, &reply] { received += received <= mebi ? reply->readAll().size() : 0; });
     received += reply->readAll().size();
-    QTRY_COMPARE(reply->bytesAvailable(), qint64{large});
+    QTRY_COMPARE(reply->bytesAvailable(), large);
     disconnect(reading);
     received += reply->readAll().size();
     connect(reply.get(), &QNetworkReply::readyRead, reply.get(),
             [&received, &reply] { received += reply->readAll().size(); });
     QTRY_VERIFY(reply->isFinished());
-    QCOMPARE(received + reply->readAll().size(), qint64{8 * 1024 * 1024});
+    QCOMPARE(received + reply->readAll().size(), qint64{fileSize});
     QCOMPARE(reply->error(), QNetworkReply::NoError);
 }
 
