@@ -3,6 +3,8 @@
 #include "record/recordJson.h"
 #include "record/recordReader.h"
 
+#include <algorithm>
+#include <QVarLengthArray>
 #include <simdjson.h>
 #include <string_view>
 
@@ -11,21 +13,34 @@ namespace {
 struct QuickTree
 {
     using Value = simdjson::dom::element;
-    using Object = simdjson::dom::object;
+    struct Field
+    {
+        std::string_view name;
+        Value value;
+    };
+    /// Looked through many times: simdjson itself would go through the document for each name.
+    using Object = QVarLengthArray<Field, 16>;
 
     /// Of equal keys the last one counts, as with Qt.
     static std::optional<Value> find(const Object &object, std::string_view name)
     {
-        std::optional<Value> found;
-        for (auto field = object.begin(); field != object.end(); ++field) {
-            if (field.key_equals(name)) {
-                found = field.value();
-            }
-        }
-        return found;
+        const auto found =
+            std::find_if(object.rbegin(), object.rend(), [name](const Field &field) { return field.name == name; });
+        return found != object.rend() ? std::optional(found->value) : std::nullopt;
     }
 
-    static std::optional<Object> object(const Value &value) { return as<Object>(value); }
+    static std::optional<Object> object(const Value &value)
+    {
+        const std::optional<simdjson::dom::object> fields = as<simdjson::dom::object>(value);
+        if (!fields) {
+            return {};
+        }
+        Object object;
+        for (const auto &[name, entry] : *fields) {
+            object.append({name, entry});
+        }
+        return object;
+    }
     static std::optional<simdjson::dom::array> array(const Value &value) { return as<simdjson::dom::array>(value); }
     static std::optional<double> number(const Value &value) { return as<double>(value); }
     static bool isNull(const Value &value) { return value.is_null(); }
@@ -57,7 +72,7 @@ private:
 std::optional<RunRecord> quickRecord(const QByteArray &json, QString *error)
 {
     error->clear();
-    simdjson::dom::parser parser;
+    thread_local simdjson::dom::parser parser; // keeps its room
     simdjson::dom::element root;
     if (parser.parse(json.constData(), static_cast<std::size_t>(json.size())).get(root) != simdjson::SUCCESS) {
         // Qt says what is wrong and where. It also takes what is not quite JSON, such as half of a surrogate pair.

@@ -3,6 +3,7 @@
 #include "exchange/quickRecord.h"
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 #include <QCoreApplication>
 
@@ -27,13 +28,15 @@ public:
         Line line;
         bool isComplete = false;
         while (!isComplete && (m_at < m_block.size() || readBlock())) {
-            const auto end = m_block.indexOf('\n', m_at);
-            isComplete = end >= 0;
-            const auto size = static_cast<int>(isComplete ? end + 1 : m_block.size()) - m_at;
+            const char *const begin = m_block.constData() + m_at;
+            const int left = static_cast<int>(m_block.size()) - m_at;
+            const auto *const end = static_cast<const char *>(std::memchr(begin, '\n', static_cast<std::size_t>(left)));
+            isComplete = end != nullptr;
+            const int size = isComplete ? static_cast<int>(end + 1 - begin) : left;
             line.bytes += size;
             line.isTooLong = line.bytes > longest;
             if (!line.isTooLong) {
-                line.text.append(m_block.constData() + m_at, size);
+                line.text.append(begin, size);
             }
             m_at += size;
         }
