@@ -154,9 +154,9 @@ QVector<PlainRow> rowsOf(Store &store, const RunRows &run)
             for (int i = 0; i < query.record().count(); ++i) {
                 row.values.append(query.value(i));
             }
+            const QString list = QStringLiteral("?,").repeated(static_cast<int>(row.values.size()));
             row.statement =
-                QStringLiteral("INSERT OR REPLACE INTO %1 VALUES (%2)")
-                    .arg(QLatin1String(table.name), Connection::listOf(static_cast<int>(row.values.size())));
+                QStringLiteral("INSERT OR REPLACE INTO %1 VALUES (%2)").arg(QLatin1String(table.name), list.chopped(1));
             rows.append(row);
         }
     }

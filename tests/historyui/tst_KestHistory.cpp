@@ -40,6 +40,7 @@ private slots:
     void writesReports();
     void prunes();
     void sendsToTheServer();
+    void sendsNothingFromAServer();
     void staysSoundWhenInterrupted();
     void saysWhyItCannot_data();
     void saysWhyItCannot();
@@ -534,6 +535,26 @@ void tst_KestHistory::sendsToTheServer()
              QStringLiteral("Queued      0"));
     QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("history.sqlite"))));
     QCOMPARE(runOn(server.url(), {QStringLiteral("export")}).output, QString::fromUtf8(linesOf(threeRuns())));
+}
+
+void tst_KestHistory::sendsNothingFromAServer()
+{
+    PostgresServer server;
+    const QString reason = server.start();
+    if (!reason.isEmpty()) {
+        QSKIP(qUtf8Printable(reason));
+    }
+    QVERIFY(write(QStringLiteral("three.jsonl"), linesOf(threeRuns())));
+    QCOMPARE(runOn(server.url(), {QStringLiteral("import"), QStringLiteral("three.jsonl")}).output,
+             QStringLiteral("3 added, 0 already there, 0 refused\n"));
+    QCOMPARE(runOn(server.url(), {QStringLiteral("status")}).output.section(QLatin1Char('\n'), 2, 2),
+             QStringLiteral("Queued      0"));
+    // Where the settings name a server, runs that it does not have yet stay.
+    const QByteArray settings = "[History]\nfile=queue.sqlite\nserver=" + server.url().toUtf8() + '\n';
+    const End end = runBesideSettings(settings, {QStringLiteral("--store"), server.url(), QStringLiteral("prune"),
+                                                 QStringLiteral("--before"), QStringLiteral("2099-01-01")});
+    QCOMPARE(end.errors, QString());
+    QCOMPARE(end.output, QStringLiteral("3 removed\n"));
 }
 
 /// Ctrl+C in the middle of an endless import: the program ends by itself, and what it has counted is what is there.

@@ -83,6 +83,7 @@ std::optional<QList<QUuid>> Forwarder::next()
 bool Forwarder::send(const QList<QUuid> &runs)
 {
     QVector<RunRows> rows;
+    RecordPacker packer;
     for (const QUuid &id : runs) {
         const QByteArray json = m_local->readJson(id);
         if (json.isEmpty()) {
@@ -93,7 +94,7 @@ bool Forwarder::send(const QList<QUuid> &runs)
         if (!run) {
             return fail(reason, reason);
         }
-        rows.append(runRows(*run, json));
+        rows.append(runRows(*run, json, &packer));
     }
     // Two stations that write about the same cameras may get in each other's way.
     constexpr int mostAttempts = 5;

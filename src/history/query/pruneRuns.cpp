@@ -337,6 +337,9 @@ std::optional<qint64> pruneRuns(Store &store, const QDate &day, const PruneWatch
 
 std::optional<qint64> countUnsentBefore(Store &store, const QDate &day)
 {
+    if (store.connection().isServer()) {
+        return 0;
+    }
     Conditions conditions;
     conditions.add(QStringLiteral("run.day < ?"), {day.toString(Qt::ISODate)});
     QSqlQuery *query =

@@ -44,19 +44,18 @@ QString serverType(const QVariant &value)
     }
 }
 
-/// A value as an entry of an array in PostgreSQL's notation (its manual, 8.15.6).
-QByteArray serverEntry(const QVariant &value)
+/// A value as the next entry of an array in PostgreSQL's notation (its manual, 8.15.6).
+void addEntry(const QVariant &value, QByteArray *array)
 {
     if (value.isNull()) {
-        return "NULL";
+        array->append("NULL");
+        return;
     }
-    QByteArray text = serverText(value);
-    const auto type = value.userType();
-    if (type != QMetaType::QByteArray && type != QMetaType::QString) {
-        return text;
-    }
-    text.replace('\\', "\\\\").replace('"', "\\\"");
-    return '"' + text + '"';
+    addServerText(value, array, [](const QByteArray &text, QByteArray *to) {
+        QByteArray escaped = text;
+        escaped.replace('\\', "\\\\").replace('"', "\\\"");
+        to->append('"').append(escaped).append('"');
+    });
 }
 
 /// The values of a column, `first` of each row, as an array.
@@ -67,9 +66,19 @@ QString serverArray(const RowValues &values, int first, int columns)
         if (i > first) {
             array += ',';
         }
-        array += serverEntry(values.at(i));
+        addEntry(values.at(i), &array);
     }
     return QString::fromUtf8(array + '}');
+}
+
+/// What makes rows out of an array for each column; of what types, the first row tells.
+QString unnested(const RowValues &values, int columns)
+{
+    QStringList arrays;
+    for (int column = 0; column < columns; ++column) {
+        arrays.append(QStringLiteral("CAST(? AS %1[])").arg(serverType(values.at(column))));
+    }
+    return QStringLiteral("SELECT * FROM unnest(%1)").arg(arrays.join(QStringLiteral(", ")));
 }
 } // namespace
 
@@ -141,17 +150,22 @@ bool Connection::execute(const QString &statement)
 
 QSqlQuery *Connection::prepared(const QString &statement)
 {
-    const auto known = m_prepared.find(statement);
+    return prepared(statement, [&statement] { return statement; });
+}
+
+QSqlQuery *Connection::prepared(const QString &key, const Statement &statement)
+{
+    const auto known = m_prepared.find(key);
     if (known != m_prepared.end()) {
         return &known->second;
     }
     QSqlQuery query(database());
     query.setForwardOnly(true);
-    if (!query.prepare(statement)) {
+    if (!query.prepare(statement())) {
         fail(storeError(query.lastError(), m_address.name));
         return nullptr;
     }
-    return &m_prepared.emplace(statement, query).first->second;
+    return &m_prepared.emplace(key, query).first->second;
 }
 
 bool Connection::run(QSqlQuery *query)
@@ -190,29 +204,56 @@ int Connection::rowsOf(int left) const
 {
     // A server is told an array for each column, whatever their length: the statement is the same.
     constexpr int mostOnServer = 1000;
-    return isServer() ? std::min(left, mostOnServer) : pieceOf(left);
+    if (isServer()) {
+        return std::min(left, mostOnServer);
+    }
+    // A power of two, so that few statements are prepared.
+    constexpr int most = 64;
+    int rows = most;
+    while (rows > left) {
+        rows /= 2;
+    }
+    return rows;
 }
 
 QSqlQuery *Connection::insertion(const QString &into, int columns, const QString &tail, const RowValues &values)
 {
     const QString insert = QStringLiteral("INSERT INTO ") + into;
-    if (!isServer()) {
-        const QString row = QLatin1Char('(') + listOf(columns) + QLatin1Char(')');
-        QSqlQuery *query = prepared(insert + QStringLiteral(" VALUES ") +
-                                    repeated(row, static_cast<int>(values.size()) / columns) + tail);
-        if (query != nullptr) {
-            for (const QVariant &value : values) {
-                query->addBindValue(value);
-            }
+    if (isServer()) {
+        return withArrays(insert + QLatin1Char(' ') + unnested(values, columns) + tail, values, columns);
+    }
+    return withValues(insert + tail, values, [&] {
+        QStringList rows;
+        for (int first = 0; first < values.size(); first += columns) {
+            rows.append(QLatin1Char('(') + placeholders(first, columns) + QLatin1Char(')'));
         }
-        return query;
+        return insert + QStringLiteral(" VALUES ") + rows.join(QLatin1Char(',')) + tail;
+    });
+}
+
+QSqlQuery *Connection::choice(const QString &select, const RowValues &values)
+{
+    // With a placeholder for each, a server would look at every row of the table, and at every value for each.
+    return isServer() ? withArrays(select.arg(unnested(values, 1)), values, 1) : withValues(select, values, [&] {
+        return select.arg(placeholders(0, static_cast<int>(values.size())));
+    });
+}
+
+QSqlQuery *Connection::withValues(const QString &key, const RowValues &values, const Statement &statement)
+{
+    QSqlQuery *query = prepared(QString::number(values.size()) + QLatin1Char(' ') + key, statement);
+    if (query != nullptr) {
+        // By name: Qt makes a name for each that has none, every time.
+        for (int i = 0; i < values.size(); ++i) {
+            query->bindValue(m_names.at(i), values.at(i));
+        }
     }
-    QStringList arrays;
-    for (int column = 0; column < columns; ++column) {
-        arrays.append(QStringLiteral("CAST(? AS %1[])").arg(serverType(values.at(column))));
-    }
-    QSqlQuery *query =
-        prepared(insert + QStringLiteral(" SELECT * FROM unnest(%1)").arg(arrays.join(QStringLiteral(", "))) + tail);
+    return query;
+}
+
+QSqlQuery *Connection::withArrays(const QString &statement, const RowValues &values, int columns)
+{
+    QSqlQuery *query = prepared(statement);
     if (query != nullptr) {
         for (int column = 0; column < columns; ++column) {
             query->addBindValue(serverArray(values, column, columns));
@@ -221,21 +262,10 @@ QSqlQuery *Connection::insertion(const QString &into, int columns, const QString
     return query;
 }
 
-int Connection::pieceOf(int left)
+QString Connection::placeholders(int first, int count)
 {
-    constexpr int most = 64;
-    int piece = most;
-    while (piece > left) {
-        piece /= 2;
+    for (int i = static_cast<int>(m_names.size()); i < first + count; ++i) {
+        m_names.append(QLatin1Char(':') + QString::number(i));
     }
-    return piece;
-}
-
-QString Connection::repeated(const QString &text, int count)
-{
-    QString list = text;
-    for (int i = 1; i < count; ++i) {
-        list += QLatin1Char(',') + text;
-    }
-    return list;
+    return QStringList(m_names.mid(first, count)).join(QLatin1Char(','));
 }

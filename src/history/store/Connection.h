@@ -5,11 +5,13 @@
 #include "history/store/StoreError.h"
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <QUuid>
 #include <QVariant>
 #include <QVector>
@@ -97,12 +99,28 @@ public:
     QVariant idValue(const QUuid &id) const;
     static QUuid idOf(const QVariant &value);
 
-    /// How many of `left` values go into the next statement: a power of two, so that few statements are prepared.
-    static int pieceOf(int left);
-    /// "?,?,?"
-    static QString listOf(int count) { return repeated(QStringLiteral("?"), count); }
+    /// Reads the rows that `select` ("SELECT ... WHERE name IN (%1) ...") finds for these texts; `take(query)` is
+    /// called on each.
+    template <class Take>
+    bool readRows(const QString &select, const QStringList &texts, Take take)
+    {
+        const auto value = [](RowValues *values, const QString &text) { *values << text; };
+        return inPieces(texts, value, [&](const RowValues &piece) {
+            QSqlQuery *query = choice(select, piece);
+            if (query == nullptr || !run(query)) {
+                return false;
+            }
+            while (query->next()) {
+                take(query);
+            }
+            query->finish();
+            return true;
+        });
+    }
 
 private:
+    using Statement = std::function<QString()>;
+
     /// Calls `put(values)` with the values of some rows after the others, until it fails.
     template <class Rows, class Values, class Put>
     bool inPieces(const Rows &rows, Values values, Put put)
@@ -120,11 +138,19 @@ private:
         }
         return true;
     }
-    static QString repeated(const QString &text, int count);
     /// How many of `left` rows go into the next statement.
     int rowsOf(int left) const;
-    /// With the values bound. Null if the engine refuses it.
+    // With the values bound; null if the engine refuses it.
     QSqlQuery *insertion(const QString &into, int columns, const QString &tail, const RowValues &values);
+    QSqlQuery *choice(const QString &select, const RowValues &values);
+    /// `statement` has a placeholder for each value.
+    QSqlQuery *withValues(const QString &key, const RowValues &values, const Statement &statement);
+    /// Each column as an array.
+    QSqlQuery *withArrays(const QString &statement, const RowValues &values, int columns);
+    /// ":0,:1,:2"
+    QString placeholders(int first, int count);
+    /// `statement` is asked for its text once for each `key`.
+    QSqlQuery *prepared(const QString &key, const Statement &statement);
     bool commit();
     void rollBack();
 
@@ -134,4 +160,5 @@ private:
     const QString m_name; ///< Qt's for the connection
     StoreError m_error;
     std::map<QString, QSqlQuery> m_prepared;
+    QStringList m_names; ///< of placeholders, by number
 };

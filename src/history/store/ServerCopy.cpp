@@ -1,8 +1,9 @@
 #include "history/store/ServerCopy.h"
 
+#include <array>
+#include <charconv>
 #include <libpq-fe.h>
 #include <QLibrary>
-#include <QLocale>
 #include <QSqlDriver>
 #include <QUuid>
 
@@ -27,6 +28,16 @@ char escapeOf(char c)
     }
 }
 
+/// The shortest text that is read as this number.
+template <class Number>
+void addNumber(Number number, QByteArray *text)
+{
+    constexpr std::size_t longest = 32;
+    std::array<char, longest> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    text->append(digits.data(), static_cast<int>(end - digits.data()));
+}
+
 void addEscaped(const QByteArray &text, QByteArray *row)
 {
     const char *begin = text.begin();
@@ -42,20 +53,25 @@ void addEscaped(const QByteArray &text, QByteArray *row)
 }
 } // namespace
 
-QByteArray serverText(const QVariant &value)
+void addServerText(const QVariant &value, QByteArray *text, ServerEscape escape)
 {
     switch (value.userType()) {
     case QMetaType::Int:
     case QMetaType::LongLong:
-        return QByteArray::number(value.toLongLong());
+        addNumber(value.toLongLong(), text);
+        break;
     case QMetaType::Double:
-        return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest).toLatin1();
+        addNumber(value.toDouble(), text);
+        break;
     case QMetaType::QByteArray:
-        return "\\x" + value.toByteArray().toHex();
+        escape("\\x" + value.toByteArray().toHex(), text);
+        break;
     case QMetaType::QUuid:
-        return value.toUuid().toByteArray(QUuid::WithoutBraces);
+        text->append(value.toUuid().toByteArray(QUuid::WithoutBraces));
+        break;
     default:
-        return value.toString().toUtf8();
+        escape(value.toString().toUtf8(), text);
+        break;
     }
 }
 
@@ -138,7 +154,7 @@ bool ServerCopy::put(const QVector<QVariant> &values, int columns)
         if (value.isNull()) {
             m_text += "\\N";
         } else {
-            addEscaped(serverText(value), &m_text);
+            addServerText(value, &m_text, addEscaped);
         }
         ++column;
         m_text += column == columns ? '\n' : '\t';

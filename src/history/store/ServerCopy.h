@@ -10,8 +10,11 @@
 struct pg_conn;
 struct pg_result;
 
-/// A value as PostgreSQL reads it from a text, in UTF-8 and without quotes.
-QByteArray serverText(const QVariant &value);
+/// Appends `text` to `to`, with an escape before each character that would end it.
+using ServerEscape = void (*)(const QByteArray &text, QByteArray *to);
+
+/// Appends a value as PostgreSQL reads it from a text, in UTF-8; what may hold any character by `escape`.
+void addServerText(const QVariant &value, QByteArray *text, ServerEscape escape);
 
 /// Rows on their way into a table of a PostgreSQL server, by COPY in its text format (PostgreSQL's manual, "COPY"): a
 /// server takes them in several times as fast as in a statement. Within a transaction, over a connection of Qt's of

@@ -214,7 +214,9 @@ bool Store::insertNew(const QVector<RunRows> &runs, bool queue, int *added)
     std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(rows),
                  [&fresh](const RunRows *run) { return fresh.contains(run->id); });
     *added = static_cast<int>(rows.size());
-    return rows.isEmpty() || (insertBesides(rows, queue) && insertMeasurements(rows) && count(rows));
+    // What a server has need not be sent to it.
+    const bool waits = queue && !m_connection.isServer();
+    return rows.isEmpty() || (insertBesides(rows, waits) && insertMeasurements(rows) && count(rows));
 }
 
 bool Store::insertRunRows(const QVector<const RunRows *> &runs, QSet<QUuid> *added)
@@ -279,20 +281,24 @@ bool Store::insertMeasurements(const QVector<const RunRows *> &runs)
 {
     struct Measured
     {
+        qint64 series;
         const RunRows *run;
+        const QVariant *id;
         const MeasurementRow *row;
     };
+    QVector<QVariant> ids;
     QVector<Measured> rows;
+    ids.reserve(runs.size());
     QVector<const SeriesRow *> series;
     for (const RunRows *run : runs) {
-        for (const SeriesRow &row : run->series) {
-            if (!m_series.contains(row.id) && !m_newSeries.contains(row.id)) {
-                m_newSeries.insert(row.id);
-                series.append(&row);
-            }
-        }
+        ids.append(m_connection.idValue(run->id));
         for (const MeasurementRow &row : run->measurements) {
-            rows.append({run, &row});
+            const qint64 id = row.series->id;
+            if (!m_series.contains(id) && !m_newSeries.contains(id)) {
+                m_newSeries.insert(id);
+                series.append(row.series.get());
+            }
+            rows.append({id, run, &ids.last(), &row});
         }
     }
     static const QString seriesInto = QStringLiteral("series (id, item, name, unit)");
@@ -305,13 +311,13 @@ bool Store::insertMeasurements(const QVector<const RunRows *> &runs)
     }
     // In the order in which they lie in the table: neighbours are written to the same page.
     std::sort(rows.begin(), rows.end(), [](const Measured &left, const Measured &right) {
-        return std::tie(left.row->series, left.run->beginMs) < std::tie(right.row->series, right.run->beginMs);
+        return std::tie(left.series, left.run->beginMs) < std::tie(right.series, right.run->beginMs);
     });
     static const QString into = QStringLiteral("measurement (series, begin_ms, run, place, number, text, least, most)");
     constexpr int columns = 8;
-    return m_connection.insertNewRows(into, columns, rows, [this](RowValues *values, const Measured &at) {
-        *values << at.row->series << at.run->beginMs << m_connection.idValue(at.run->id) << at.row->place
-                << orNull(at.row->number) << orEmpty(at.row->text) << orNull(at.row->least) << orNull(at.row->most);
+    return m_connection.insertNewRows(into, columns, rows, [](RowValues *values, const Measured &at) {
+        *values << at.series << at.run->beginMs << *at.id << at.row->place << orNull(at.row->number)
+                << orEmpty(at.row->text) << orNull(at.row->least) << orNull(at.row->most);
     });
 }
 
@@ -351,37 +357,21 @@ bool Store::readCameras(const QStringList &macs, Purpose purpose, QHash<QString,
     const QString select = QStringLiteral("SELECT mac, %1 FROM camera WHERE mac IN (%2) ORDER BY mac%3")
                                .arg(cameraColumns().join(QStringLiteral(", ")), QStringLiteral("%1"),
                                     hold ? QStringLiteral(" FOR UPDATE") : QString());
-    for (int next = 0; next < macs.size();) {
-        const int count = Connection::pieceOf(static_cast<int>(macs.size()) - next);
-        QSqlQuery *query = m_connection.prepared(select.arg(Connection::listOf(count)));
-        if (query == nullptr) {
-            return false;
+    return m_connection.readRows(select, macs, [cameras](QSqlQuery *query) {
+        CameraRow &row = (*cameras)[query->value(0).toString()];
+        int column = 1;
+        row.runs = query->value(column++).toLongLong();
+        row.lastBeginMs = query->value(column++).toLongLong();
+        row.lastRun = Connection::idOf(query->value(column++));
+        row.lastOutcome = query->value(column++).toString();
+        const QVariant firstMs = query->value(column++);
+        for (QString *text : {&row.cohort.day, &row.cohort.station, &row.cohort.batch, &row.cohort.firmware}) {
+            *text = query->value(column++).toString();
         }
-        for (int i = 0; i < count; ++i) {
-            query->addBindValue(macs.at(next + i));
-        }
-        if (!m_connection.run(query)) {
-            return false;
-        }
-        while (query->next()) {
-            CameraRow &row = (*cameras)[query->value(0).toString()];
-            int column = 1;
-            row.runs = query->value(column++).toLongLong();
-            row.lastBeginMs = query->value(column++).toLongLong();
-            row.lastRun = Connection::idOf(query->value(column++));
-            row.lastOutcome = query->value(column++).toString();
-            const QVariant firstMs = query->value(column++);
-            for (QString *text : {&row.cohort.day, &row.cohort.station, &row.cohort.batch, &row.cohort.firmware}) {
-                *text = query->value(column++).toString();
-            }
-            row.first = judgementOf(firstMs, query->value(column++));
-            const QVariant lastMs = query->value(column++);
-            row.last = judgementOf(lastMs, query->value(column));
-        }
-        query->finish();
-        next += count;
-    }
-    return true;
+        row.first = judgementOf(firstMs, query->value(column++));
+        const QVariant lastMs = query->value(column++);
+        row.last = judgementOf(lastMs, query->value(column));
+    });
 }
 
 bool Store::writeCameras(const QStringList &macs, const QHash<QString, CameraRow> &cameras)
@@ -573,7 +563,8 @@ std::optional<ForwardState> Store::forwardState()
         m_connection.fail(storeError(query.lastError(), m_connection.address().name));
         return {};
     }
-    state.queued = query.value(0).toLongLong();
+    // Version 1.0.3 queued what was imported into a server.
+    state.queued = m_connection.isServer() ? 0 : query.value(0).toLongLong();
     if (!query.exec(QStringLiteral("SELECT name, value FROM state"))) {
         m_connection.fail(storeError(query.lastError(), m_connection.address().name));
         return {};

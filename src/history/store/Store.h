@@ -52,7 +52,8 @@ public:
     Connection &connection() { return m_connection; }
 
     /// Adds those of the runs that are not there yet, in one transaction: all of them or none. Returns how many were
-    /// added; nothing if it failed. A run that is not `isFit` is an error. `queue`: they wait to be sent to the server.
+    /// added; nothing if it failed. A run that is not `isFit` is an error. `queue`: they wait to be sent to the server,
+    /// unless the store is one.
     std::optional<int> insert(const QVector<RunRows> &runs, bool queue = true);
 
     /// The record of a run; nothing if it is not there (without an `error`), or cannot be read.

@@ -8,9 +8,8 @@
 
 #include <algorithm>
 #include <libdeflate.h>
-#include <memory>
+#include <map>
 #include <QCryptographicHash>
-#include <QHash>
 #include <QtEndian>
 #include <tuple>
 #include <variant>
@@ -43,15 +42,28 @@ FindingRow findingOf(const ItemRecord &item, const QString &key, int place)
     return row;
 }
 
+/// A run has dozens of measurements, and a program sees the same few names all the time.
+std::shared_ptr<const SeriesRow> seriesOf(const QString &item, const QString &name, const QString &unit)
+{
+    using Key = std::tuple<QString, QString, QString>;
+    thread_local std::map<Key, std::shared_ptr<const SeriesRow>> known;
+    constexpr std::size_t mostKnown = 4096;
+    Key key(item, name, unit);
+    const auto found = known.find(key);
+    if (found != known.end()) {
+        return found->second;
+    }
+    if (known.size() >= mostKnown) {
+        known.clear();
+    }
+    const SeriesRow row{seriesId(item, name, unit), item, name, unit};
+    return known.emplace(std::move(key), std::make_shared<SeriesRow>(row)).first->second;
+}
+
 void addMeasurement(const Measurement &measurement, const QString &item, RunRows *rows)
 {
-    const QString name = columnText(measurement.name);
-    const QString unit = columnText(measurement.unit);
-    const qint64 series = seriesId(item, name, unit);
-    rows->series.append({series, item, name, unit});
-
     MeasurementRow row;
-    row.series = series;
+    row.series = seriesOf(item, columnText(measurement.name), columnText(measurement.unit));
     row.place = static_cast<int>(rows->measurements.size());
     if (const auto *number = std::get_if<double>(&measurement.value)) {
         row.number = *number;
@@ -108,7 +120,13 @@ bool RunRows::isFit() const
     return !id.isNull() && !tally.day.isEmpty();
 }
 
-RunRows runRows(const RunRecord &run, const QByteArray &json)
+RunRows runRows(const RunRecord &run)
+{
+    RecordPacker packer;
+    return runRows(run, toJson(run, JsonLayout::Line), &packer);
+}
+
+RunRows runRows(const RunRecord &run, const QByteArray &json, RecordPacker *packer)
 {
     RunRows rows;
     rows.id = run.id;
@@ -134,24 +152,32 @@ RunRows runRows(const RunRecord &run, const QByteArray &json)
     }
     rows.failedItems = static_cast<int>(rows.findings.size());
     rows.firstFinding = firstFinding(rows.findings);
-    rows.body = packRecord(json.isEmpty() ? toJson(run, JsonLayout::Line) : json);
+    rows.body = packer->pack(json);
     return rows;
 }
 
-QByteArray packRecord(const QByteArray &json)
+RecordPacker::RecordPacker() : m_compressor(libdeflate_alloc_compressor(compressionLevel))
+{
+    Q_CHECK_PTR(m_compressor);
+}
+
+RecordPacker::~RecordPacker()
+{
+    libdeflate_free_compressor(m_compressor);
+}
+
+QByteArray RecordPacker::pack(const QByteArray &json)
 {
     // zlib itself takes three times as long for the same stream.
-    const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
-        libdeflate_alloc_compressor(compressionLevel), libdeflate_free_compressor);
-    Q_CHECK_PTR(compressor);
     const auto size = static_cast<std::size_t>(json.size());
-    const std::size_t room = libdeflate_zlib_compress_bound(compressor.get(), size);
-    QByteArray body(static_cast<int>(sizeof(quint32) + room), Qt::Uninitialized);
-    qToBigEndian(static_cast<quint32>(size), body.data());
-    const std::size_t packed =
-        libdeflate_zlib_compress(compressor.get(), json.constData(), size, body.data() + sizeof(quint32), room);
-    body.truncate(static_cast<int>(sizeof(quint32) + packed));
-    return body;
+    const std::size_t room = sizeof(quint32) + libdeflate_zlib_compress_bound(m_compressor, size);
+    if (static_cast<std::size_t>(m_room.size()) < room) {
+        m_room.resize(static_cast<int>(room));
+    }
+    qToBigEndian(static_cast<quint32>(size), m_room.data());
+    const std::size_t packed = libdeflate_zlib_compress(m_compressor, json.constData(), size,
+                                                        m_room.data() + sizeof(quint32), room - sizeof(quint32));
+    return {m_room.constData(), static_cast<int>(sizeof(quint32) + packed)};
 }
 
 QByteArray unpackRecord(const QByteArray &body)
@@ -177,20 +203,8 @@ QString columnMac(const QString &mac)
 
 qint64 seriesId(const QString &item, const QString &name, const QString &unit)
 {
-    // A run has dozens of measurements, and a program sees the same few names all the time.
-    thread_local QHash<QString, qint64> known;
-    constexpr int mostKnown = 4096;
     const QString text = item + QChar(0) + name + QChar(0) + unit;
-    const auto found = known.constFind(text);
-    if (found != known.constEnd()) {
-        return *found;
-    }
     const QByteArray hash = QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256);
     constexpr int unusedBits = 16;
-    const auto id = static_cast<qint64>(qFromBigEndian<quint64>(hash.constData()) >> unusedBits);
-    if (known.size() >= mostKnown) {
-        known.clear();
-    }
-    known.insert(text, id);
-    return id;
+    return static_cast<qint64>(qFromBigEndian<quint64>(hash.constData()) >> unusedBits);
 }

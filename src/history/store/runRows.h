@@ -2,11 +2,14 @@
 
 #include "record/RunRecord.h"
 
+#include <memory>
 #include <optional>
 #include <QByteArray>
 #include <QString>
 #include <QUuid>
 #include <QVector>
+
+struct libdeflate_compressor;
 
 // What a store keeps of a run, taken from its record. Plain values, for any thread: whoever brings in many runs makes
 // their rows on other threads than the one that writes.
@@ -34,22 +37,23 @@ struct FindingRow
     QString limits;
 };
 
-struct MeasurementRow
-{
-    qint64 series = 0;
-    int place = 0;
-    std::optional<double> number;
-    QString text;
-    std::optional<double> least;
-    std::optional<double> most;
-};
-
+/// What a measurement's number means.
 struct SeriesRow
 {
     qint64 id = 0;
     QString item;
     QString name;
     QString unit;
+};
+
+struct MeasurementRow
+{
+    std::shared_ptr<const SeriesRow> series; ///< never null; of many runs the same
+    int place = 0;
+    std::optional<double> number;
+    QString text;
+    std::optional<double> least;
+    std::optional<double> most;
 };
 
 /// An item of a run, as `item_tally` counts it.
@@ -82,21 +86,35 @@ struct RunRows
     QByteArray body;
     QVector<ItemVerdict> items;
     QVector<FindingRow> findings;
-    QVector<SeriesRow> series; ///< of the measurements, each at least once
     QVector<MeasurementRow> measurements;
 
     /// Without an id or a time a run can neither be found nor be told from another one.
     bool isFit() const;
 };
 
-/// `json` is the record as a line of JSON, for whoever has read it from there; empty: it is made.
-RunRows runRows(const RunRecord &run, const QByteArray &json = {});
+/// Makes records to what lies in the store: JSON in one line, as docs/record.md tells it, compressed (zlib's stream,
+/// behind four bytes with the size of the text, the highest first). Whoever packs many keeps one for all of them.
+class RecordPacker
+{
+public:
+    RecordPacker();
+    RecordPacker(const RecordPacker &) = delete;
+    RecordPacker &operator=(const RecordPacker &) = delete;
+    ~RecordPacker();
 
-/// The record as it lies in the store: JSON in one line, as docs/record.md tells it, compressed (zlib's stream, behind
-/// four bytes with the size of the text, the highest first).
-QByteArray packRecord(const QByteArray &json);
+    QByteArray pack(const QByteArray &json);
+
+private:
+    libdeflate_compressor *m_compressor;
+    QByteArray m_room;
+};
+
 /// The JSON again; empty if `body` is damaged.
 QByteArray unpackRecord(const QByteArray &body);
+
+RunRows runRows(const RunRecord &run);
+/// Likewise; `json` is the record as a line of JSON, for whoever has read it from there.
+RunRows runRows(const RunRecord &run, const QByteArray &json, RecordPacker *packer);
 
 /// A text as the columns beside the record keep it.
 QString columnText(const QString &text);

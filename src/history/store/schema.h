@@ -8,7 +8,7 @@
 
 // The tables of a store, the same for both engines.
 //
-// The truth about a run is its record (`record.body`, see `packRecord`); everything else is taken from it, so that
+// The truth about a run is its record (`record.body`, see `RecordPacker`); everything else is taken from it, so that
 // questions can be answered without opening records, and is written in the same transaction. Texts in these other
 // columns are cut to `longestText` characters, and a U+0000 in them is a U+FFFD. They are never null: what is not known
 // is an empty text.

@@ -4,14 +4,18 @@
 #include "historyui/commands/CommandContext.h"
 #include "historyui/commands/Progress.h"
 #include "platform/Interruption.h"
+#include "record/recordJson.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <deque>
 #include <future>
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <thread>
+#include <utility>
 
 namespace {
 /// Lines of a stream that are read as records on a thread of their own.
@@ -26,22 +30,25 @@ struct ReadPiece
     QVector<RecordLine> refused; ///< with the reason
 };
 
-/// The record as the store is to keep it: as it came, with what a later version may have written into it. Nothing if it
-/// is not one line.
-QByteArray lineToKeep(const QByteArray &json)
+/// The record as the store is to keep it: as it came, with what a later version may have written into it, where that is
+/// one line.
+QByteArray lineToKeep(const RunRecord &run, const QByteArray &json)
 {
-    QByteArray line = json.trimmed();
-    return line.contains('\n') ? QByteArray() : line + '\n';
+    const QByteArray line = json.trimmed();
+    const bool isLine = std::memchr(line.constData(), '\n', static_cast<std::size_t>(line.size())) == nullptr;
+    return isLine ? line + '\n' : toJson(run, JsonLayout::Line);
 }
 
 ReadPiece readPiece(const Piece &piece)
 {
     ReadPiece read;
+    RecordPacker packer;
+    read.rows.reserve(piece.lines.size());
     for (const RecordLine &line : piece.lines) {
         QString error = line.error;
         const std::optional<RunRecord> run = error.isEmpty() ? quickRecord(line.json, &error) : std::nullopt;
         if (run) {
-            read.rows.append(runRows(*run, lineToKeep(line.json)));
+            read.rows.append(runRows(*run, lineToKeep(*run, line.json), &packer));
         } else {
             read.refused.append({line.number, {}, error});
         }
@@ -92,51 +99,50 @@ private:
         m_context->complain(text);
     }
 
-    bool insert(const QVector<RunRows> &rows)
+    bool insert(QVector<RunRows> rows)
     {
-        QVector<RunRows> fit;
-        for (const RunRows &run : rows) {
-            if (run.isFit()) {
-                fit.append(run);
-            } else {
+        const auto refuse = [this](const RunRows &run) {
+            if (!run.isFit()) {
                 ++m_refused;
                 tell(tr("run %1 has no time").arg(run.id.toString(QUuid::WithoutBraces)));
             }
-        }
-        if (fit.isEmpty()) {
+            return !run.isFit();
+        };
+        rows.erase(std::remove_if(rows.begin(), rows.end(), refuse), rows.end());
+        if (rows.isEmpty()) {
             return true;
         }
-        const std::optional<int> added = m_context->store->insert(fit);
+        const std::optional<int> added = m_context->store->insert(rows);
         if (!added) {
             tell(m_context->store->error().text);
             m_isTrouble = true;
             return false;
         }
         m_added += *added;
-        m_known += fit.size() - *added;
+        m_known += rows.size() - *added;
         return true;
     }
 
     bool takeFile(QFile &file, const QString &path)
     {
-        constexpr int pieceSize = 500;
+        constexpr int pieceSize = 1000; // another program waits for no more than these
         const qint64 all = file.isSequential() ? 0 : file.size();
         const auto most = static_cast<std::size_t>(std::max(1U, std::thread::hardware_concurrency()));
         std::deque<std::future<ReadPiece>> reading;
         bool goesOn = true;
         const auto insertFirst = [&] {
-            const ReadPiece read = reading.front().get();
+            ReadPiece read = reading.front().get();
             reading.pop_front();
-            for (const RecordLine &line : read.refused) {
+            for (const RecordLine &line : qAsConst(read.refused)) {
                 ++m_refused;
                 tell(QStringLiteral("%1:%2: %3").arg(path).arg(line.number).arg(line.error));
             }
-            goesOn = insert(read.rows) && !Interruption::isWanted();
+            goesOn = insert(std::move(read.rows)) && !Interruption::isWanted();
         };
         Piece piece;
         const auto readOn = [&] {
-            reading.push_back(std::async(std::launch::async, readPiece, piece));
-            piece.lines.clear();
+            reading.push_back(std::async(std::launch::async, readPiece, std::move(piece)));
+            piece = {};
             if (reading.size() > most) {
                 insertFirst();
             }
@@ -176,12 +182,9 @@ private:
             }
             takeLog(logs.at(i), &sameBefore, &rows);
             m_progress.show(i, logs.size());
-            const bool isLast = i == logs.size() - 1;
-            if ((rows.size() >= pieceSize || isLast) && !insert(rows)) {
+            const bool isPiece = rows.size() >= pieceSize || i == logs.size() - 1;
+            if (isPiece && !insert(std::exchange(rows, {}))) {
                 return false;
-            }
-            if (rows.size() >= pieceSize) {
-                rows.clear();
             }
             if (Interruption::isWanted()) {
                 return false;

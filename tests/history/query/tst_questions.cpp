@@ -603,7 +603,7 @@ void tst_questions::prunesAsIfTheyHadNeverBeen()
     const std::unique_ptr<Store> never = open(QStringLiteral("sqlite"), QStringLiteral("never-%1.sqlite").arg(removed));
     QVERIFY(never);
     QVERIFY(never->insert(madeRows(removed, static_cast<int>(runs.size()))));
-    QCOMPARE(countUnsentBefore(*store, day).value_or(-1), qint64{removed});
+    QCOMPARE(countUnsentBefore(*store, day).value_or(-1), qint64{engine == QLatin1String("sqlite") ? removed : 0});
 
     qint64 shown = 0;
     const std::optional<qint64> count = pruneRuns(*store, day, {[&shown](qint64 done, qint64) {
