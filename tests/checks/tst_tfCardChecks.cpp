@@ -1,10 +1,12 @@
 #include "detector/checks/tfCardChecks.h"
+#include "detector/store/KestDetectorFace.h"
 #include "support/CheckTest.h"
 #include "support/MessageSpy.h"
 #include "support/ScriptedShell.h"
 
 #include <optional>
 #include <QTest>
+#include <QTimer>
 
 using Reply = std::optional<QString>;
 Q_DECLARE_METATYPE(Reply)
@@ -47,6 +49,7 @@ private slots:
     void usageCannotBeAsked();
     void speed_data();
     void speed();
+    void speedWaitsForTheShell();
     void measuresWhatItReports();
     void measuresWhatIsWrong();
     void component_data();
@@ -61,6 +64,8 @@ void tst_tfCardChecks::init()
 {
     m_camera.reset();
     m_shell.reset();
+    m_shell.setConnected(false);
+    KestDetectorFace::Get()->shellState = ShellState::None;
 }
 
 void tst_tfCardChecks::cardIsNotReady_data()
@@ -160,6 +165,25 @@ void tst_tfCardChecks::speed()
     QTEST(outcome.text, "text");
     QCOMPARE(outcome.detail, QString());
     QTEST(m_shell.calls(), "calls");
+}
+
+/// Of a camera that has rebooted since the item before.
+void tst_tfCardChecks::speedWaitsForTheShell()
+{
+    KestDetectorFace *face = KestDetectorFace::Get();
+    m_shell.answer(QStringLiteral("mount\n"), mounted);
+    m_shell.answer(QStringLiteral("cat /proc/mci/mci_info\n"), fastCard);
+    face->shellState = ShellState::Regaining;
+    QStringList callsBefore{QStringLiteral("not looked at")};
+    QTimer::singleShot(300, &m_shell, [&] {
+        callsBefore = m_shell.calls();
+        m_shell.setConnected(true);
+        face->shellState = ShellState::Up;
+    });
+    const Outcome outcome = runItem(checkTFCardSpeed);
+    QCOMPARE(callsBefore, QStringList());
+    QCOMPARE(outcome.verdict, 0);
+    QCOMPARE(outcome.text, QStringLiteral("SD Card OK\n"));
 }
 
 void tst_tfCardChecks::measuresWhatItReports()

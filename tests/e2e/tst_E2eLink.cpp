@@ -136,6 +136,14 @@ std::vector<Story> rebootStories()
                           "Pitch轴电调板工厂检测OK\nYaw轴电调板工厂检测OK\n电池工厂检测OK\n\n");
     unsure.exitCode = 1; // a request was not answered
 
+    // The speed is asked for on the new login, also where the shell comes later than the answer is waited for.
+    const QByteArray speedAlone =
+        QByteArray("[TF Card]:\n获取TF卡状态失败\n") + expectedLogs::cardSpeed + expectedLogs::lens;
+    const char *const speedVerdicts = "TF Card: NG, Lens: OK, Result: NG";
+    Story late = reboot("tfcard,lens", "getTFCardStatus", speedVerdicts, speedAlone);
+    late.name = "reboot of 2 s before the reply to getTFCardStatus";
+    late.scenario.replace(R"("rebootSeconds": 0)", R"("rebootSeconds": 2)");
+
     const QByteArray battery = QByteArray(expectedLogs::batteryLink);
     return {
         logs,
@@ -150,9 +158,8 @@ std::vector<Story> rebootStories()
                "[Gimbal]:\n云台主控通信OK\n获取Roll轴通信状态失败\nPitch轴通信OK\nYaw轴通信OK\n\n"),
         reboot("battery", "getBatteryInfo", "Battery: NG, Result: NG",
                battery + "获取电池信息失败\n" + expectedLogs::batteryStatus),
-        // The speed is asked for on the new login.
-        reboot("tfcard,lens", "getTFCardStatus", "TF Card: NG, Lens: OK, Result: NG",
-               QByteArray("[TF Card]:\n获取TF卡状态失败\n") + expectedLogs::cardSpeed + expectedLogs::lens),
+        reboot("tfcard,lens", "getTFCardStatus", speedVerdicts, speedAlone),
+        late,
     };
 }
 

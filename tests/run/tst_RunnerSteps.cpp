@@ -5,12 +5,14 @@
 #include "detector/checks/logCollection.h"
 #include "detector/checks/pcbaChecks.h"
 #include "detector/checks/placeholderChecks.h"
+#include "detector/checks/shellCall.h"
 #include "detector/checks/tfCardChecks.h"
 #include "detector/run/KestDetectorRt.h"
 #include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
 #include "detector/store/requestTally.h"
 #include "record/recordNames.h"
+#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <functional>
 #include <memory>
@@ -106,6 +108,7 @@ private slots:
     void safeguardsDecide();
     void waitsForAShellThatIsBeingRegained();
     void doesNotWaitForAShellThatWasNeverThere();
+    void waitsForAShellWhoseLossIsNotNoticedYet();
     void patienceWithTheShellEnds();
     void recordIsHandedOutOnceBeforeTheRunCounts();
     void recordOfAStoppedRun();
@@ -136,6 +139,7 @@ void tst_RunnerSteps::init()
     face->savePath = m_folder->path();
     face->macAddress = mac;
     face->shellState = ShellState::None;
+    TelnetInteractiveFace::Get()->slot_connected(false);
     face->notices.withdrawRun();
 
     const auto connectDirectly = [this, face](auto signal, auto slot) {
@@ -246,7 +250,7 @@ void tst_RunnerSteps::pausesAreThoseOfTheStation()
 {
     QCOMPARE(KestDetectorRt::requestPoll.count(), 50);
     QCOMPARE(KestDetectorRt::taskPause.count(), 100);
-    QCOMPARE(KestDetectorRt::shellPatience.count(), 8000);
+    QCOMPARE(shellPatience.count(), 15000);
 }
 
 void tst_RunnerSteps::tasksAreSeparatedByThePause()
@@ -675,7 +679,22 @@ void tst_RunnerSteps::waitsForAShellThatIsBeingRegained()
     QTRY_COMPARE(told(), QStringList{"waiting for the camera's shell"});
     QTest::qWait(300);
     QCOMPARE(m_events, QStringList{"disabled"});
+    TelnetInteractiveFace::Get()->slot_connected(true);
+    QTest::qWait(300);
+    QCOMPARE(m_events, QStringList{"disabled"}); // whose camera it is has not been read yet
     face->shellState = ShellState::Up;
+    finish();
+    QCOMPARE(worked, QStringList{"0"});
+    QCOMPARE(told(), QStringList{"results"});
+}
+
+void tst_RunnerSteps::waitsForAShellWhoseLossIsNotNoticedYet()
+{
+    Face::Get()->shellState = ShellState::Up;
+    post({{componentId::camera, {0}}});
+    QTRY_COMPARE(told(), QStringList{"waiting for the camera's shell"});
+    QVERIFY(worked.isEmpty());
+    TelnetInteractiveFace::Get()->slot_connected(true);
     finish();
     QCOMPARE(worked, QStringList{"0"});
     QCOMPARE(told(), QStringList{"results"});
@@ -705,8 +724,14 @@ void tst_RunnerSteps::patienceWithTheShellEnds()
     clock.start();
     post({{componentId::camera, {0}}});
     finish();
-    QVERIFY2(begun >= 8000 && begun < 12000, qPrintable(QString::number(begun)));
+    QVERIFY2(begun >= 15000 && begun < 19000, qPrintable(QString::number(begun)));
     QCOMPARE(told(), QStringList{"results"});
+
+    // Until the shell is back, nobody waits for it again.
+    clock.start();
+    post({{componentId::camera, {0}}});
+    QTRY_COMPARE_WITH_TIMEOUT(m_runner->finishedRuns(), 2, 60000);
+    QVERIFY2(begun < 5000, qPrintable(QString::number(begun)));
 }
 
 void tst_RunnerSteps::recordIsHandedOutOnceBeforeTheRunCounts()

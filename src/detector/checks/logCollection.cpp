@@ -4,6 +4,7 @@
 #include "detector/checks/firmwareText.h"
 #include "detector/checks/judgeMeasurements.h"
 #include "detector/checks/noteRequest.h"
+#include "detector/checks/shellCall.h"
 #include "detector/store/checkHelpers.h"
 #include "detector/store/componentId.h"
 #include "detector/store/KestDetectorFace.h"
@@ -13,7 +14,6 @@
 #include "ftp/FtpDownLoadFace.h"
 #include "record/itemKeys.h"
 #include "telnet/session/shellStep.h"
-#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <array>
 #include <chrono>
@@ -96,14 +96,13 @@ Collected downloadArchive(const Archive &archive, int *verdict, const QString &d
 {
     const KestDetectorFace *face = KestDetectorFace::Get();
     const Settings &settings = face->settings();
-    TelnetInteractiveFace *shell = TelnetInteractiveFace::Get();
     const QString name = QLatin1String(archive.name);
     const QString removal = QStringLiteral("rm -rf %1/%2\n").arg(settings.zipLogTargetPath, name);
     QString reply;
     // Several values go into one arg(): a "%1" inside a path is not a place to fill.
-    *verdict = shell->telnet(
-        QStringLiteral("tar -zcvf %1/%2 %3\n").arg(settings.zipLogTargetPath, name, settings.*archive.source),
-        archive.packStep, &reply);
+    *verdict =
+        shellCall(QStringLiteral("tar -zcvf %1/%2 %3\n").arg(settings.zipLogTargetPath, name, settings.*archive.source),
+                  archive.packStep, &reply);
     if (face->runIsCutShort()) {
         return {}; // the download would be given up at once, and an earlier archive be lost for it
     }
@@ -111,7 +110,7 @@ Collected downloadArchive(const Archive &archive, int *verdict, const QString &d
     const LocalFile local(date, name);
     if (!isCameraOfRunFolder()) {
         noteUnsaved(local.path, foreignCamera());
-        *verdict = shell->telnet(removal, archive.removeStep, &reply);
+        *verdict = shellCall(removal, archive.removeStep, &reply);
         return {};
     }
     // Of an archive that was not packed in time, all that can come is a part.
@@ -123,7 +122,7 @@ Collected downloadArchive(const Archive &archive, int *verdict, const QString &d
         noteUnsaved(local.path,
                     local.problem.isEmpty() ? QObject::tr("the camera's archive could not be fetched") : local.problem);
     }
-    *verdict = shell->telnet(removal, archive.removeStep, &reply);
+    *verdict = shellCall(removal, archive.removeStep, &reply);
     return {packed && fetched == 0 ? local.path : QString(), {}};
 }
 
@@ -151,7 +150,7 @@ Collected downloadText(const TextLog &log, int *verdict, const QString &date)
         command = command.arg(face->settings().*log.argument);
     }
     QString reply;
-    *verdict = TelnetInteractiveFace::Get()->telnet(command, log.step, &reply);
+    *verdict = shellCall(command, log.step, &reply);
     if (*verdict != 0 && face->runIsCutShort()) {
         return {}; // given up: nothing to replace an earlier file with
     }

@@ -4,12 +4,12 @@
 #include "detector/checks/checkComponent.h"
 #include "detector/checks/noteRequest.h"
 #include "detector/checks/reportNumber.h"
+#include "detector/checks/shellCall.h"
 #include "detector/store/componentId.h"
 #include "detector/store/translatedEntry.h"
 #include "detector/store/verdict.h"
 #include "record/itemKeys.h"
 #include "telnet/session/shellStep.h"
-#include "telnet/session/TelnetInteractiveFace.h"
 
 #include <array>
 #include <cstdint>
@@ -82,8 +82,7 @@ void checkSpeed(CheckItemLog &item)
 {
     item.result = verdict::failed;
     QString reply;
-    if (noteShellCall(item,
-                      TelnetInteractiveFace::Get()->telnet(QStringLiteral("mount\n"), shellStep::mount, &reply)) != 0) {
+    if (noteShellCall(item, shellCall(QStringLiteral("mount\n"), shellStep::mount, &reply)) != 0) {
         item.message = QObject::tr("mount SD Card faild\n");
         return;
     }
@@ -93,8 +92,7 @@ void checkSpeed(CheckItemLog &item)
         item.message = QObject::tr("SD卡未挂载\n");
         return;
     }
-    if (noteShellCall(item, TelnetInteractiveFace::Get()->telnet(QStringLiteral("cat /proc/mci/mci_info\n"),
-                                                                 shellStep::cardInfo, &reply)) != 0) {
+    if (noteShellCall(item, shellCall(QStringLiteral("cat /proc/mci/mci_info\n"), shellStep::cardInfo, &reply)) != 0) {
         item.message = QObject::tr("获取SD卡信息失败\n");
         return;
     }

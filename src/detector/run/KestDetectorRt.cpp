@@ -1,5 +1,6 @@
 #include "detector/run/KestDetectorRt.h"
 
+#include "detector/checks/shellCall.h"
 #include "detector/run/logBlock.h"
 #include "detector/run/RunRecorder.h"
 #include "detector/store/checkHelpers.h"
@@ -13,7 +14,6 @@
 #include <QDate>
 #include <QDebug>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QMetaMethod>
 
@@ -115,27 +115,13 @@ void KestDetectorRt::func()
     }
 }
 
-/// A shell that was there on this link will be back, and without it a healthy camera looks broken. One that has never
-/// been there is not waited for.
-void KestDetectorRt::waitForShell()
-{
-    KestDetectorFace *face = KestDetectorFace::Get();
-    QElapsedTimer clock;
-    clock.start();
-    while (face->shellState == ShellState::Regaining && !clock.hasExpired(shellPatience.count()) && !stopping()) {
-        face->notices.tell(Notices::waitingForShell());
-        workerThread.pause(requestPoll);
-    }
-    face->notices.withdraw(Notice::Kind::Waiting);
-}
-
 void KestDetectorRt::run(const QList<ComponentTask> &plan)
 {
     KestDetectorFace *face = KestDetectorFace::Get();
     RunRecorder recorder(plan);
     emit face->signal_setButtonEnable(false);
     face->notices.withdrawRun();
-    waitForShell();
+    awaitShell([this] { return stopping(); });
 
     RunOutcome outcome;
     int done = 0;

@@ -30,7 +30,6 @@ class KestDetectorRt : public QObject
 public:
     static constexpr std::chrono::milliseconds requestPoll{50};
     static constexpr std::chrono::milliseconds taskPause{100};
-    static constexpr std::chrono::milliseconds shellPatience{8000}; ///< for a shell that is being regained
 
     /// The process-wide instance; its creation starts the worker thread.
     static std::shared_ptr<KestDetectorRt> Get();
@@ -67,7 +66,6 @@ private:
     void func();
     void run(const QList<ComponentTask> &plan);
     void runTask(const ComponentTask &task, RunOutcome *outcome, RunRecorder *recorder) const;
-    void waitForShell();
     bool recordIsWanted() const;
     bool stopping() const;
     static void tell(const RunOutcome &outcome);
