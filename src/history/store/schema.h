@@ -13,9 +13,8 @@
 // columns are cut to `longestText` characters, and a U+0000 in them is a U+FFFD. They are never null: what is not known
 // is an empty text.
 //
-//   run          One row a run. `id` is its key; `begin_ms` stands before it in the primary key, so that runs lie in
-//   the
-//                order of time. begin_ms, end_ms: milliseconds since 1970 UTC; offset_s: of the record's own clock from
+//   run          One row a run. `id` is its key; `begin_ms` stands before it in the primary key: runs lie in the order
+//                of time. begin_ms, end_ms: milliseconds since 1970 UTC; offset_s: of the record's own clock from
 //                UTC; day: "2026-11-21" by that clock; outcome: as in the record ("passed", "failed", "stopped",
 //                "error"); mac: in capital letters; failed_items: how many items failed or warned;
 //                first_finding: the key of the first item that failed, else of the first that warned.
@@ -28,9 +27,8 @@
 //   measurement  One row a measurement. number is null for a text, text is empty for a number; place: running number
 //                within the run; least, most: the limit of that run, null where there was none.
 //   camera       One row a MAC address (none for runs without one): how many runs, the last of them; and the cohort:
-//   where
-//                and when the first run that judged the camera (passed or failed) was made, and how the first and the
-//                last of these ended (1 passed, 0 failed, null none yet). First and last go by begin_ms.
+//                where and when the first run that judged the camera (passed or failed) was made, and how the first
+//                and the last of these ended (1 passed, 0 failed, null none yet). First and last go by begin_ms.
 //   tally        Sums over the runs of a day, station, batch and firmware. cameras, first_passed, final_passed count
 //                cameras where their first judged run was made: how many there are, how many passed in that run, and
 //                how many passed in their last one. Sums over any set of rows give yields: a camera is counted once.
