@@ -40,6 +40,7 @@ struct Table
     {
         QString name;
         bool isNumber = false; ///< aligned at the right
+        int wholeUpTo = 0;     ///< texts of up to so many characters (a Chinese one counts twice) are never broken
     };
     QVector<Column> columns;
     QVector<QStringList> rows; ///< each with a text for every column

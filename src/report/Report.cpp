@@ -121,6 +121,11 @@ QString distributionText(const Distribution &distribution)
         .arg(text, QString::number(distribution.below), QString::number(distribution.above));
 }
 
+QString minuteText(const QDateTime &time)
+{
+    return time.toString(QStringLiteral("yyyy-MM-dd HH:mm"));
+}
+
 /// "battery.info: battery.voltage 4.36 (3.6..4.35)", or the item's text where no limit tells more.
 QString findingText(const FindingRow &finding)
 {
@@ -134,12 +139,17 @@ QString findingText(const FindingRow &finding)
 
 Table failedTable(const QList<FailedCamera> &failed)
 {
-    Table table{{{ReportTexts::tr("Camera"), false},
-                 {ReportTexts::tr("Serial"), false},
-                 {ReportTexts::tr("Last run"), false},
-                 {ReportTexts::tr("Station"), false},
-                 {ReportTexts::tr("Batch"), false},
-                 {ReportTexts::tr("Firmware"), false},
+    // What is kept whole leaves room for the failure on a page of A4.
+    constexpr int macLength = 17;
+    constexpr int timeLength = 16;
+    constexpr int serialLength = 14;
+    constexpr int nameLength = 10;
+    Table table{{{ReportTexts::tr("Camera"), false, macLength},
+                 {ReportTexts::tr("Serial"), false, serialLength},
+                 {ReportTexts::tr("Last run"), false, timeLength},
+                 {ReportTexts::tr("Station"), false, nameLength},
+                 {ReportTexts::tr("Batch"), false, nameLength},
+                 {ReportTexts::tr("Firmware"), false, nameLength},
                  {ReportTexts::tr("Failure: value (limit)"), false}},
                 {}};
     for (const FailedCamera &camera : failed) {
@@ -150,8 +160,7 @@ Table failedTable(const QList<FailedCamera> &failed)
         if (findings.isEmpty()) {
             findings.append(camera.run.reason);
         }
-        table.rows.append({camera.run.mac, camera.run.serial,
-                           camera.run.begin.toString(QStringLiteral("yyyy-MM-dd HH:mm")), camera.run.station,
+        table.rows.append({camera.run.mac, camera.run.serial, minuteText(camera.run.begin), camera.run.station,
                            camera.run.batch, camera.run.firmware, findings.join(QLatin1Char('\n'))});
     }
     return table;
@@ -188,7 +197,7 @@ Page reportPage(const Report &report)
     page.parts = {
         Heading{ReportTexts::tr("Test report"), 1}, Paragraph{period},
         Paragraph{
-            ReportTexts::tr("From %1, made %2 by %3").arg(report.store, timeText(report.made), report.programName),
+            ReportTexts::tr("From %1, made %2 by %3").arg(report.store, minuteText(report.made), report.programName),
             true}};
     if (statistics.total.runs == 0) {
         page.parts.append(Paragraph{ReportTexts::tr("There are no runs in this period.")});

@@ -2,6 +2,7 @@
 #include "report/Page.h"
 #include "report/ReportTexts.h"
 
+#include <algorithm>
 #include <array>
 #include <QXmlStreamWriter>
 
@@ -26,6 +27,7 @@ th { text-align: left; background: #f0f2f5; }
 th, td { border-bottom: 1px solid #ddd; padding: 3px 6px; vertical-align: top; overflow-wrap: anywhere; }
 th.number, td.number { text-align: right; white-space: nowrap; overflow-wrap: normal; }
 td { white-space: pre-line; }
+th.whole, td.whole { white-space: nowrap; overflow-wrap: normal; }
 tr { break-inside: avoid; }
 figure { margin: 8px 0 12px; break-inside: avoid; }
 figure svg { max-width: 100%; height: auto; display: block; }
@@ -89,7 +91,7 @@ public:
         begin("thead");
         begin("tr");
         for (const Table::Column &column : table.columns) {
-            element("th", column.name, classOf(column));
+            element("th", column.name, classOf(column, column.name));
         }
         end();
         end();
@@ -97,7 +99,7 @@ public:
         for (const QStringList &row : table.rows) {
             begin("tr");
             for (int i = 0; i < table.columns.size(); ++i) {
-                element("td", row.value(i), classOf(table.columns.at(i)));
+                element("td", row.value(i), classOf(table.columns.at(i), row.value(i)));
             }
             end();
             m_xml.writeCharacters(QStringLiteral("\n"));
@@ -117,7 +119,20 @@ public:
     }
 
 private:
-    static const char *classOf(const Table::Column &column) { return column.isNumber ? "number" : nullptr; }
+    static const char *classOf(const Table::Column &column, const QString &text)
+    {
+        if (column.isNumber) {
+            return "number";
+        }
+        return column.wholeUpTo > 0 && fits(text, column.wholeUpTo) ? "whole" : nullptr;
+    }
+
+    static bool fits(const QString &text, int characters)
+    {
+        constexpr char16_t firstWide = 0x1100; // Hangul; the scripts below it are as wide as Latin or narrower
+        const auto wide = std::count_if(text.begin(), text.end(), [](QChar c) { return c.unicode() >= firstWide; });
+        return text.size() + wide <= characters && !text.contains(QLatin1Char('\n'));
+    }
 
     void begin(const char *name) { m_xml.writeStartElement(QLatin1String(name)); }
     void end() { m_xml.writeEndElement(); }

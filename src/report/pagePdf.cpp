@@ -116,6 +116,7 @@ private:
         format.setHeaderRowCount(headerRows);
         format.setCellPadding(2);
         format.setCellSpacing(0);
+        format.setBottomMargin(8);
         format.setBorder(0.5);
         format.setBorderBrush(Qt::lightGray);
         format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
