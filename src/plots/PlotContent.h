@@ -73,7 +73,7 @@ struct PlotContent
         Numbers,
         Names,   ///< places in `names`, each in the middle of its bars
         Days,    ///< as QDate::toJulianDay
-        Moments, ///< milliseconds since 1970
+        Moments, ///< as `momentNumber`
     };
 
     QString title;

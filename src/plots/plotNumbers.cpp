@@ -18,3 +18,13 @@ QString boundText(const std::optional<double> &bound)
 {
     return bound ? shortNumber(*bound) : QString();
 }
+
+double momentNumber(const QDateTime &moment)
+{
+    return static_cast<double>(QDateTime(moment.date(), moment.time(), Qt::UTC).toMSecsSinceEpoch());
+}
+
+QDateTime clockTime(double momentNumber)
+{
+    return QDateTime::fromMSecsSinceEpoch(qRound64(momentNumber), Qt::UTC);
+}

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <QDate>
-#include <QDateTime>
 
 namespace {
 constexpr double pageWidth = 680;
@@ -223,7 +222,7 @@ private:
             label(static_cast<double>(place),
                   m_content.scale == PlotContent::Scale::Days
                       ? QDate::fromJulianDay(place).toString(Qt::ISODate)
-                      : QDateTime::fromMSecsSinceEpoch(place).toString(QStringLiteral("MM-dd HH:mm")));
+                      : clockTime(static_cast<double>(place)).toString(QStringLiteral("MM-dd HH:mm")));
         }
     }
 

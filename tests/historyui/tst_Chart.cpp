@@ -78,6 +78,13 @@ QRect around(const QImage &image, const QColor &colour, int from = 0)
     return rect;
 }
 
+/// Whether a label of the scale, which is at most so wide, stands in the middle below that column.
+bool isLabelled(const QImage &image, int x, int width)
+{
+    constexpr int height = 30;
+    const QRect letters = around(image.copy(x - width / 2, image.height() - height, width, height), Qt::black);
+    return letters.width() > 30 && qAbs(letters.center().x() - width / 2) < 6;
+}
 } // namespace
 
 /// What a plot looks like, pixel by pixel.
@@ -95,6 +102,7 @@ private slots:
     void limitsAreDashedAndOtherMarksAreNot();
     void oneThingAloneHasNoKey();
     void everyDayHasALabel();
+    void momentsAreLabelledAtFullHours();
     void beginsWithTheWhole();
     void pointerTellsWhatItStandsOn();
 };
@@ -221,12 +229,27 @@ void tst_Chart::everyDayHasALabel()
     const QImage image = chart.picture(size);
     const QRect line = around(image, colourOfPlot(0));
     for (const int at : {line.left(), line.center().x(), line.right()}) {
-        constexpr QSize label(60, 30);
-        const QImage below =
-            image.copy(at - label.width() / 2, size.height() - label.height(), label.width(), label.height());
-        const QRect letters = around(below, Qt::black);
-        QVERIFY2(letters.width() > 30, qPrintable(QString::number(at)));
-        QVERIFY2(qAbs(letters.center().x() - label.width() / 2) < 6, qPrintable(QString::number(at)));
+        QVERIFY2(isLabelled(image, at, 60), qPrintable(QString::number(at)));
+    }
+}
+
+void tst_Chart::momentsAreLabelledAtFullHours()
+{
+    PlotContent content = contentOf({lineAt(1, 0)});
+    content.scale = PlotContent::Scale::Moments;
+    constexpr double first = 1795251600000; // 2026-11-21 09:00
+    constexpr double fourHours = 4 * 3600e3;
+    content.lines[0].points = {{first, 1, {}}, {first + fourHours, 1, {}}};
+    Chart chart;
+    chart.resize(size);
+    chart.setVisible(true);
+    QVERIFY(QTest::qWaitForWindowExposed(&chart));
+    chart.show(content);
+    const QImage image = chart.picture(size);
+    const QRect line = around(image, colourOfPlot(0));
+    for (int hour = 0; hour < 4; ++hour) {
+        const int at = line.left() + line.width() * hour / 4;
+        QVERIFY2(isLabelled(image, at, 96), qPrintable(QString::number(hour)));
     }
 }
 

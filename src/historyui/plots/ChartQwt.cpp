@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <cmath>
 #include <QDate>
-#include <QDateTime>
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <qwt_column_symbol.h>
+#include <qwt_date_scale_engine.h>
 #include <qwt_legend.h>
 #include <qwt_picker_machine.h>
 #include <qwt_plot.h>
@@ -69,7 +69,7 @@ public:
         case PlotContent::Scale::Days:
             return plain(QDate::fromJulianDay(qRound64(value)).toString(QStringLiteral("MM-dd\nyyyy")));
         case PlotContent::Scale::Moments:
-            return plain(QDateTime::fromMSecsSinceEpoch(qRound64(value)).toString(QStringLiteral("MM-dd HH:mm\nyyyy")));
+            return plain(clockTime(value).toString(QStringLiteral("MM-dd HH:mm\nyyyy")));
         case PlotContent::Scale::Numbers:
             break;
         }
@@ -188,6 +188,8 @@ void Chart::show(const PlotContent &content)
     plot.setAxisTitle(QwtPlot::yLeft, scaleTitle(content.upTitle, font()));
     plot.enableAxis(QwtPlot::yRight, !content.behindTitle.isEmpty());
     plot.setAxisTitle(QwtPlot::yRight, scaleTitle(content.behindTitle, font()));
+    const bool isTime = content.scale == PlotContent::Scale::Moments;
+    plot.setAxisScaleEngine(QwtPlot::xBottom, isTime ? new QwtDateScaleEngine(Qt::UTC) : new QwtLinearScaleEngine);
     plot.setAxisScaleDraw(QwtPlot::xBottom, new AcrossLabels(content));
     plot.setAxisScaleDraw(QwtPlot::yLeft, new UpLabels(content.isShare));
 

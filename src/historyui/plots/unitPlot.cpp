@@ -1,6 +1,7 @@
 #include "historyui/plots/unitPlot.h"
 
 #include "historyui/reader/runWords.h"
+#include "plots/plotNumbers.h"
 #include "plots/PlotTexts.h"
 
 #include <array>
@@ -28,7 +29,7 @@ PlotContent unitPlot(const QList<RunSummary> &runs)
         for (const RunSummary &run : runs) {
             if (run.outcome == row.outcome) {
                 line.points.append(
-                    {static_cast<double>(run.begin.toMSecsSinceEpoch()), static_cast<double>(run.failedItems),
+                    {momentNumber(run.begin), static_cast<double>(run.failedItems),
                      QStringLiteral("%1: %2 %3")
                          .arg(run.begin.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")), line.name, run.firstFinding)});
             }
