@@ -71,7 +71,7 @@ file(CHMOD ${CMAKE_BINARY_DIR}/tests/runtime PERMISSIONS OWNER_READ OWNER_WRITE 
 function(kest_register_test name)
     cmake_parse_arguments(arg "STATION;PORT_23;CAGE" "TIMEOUT;FOLDER" "COMMAND;ENVIRONMENT" ${ARGN})
     if(NOT arg_TIMEOUT)
-        set(arg_TIMEOUT 120)
+        set(arg_TIMEOUT 240) # a guard against a hang: the sanitizers make a minute two
     endif()
     if(NOT arg_FOLDER)
         set(arg_FOLDER ${CMAKE_CURRENT_BINARY_DIR})
