@@ -569,14 +569,15 @@ void tst_KestHistory::staysSoundWhenInterrupted()
     const auto storeSize = [this] { return QFileInfo(m_folder.filePath(QStringLiteral("cut.sqlite-wal"))).size(); };
     qint64 given = 0;
     bool isInterrupted = false;
-    while (program.state() == QProcess::Running && given < 100000) {
+    while (!program.waitForFinished(0) && given < 100000) {
         QByteArray lines;
         for (int i = 0; i < 500; ++i, ++given) {
             run.id = QUuid::createUuid();
             lines += toJson(run, JsonLayout::Line);
         }
         program.write(lines);
-        program.waitForBytesWritten();
+        while (program.bytesToWrite() > 0 && program.waitForBytesWritten()) { // each time a part
+        }
         constexpr qint64 aPieceIsIn = 500000;
         if (!isInterrupted && storeSize() > aPieceIsIn) {
             ::kill(static_cast<pid_t>(program.processId()), SIGINT);
