@@ -45,6 +45,19 @@ QImage pictureOf(const PlotContent &content)
     return chart.picture(size);
 }
 
+/// Likewise, with the labels for which the window has room; empty if it does not come.
+QImage windowOf(const PlotContent &content)
+{
+    Chart chart;
+    chart.resize(size);
+    chart.setVisible(true);
+    if (!QTest::qWaitForWindowExposed(&chart)) {
+        return {};
+    }
+    chart.show(content);
+    return chart.picture(size);
+}
+
 /// How much of that colour a pixel has been painted with, from 0 to 1. The grid does not count.
 double ink(QRgb pixel, const QColor &colour)
 {
@@ -221,12 +234,7 @@ void tst_Chart::everyDayHasALabel()
     content.scale = PlotContent::Scale::Days;
     constexpr double first = 2461365; // 2026-11-20
     content.lines[0].points = {{first, 1, {}}, {first + 1, 1, {}}, {first + 2, 1, {}}};
-    Chart chart;
-    chart.resize(size);
-    chart.setVisible(true);
-    QVERIFY(QTest::qWaitForWindowExposed(&chart));
-    chart.show(content);
-    const QImage image = chart.picture(size);
+    const QImage image = windowOf(content);
     const QRect line = around(image, colourOfPlot(0));
     for (const int at : {line.left(), line.center().x(), line.right()}) {
         QVERIFY2(isLabelled(image, at, 60), qPrintable(QString::number(at)));
@@ -240,12 +248,7 @@ void tst_Chart::momentsAreLabelledAtFullHours()
     constexpr double first = 1795251600000; // 2026-11-21 09:00
     constexpr double fourHours = 4 * 3600e3;
     content.lines[0].points = {{first, 1, {}}, {first + fourHours, 1, {}}};
-    Chart chart;
-    chart.resize(size);
-    chart.setVisible(true);
-    QVERIFY(QTest::qWaitForWindowExposed(&chart));
-    chart.show(content);
-    const QImage image = chart.picture(size);
+    const QImage image = windowOf(content);
     const QRect line = around(image, colourOfPlot(0));
     for (int hour = 0; hour < 4; ++hour) {
         const int at = line.left() + line.width() * hour / 4;
