@@ -22,7 +22,7 @@ void awaitShell(const std::function<bool()> &cutShort)
     KestDetectorFace *face = KestDetectorFace::Get();
     QElapsedTimer clock;
     clock.start();
-    while (isShellGone() && !cutShort()) {
+    while (isShellGone() && !face->closing() && !cutShort()) {
         if (clock.hasExpired(shellPatience.count())) {
             ShellState regaining = ShellState::Regaining;
             face->shellState.compare_exchange_strong(regaining, ShellState::None);
