@@ -24,6 +24,7 @@ void awaitShell(const std::function<bool()> &cutShort)
     clock.start();
     while (isShellGone() && !face->closing() && !cutShort()) {
         if (clock.hasExpired(shellPatience.count())) {
+            // From here on it counts as one that was never there; the supervisor tells when it is back.
             ShellState regaining = ShellState::Regaining;
             face->shellState.compare_exchange_strong(regaining, ShellState::None);
             break;
